@@ -1,0 +1,26 @@
+# What every target of ours is built with: warnings as errors, and the sanitizers that the preset asks for.
+add_library(lumbra_flags INTERFACE)
+target_compile_options(lumbra_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
+                                              -Wold-style-cast -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+target_compile_definitions(lumbra_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_FOREACH
+                                                  LUMBRA_VERSION="${PROJECT_VERSION}")
+if(LUMBRA_SANITIZE)
+  target_compile_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE} -fno-omit-frame-pointer
+                                                -fno-sanitize-recover=all)
+  target_link_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE})
+endif()
+
+# lumbra_room(NAME SOURCES file... LINKS target...): one room of the house, a library that links exactly what it may
+# lean on. A room of headers alone becomes an interface library.
+function(lumbra_room name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(lumbra_${name} STATIC ${ARG_SOURCES})
+    target_include_directories(lumbra_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(lumbra_${name} PUBLIC ${ARG_LINKS} PRIVATE lumbra_flags)
+  else()
+    add_library(lumbra_${name} INTERFACE)
+    target_include_directories(lumbra_${name} INTERFACE ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(lumbra_${name} INTERFACE ${ARG_LINKS})
+  endif()
+endfunction()

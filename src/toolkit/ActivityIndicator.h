@@ -1,0 +1,20 @@
+#pragma once
+
+#include "toolkit/Control.h"
+
+namespace lumbra {
+
+/// Turns while something is awaited.
+class ActivityIndicator final : public Control {
+public:
+    ActivityIndicator() : Control(Kind::ActivityIndicator) {}
+
+    bool isAnimating() const { return animating_; }
+    void startAnimating() { change(animating_, true); }
+    void stopAnimating() { change(animating_, false); }
+
+private:
+    bool animating_ = false;
+};
+
+} // namespace lumbra

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "toolkit/Signal.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace lumbra {
+
+/// A message with one button, whose only effect is to close it. Texts are UTF-8.
+struct Alert {
+    std::string title;
+    std::string message;
+    std::string button;
+};
+
+/// Shows one alert at a time; one that is asked for while another stands replaces it. Main thread only.
+class AlertPresenter {
+public:
+    const std::optional<Alert>& shown() const { return shown_; }
+
+    void present(Alert alert) {
+        shown_ = std::move(alert);
+        changed_.emit();
+    }
+    /// A hand presses the button of the alert on show. False where there is none.
+    bool dismissByUser() {
+        if (!shown_)
+            return false;
+        shown_.reset();
+        changed_.emit();
+        return true;
+    }
+
+    /// Calls `observer` each time an alert is asked for and each time one is dismissed.
+    Subscription onChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
+
+private:
+    std::optional<Alert> shown_;
+    Signal<> changed_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "toolkit/Control.h"
+
+#include <string>
+#include <utility>
+
+namespace lumbra {
+
+/// A button with a title (UTF-8).
+class Button final : public Control {
+public:
+    explicit Button(std::string title) : Control(Kind::Button), title_(std::move(title)) {}
+
+    const std::string& title() const { return title_; }
+
+    /// A hand presses the button: one press event. False, and nothing happens, while disabled.
+    bool pressByUser() {
+        if (!isEnabled())
+            return false;
+        pressed.send(*this);
+        return true;
+    }
+
+    TargetAction<Button> pressed;
+
+private:
+    std::string title_;
+};
+
+} // namespace lumbra

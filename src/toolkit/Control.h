@@ -1,0 +1,73 @@
+#pragma once
+
+#include "toolkit/Signal.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace lumbra {
+
+/// Something on a screen that a person can see and, for most kinds, move. Main thread only.
+///
+/// The program sets a control through its setters, which send no event. A front end moves it through the members
+/// that end in `ByUser`, which act as a hand would: they refuse a disabled control and send the control's event to
+/// its target. Observers hear of every visible change, whoever made it, and never of a change that shows nothing.
+class Control {
+public:
+    enum class Kind : std::uint8_t { Picker, Slider, Switch, Segmented, Label, ActivityIndicator, Button };
+
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Kind kind() const { return kind_; }
+
+    /// Whether a hand can move it.
+    bool isEnabled() const { return enabled_; }
+    void setEnabled(bool enabled) { change(enabled_, enabled); }
+
+    /// Calls `observer` after every visible change.
+    Subscription onChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
+
+protected:
+    explicit Control(Kind kind) : kind_(kind) {}
+
+    /// Sets `field` and tells the observers if that made a difference.
+    template <class T>
+    void change(T& field, const T& value) {
+        if (field == value)
+            return;
+        field = value;
+        changed_.emit();
+    }
+    void notifyChanged() { changed_.emit(); }
+
+private:
+    Kind kind_;
+    bool enabled_ = true;
+    Signal<> changed_;
+};
+
+/// Where a control's event goes: one method of one target, which the control does not keep alive.
+template <class Sender>
+class TargetAction {
+public:
+    template <class Target>
+    void set(std::weak_ptr<Target> target, void (Target::*method)(Sender&)) {
+        action_ = [target = std::move(target), method](Sender& sender) {
+            if (const auto alive = target.lock())
+                (alive.get()->*method)(sender);
+        };
+    }
+    void send(Sender& sender) const {
+        if (action_)
+            action_(sender);
+    }
+
+private:
+    std::function<void(Sender&)> action_;
+};
+
+} // namespace lumbra

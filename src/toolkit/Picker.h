@@ -1,0 +1,82 @@
+#pragma once
+
+#include "toolkit/Control.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumbra {
+
+class Picker;
+
+enum class Color : std::uint8_t { Black, White };
+
+/// "black" or "white".
+std::string_view nameOf(Color color);
+
+/// A text (UTF-8) and the colour it is drawn in.
+struct AttributedText {
+    std::string_view text;
+    Color color = Color::Black;
+};
+
+/// Tells a picker what its rows are.
+class PickerDataSource {
+public:
+    virtual int numberOfComponents(const Picker& picker) const { return static_cast<void>(picker), 1; }
+    virtual int numberOfRows(const Picker& picker) const = 0;
+    /// The text stays valid until the data source's rows change.
+    virtual std::string_view titleForRow(const Picker& picker, int row) const = 0;
+    virtual AttributedText attributedTitleForRow(const Picker& picker, int row) const = 0;
+
+protected:
+    ~PickerDataSource() = default;
+};
+
+/// Hears what a hand picks.
+class PickerDelegate {
+public:
+    virtual void didSelectRow(Picker& picker, int row) = 0;
+
+protected:
+    ~PickerDelegate() = default;
+};
+
+/// A wheel with one column of rows of which one is selected; -1 while it has no rows. It keeps neither its data source
+/// nor its delegate alive.
+class Picker final : public Control {
+public:
+    Picker() : Control(Kind::Picker) {}
+
+    const std::vector<std::string>& rows() const { return rows_; }
+    Color color() const { return color_; }
+    int selected() const { return selected_; }
+
+    /// Takes the rows from `dataSource` from now on, and at once.
+    void setDataSource(std::weak_ptr<PickerDataSource> dataSource);
+    void setDelegate(std::weak_ptr<PickerDelegate> delegate) { delegate_ = std::move(delegate); }
+
+    /// Asks the data source for all rows again. The selected row stays where it still exists, else the last one is
+    /// selected.
+    void reloadAllComponents();
+    /// Selects `row` without an event; a row that it does not have changes nothing.
+    void selectRow(int row);
+
+    /// A hand turns the wheel to `row`, also to the one that is selected: one event. False, and nothing happens, while
+    /// disabled or where there is no such row.
+    bool pickByUser(int row);
+
+private:
+    bool has(int row) const { return row >= 0 && row < static_cast<int>(rows_.size()); }
+
+    std::weak_ptr<PickerDataSource> dataSource_;
+    std::weak_ptr<PickerDelegate> delegate_;
+    std::vector<std::string> rows_;
+    int selected_ = -1;
+    Color color_ = Color::Black;
+};
+
+} // namespace lumbra

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "toolkit/Control.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lumbra {
+
+/// A row of segments of which one is selected.
+class SegmentedControl final : public Control {
+public:
+    SegmentedControl(std::vector<std::string> segments, int selected)
+        : Control(Kind::Segmented), segments_(std::move(segments)), selected_(selected) {}
+
+    const std::vector<std::string>& segments() const { return segments_; }
+    int selected() const { return selected_; }
+    void setSelected(int segment) {
+        if (has(segment))
+            change(selected_, segment);
+    }
+
+    /// A hand taps a segment: one value-changed event, none for the selected one. False, and nothing happens, while
+    /// disabled or where there is no such segment.
+    bool tapByUser(int segment) {
+        if (!isEnabled() || !has(segment))
+            return false;
+        if (segment != selected_) {
+            setSelected(segment);
+            valueChanged.send(*this);
+        }
+        return true;
+    }
+
+    TargetAction<SegmentedControl> valueChanged;
+
+private:
+    bool has(int segment) const { return segment >= 0 && segment < static_cast<int>(segments_.size()); }
+
+    std::vector<std::string> segments_;
+    int selected_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "toolkit/Control.h"
+
+namespace lumbra {
+
+/// An on/off switch.
+class Switch final : public Control {
+public:
+    explicit Switch(bool on) : Control(Kind::Switch), on_(on) {}
+
+    bool isOn() const { return on_; }
+    void setOn(bool on) { change(on_, on); }
+
+    /// A hand flips the switch: one value-changed event, none where it stands there already. False, and nothing
+    /// happens, while disabled.
+    bool flipByUser(bool on) {
+        if (!isEnabled())
+            return false;
+        if (on != on_) {
+            setOn(on);
+            valueChanged.send(*this);
+        }
+        return true;
+    }
+
+    TargetAction<Switch> valueChanged;
+
+private:
+    bool on_;
+};
+
+} // namespace lumbra
