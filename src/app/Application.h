@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/NetworkTabController.h"
+#include "platform/MainQueue.h"
+#include "platform/Reachability.h"
+#include "platform/SettingsStore.h"
+#include "platform/Streams.h"
+#include "platform/Worker.h"
+#include "toolkit/Alert.h"
+#include "toolkit/NotificationCenter.h"
+
+#include <memory>
+
+namespace lumbra {
+
+/// What the application runs on. Everything outlives the application.
+struct Platform {
+    MainQueue& queue;
+    Worker& worker;
+    StreamFactory& streams;
+    const Reachability& reachability;
+    SettingsStore& settings;
+};
+
+/// The whole application behind its controls, put together for any front end. Main thread only.
+///
+/// A front end calls `launch` once, then shows `tabs().selectedViewController()->view()` and the alert of `alerts()`,
+/// moves controls through their `...ByUser` members, and passes on the platform's events in the platform's order.
+class Application {
+public:
+    explicit Application(const Platform& platform);
+    ~Application();
+
+    /// Shapes the tabs, selects the start tab, shows its screen (which connects) and becomes active.
+    void launch();
+
+    // The platform's events. On becoming active the delegate acts first, then the screen on show is notified.
+    void resignActive();
+    void enterBackground();
+    void enterForeground();
+    void becomeActive();
+    /// The application is about to end; its settings are written.
+    void terminate();
+
+    /// The screen on show runs its connect step again, and nothing else.
+    void reconnect();
+
+    NetworkTabController& tabs() { return *tabs_; }
+    ServerConnection& link() { return *tabs_->serverConn(); }
+    AlertPresenter& alerts() { return alerts_; }
+    SettingsStore& settings() { return platform_.settings; }
+    MainQueue& queue() { return platform_.queue; }
+
+private:
+    Platform platform_;
+    NotificationCenter notifications_;
+    AlertPresenter alerts_;
+    std::shared_ptr<NetworkTabController> tabs_;
+    AppDelegate delegate_;
+};
+
+} // namespace lumbra

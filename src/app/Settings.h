@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace lumbra {
+
+// The keys of the six settings in the platform's store.
+inline constexpr std::string_view IP_ADDRESS_PREFERENCE = "ip_address_preference";
+inline constexpr std::string_view UNIT_NUMBER_PREFERENCE = "unit_number_preference";
+inline constexpr std::string_view POLLING_PREFERENCE = "polling_preference";
+inline constexpr std::string_view SERIAL_PORT_PREFERENCE = "serial_port_preference";
+inline constexpr std::string_view START_TAB_PREFERENCE = "start_tab_preference";
+inline constexpr std::string_view ADVANCED_MODE_PREFERENCE = "advanced_mode_preference";
+
+// The unit numbers that the application accepts.
+inline constexpr std::int64_t MIN_UNIT_NUMBER = 1;
+inline constexpr std::int64_t MAX_UNIT_NUMBER = 4;
+
+/// One entry of the settings screen.
+struct SettingEntry {
+    enum class Type : std::uint8_t { Text, Integer, Flag };
+    std::string_view key;
+    Type type;
+    std::string_view caption;
+};
+
+/// The settings screen's entries, from top to bottom.
+inline constexpr std::array<SettingEntry, 6> SETTINGS{{
+    {IP_ADDRESS_PREFERENCE, SettingEntry::Type::Text, "IP address"},
+    {UNIT_NUMBER_PREFERENCE, SettingEntry::Type::Integer, "Unit number"},
+    {POLLING_PREFERENCE, SettingEntry::Type::Flag, "State queries"},
+    {SERIAL_PORT_PREFERENCE, SettingEntry::Type::Flag, "Serial port"},
+    {START_TAB_PREFERENCE, SettingEntry::Type::Integer, "Start tab"},
+    {ADVANCED_MODE_PREFERENCE, SettingEntry::Type::Flag, "Advanced mode"},
+}};
+
+} // namespace lumbra

@@ -1,0 +1,86 @@
+#include "link/ScreenViewController.h"
+
+#include "protocol/Command.h"
+
+#include <span>
+#include <string>
+
+namespace lumbra {
+
+ScreenViewController::ScreenViewController(const ScreenContext& context, std::shared_ptr<View> view,
+                                           int queryNumber)
+    : ViewController(std::move(view)), context_(context), queryNumber_(queryNumber),
+      spinner_(this->view().outlet<ActivityIndicator>("spinner")) {}
+
+void ScreenViewController::viewDidLoad() {
+    serverConn_ = context_.owner.serverConn();
+}
+
+void ScreenViewController::viewWillAppear() {
+    connectServer();
+    context_.notifications.addObserver(shared(this), Notification::ApplicationDidBecomeActive,
+                                       &ScreenViewController::applicationDidBecomeActive);
+}
+
+void ScreenViewController::viewWillDisappear() {
+    context_.notifications.removeObserver(this);
+}
+
+void ScreenViewController::applicationDidBecomeActive() {
+    if (!context_.owner.appWasInBackground())
+        return;
+    context_.owner.updateFromPreferences();
+    connectServer();
+}
+
+void ScreenViewController::connectServer() {
+    const auto self = shared(this);
+    serverConn_->setDelegate(self);
+    if (serverConn_->isConnected()) {
+        poll();
+        return;
+    }
+    context_.worker.post([self, connection = serverConn_, attempt = serverConn_->nextOpenAttempt(),
+                          &queue = context_.queue]() mutable {
+        const bool started = connection->open(attempt);
+        // The screen and the connection belong to the main thread: their last references must not end here.
+        queue.post([self = std::move(self), connection = std::move(connection), started] {
+            if (!started)
+                self->displayConnectionError();
+        });
+    });
+}
+
+void ScreenViewController::serverConnected() {
+    if (send(announceSerial(serverConn_->serial)) == -1)
+        displayConnectionError();
+    poll();
+}
+
+void ScreenViewController::poll() {
+    if (!serverConn_->polling)
+        return;
+    spinner().startAnimating();
+    if (send(queryState(queryNumber_)) == -1) {
+        spinner().stopAnimating();
+        displayConnectionError();
+    }
+}
+
+void ScreenViewController::dataReceived(const ReceiveBuffer& buffer, std::size_t count) {
+    reports_.feed(std::span(buffer).first(count), [this](std::string_view report) { processCommand(report); });
+}
+
+void ScreenViewController::displayConnectionError() {
+    context_.queue.post([self = shared(this), message = "Failed to connect to IP address " +
+                                                        serverConn_->ip_address() + "."] {
+        self->context_.alerts.present({"Error", message, "OK"});
+    });
+}
+
+std::int64_t ScreenViewController::send(std::string_view body) {
+    const auto command = frameCommand(serverConn_->unit, body);
+    return serverConn_->sendData(std::span(reinterpret_cast<const std::uint8_t*>(command.data()), command.size()));
+}
+
+} // namespace lumbra

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "model/HideLists.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace lumbra {
+
+/// What is known of the unit's ten groups, and the group on show. Group n on the wire is index n - 1. Validates nothing:
+/// whoever writes has checked.
+class Groups {
+public:
+    static constexpr std::int64_t size = 10;
+    static constexpr std::int64_t min_volume = -80; ///< dB
+    static constexpr std::int64_t max_volume = 0;   ///< dB
+    template <class T>
+    using PerGroup = std::array<T, static_cast<std::size_t>(size)>;
+
+    PerGroup<bool> mute{};
+    PerGroup<std::string> name; ///< UTF-8
+    PerGroup<bool> power = filled<PerGroup<bool>>(true);
+    PerGroup<std::int64_t> source{};                                     ///< 0-based input
+    PerGroup<std::int64_t> volume = filled<PerGroup<std::int64_t>>(-40); ///< dB
+    std::int64_t current = 0;                                            ///< the group on show
+
+    Groups() { fillDefaultNames(name, "Group"); }
+};
+
+} // namespace lumbra
