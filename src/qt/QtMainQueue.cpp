@@ -1,0 +1,107 @@
+#include "qt/QtMainQueue.h"
+
+#include <QThread>
+
+#include <algorithm>
+#include <cassert>
+#include <cerrno>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+// Longer waits are made in pieces of this length: a QTimer counts in a 32-bit number of milliseconds.
+constexpr std::chrono::hours LONGEST_TIMER{24};
+// Delays are held to this, far inside what the clock can count to.
+constexpr std::chrono::hours LONGEST_DELAY{24 * 365 * 10};
+
+int createWakeDescriptor() {
+    const int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (descriptor == -1)
+        throw std::system_error(errno, std::generic_category(), "can't create the main queue");
+    return descriptor;
+}
+
+} // namespace
+
+QtMainQueue::QtMainQueue()
+    : wakeDescriptor_(createWakeDescriptor()), wakeNotifier_(wakeDescriptor_, QSocketNotifier::Read) {
+    QObject::connect(&wakeNotifier_, &QSocketNotifier::activated, &wakeNotifier_, [this] { runPosted(); });
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { runDue(); });
+}
+
+QtMainQueue::~QtMainQueue() {
+    wakeNotifier_.setEnabled(false);
+    ::close(wakeDescriptor_);
+}
+
+void QtMainQueue::post(Work work) {
+    {
+        const std::lock_guard lock(mutex_);
+        posted_.push_back(std::move(work));
+        if (std::exchange(wakeRequested_, true))
+            return;
+    }
+    // Can only fail with a full counter, and then the loop is awake already.
+    [[maybe_unused]] const int result = eventfd_write(wakeDescriptor_, 1);
+}
+
+void QtMainQueue::runPosted() {
+    eventfd_t counter = 0;
+    eventfd_read(wakeDescriptor_, &counter);
+
+    std::unique_lock lock(mutex_);
+    wakeRequested_ = false;
+    // One at a time, so that an event loop inside a piece of work goes on with the next piece and not a later
+    // one.
+    for (auto left = posted_.size(); left > 0 && !posted_.empty(); --left) {
+        auto work = std::move(posted_.front());
+        posted_.pop_front();
+        lock.unlock();
+        work();
+        work = nullptr;
+        lock.lock();
+    }
+}
+
+bool QtMainQueue::runsLater(const Delayed& a, const Delayed& b) {
+    return a.due != b.due ? a.due > b.due : a.sequence > b.sequence;
+}
+
+void QtMainQueue::postAfter(std::chrono::nanoseconds delay, Work work) {
+    assert(QThread::currentThread() == timer_.thread());
+    delay = std::clamp<std::chrono::nanoseconds>(delay, std::chrono::nanoseconds::zero(), LONGEST_DELAY);
+    delayed_.push_back({Clock::now() + delay, sequence_++, std::move(work)});
+    std::push_heap(delayed_.begin(), delayed_.end(), runsLater);
+    armTimer();
+}
+
+void QtMainQueue::runDue() {
+    const auto now = Clock::now();
+    const auto last = sequence_; // what a piece of work adds waits for the next turn
+    while (!delayed_.empty() && delayed_.front().due <= now && delayed_.front().sequence < last) {
+        std::pop_heap(delayed_.begin(), delayed_.end(), runsLater);
+        const auto work = std::move(delayed_.back().work);
+        delayed_.pop_back();
+        work();
+    }
+    armTimer();
+}
+
+void QtMainQueue::armTimer() {
+    if (delayed_.empty()) {
+        timer_.stop();
+        return;
+    }
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(delayed_.front().due - Clock::now());
+    timer_.start(
+        std::clamp<std::chrono::milliseconds>(wait, std::chrono::milliseconds::zero(), LONGEST_TIMER));
+}
+
+} // namespace lumbra

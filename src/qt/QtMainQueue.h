@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/MainQueue.h"
+
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <vector>
+
+namespace lumbra {
+
+/// The main queue on the event loop of the thread that creates it. Needs the application object.
+///
+/// Each turn runs what was posted before it began, so that work that posts more work leaves room for sockets
+/// and windows. Idle, it wakes nothing. Work that has not run when the queue is destroyed is dropped.
+class QtMainQueue final : public MainQueue {
+public:
+    QtMainQueue();
+    ~QtMainQueue() override;
+    QtMainQueue(const QtMainQueue&) = delete;
+    QtMainQueue& operator=(const QtMainQueue&) = delete;
+
+    void post(Work work) override;
+    /// Never runs `work` early. A delay below zero counts as zero.
+    void postAfter(std::chrono::nanoseconds delay, Work work) override;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Delayed {
+        Clock::time_point due;
+        std::uint64_t sequence;
+        Work work;
+    };
+    static bool runsLater(const Delayed& a, const Delayed& b);
+
+    void runPosted();
+    void runDue();
+    void armTimer();
+
+    // The hand-over between threads is all our own: a lock, and a descriptor that the event loop polls.
+    std::mutex mutex_;
+    std::deque<Work> posted_;
+    bool wakeRequested_ = false;
+    const int wakeDescriptor_;
+    QSocketNotifier wakeNotifier_;
+
+    std::vector<Delayed> delayed_; ///< a heap, the next one due first
+    std::uint64_t sequence_ = 0;
+    QTimer timer_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/MainQueue.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace lumbra {
+
+/// A main queue in virtual time: nothing runs and no time passes until the test says so. Any thread may post;
+/// the rest is for the test's own thread.
+class ManualQueue final : public MainQueue {
+public:
+    void post(Work work) override {
+        const std::lock_guard lock(mutex_);
+        posted_.push_back(std::move(work));
+    }
+
+    void postAfter(std::chrono::nanoseconds delay, Work work) override {
+        const auto due = now_ + std::max(delay, std::chrono::nanoseconds::zero());
+        // Behind everything that is due at the same time.
+        const auto place = std::upper_bound(delayed_.begin(), delayed_.end(), due,
+                                            [](auto time, const Delayed& other) { return time < other.due; });
+        delayed_.insert(place, {due, std::move(work)});
+    }
+
+    /// One turn of the loop: what was posted before it began. The number of pieces run.
+    std::size_t runTurn() {
+        std::deque<Work> turn;
+        {
+            const std::lock_guard lock(mutex_);
+            turn.swap(posted_);
+        }
+        for (auto& work : turn) {
+            work();
+            work = nullptr;
+        }
+        return turn.size();
+    }
+
+    /// Turns until nothing is posted; no time passes. The number of pieces run.
+    std::size_t runPosted() {
+        std::size_t count = 0;
+        while (const auto ran = runTurn())
+            count += ran;
+        return count;
+    }
+
+    /// Lets `duration` pass: runs what is posted, then all that is due until then, in order and each at its
+    /// own time, also what becomes due meanwhile; after each piece, what it posted.
+    void advance(std::chrono::nanoseconds duration) {
+        const auto end = now_ + duration;
+        runPosted();
+        while (!delayed_.empty() && delayed_.front().due <= end) {
+            now_ = delayed_.front().due;
+            const auto work = std::move(delayed_.front().work);
+            delayed_.erase(delayed_.begin());
+            work();
+            runPosted();
+        }
+        now_ = end;
+    }
+
+    /// The virtual time that has passed.
+    std::chrono::nanoseconds now() const { return now_; }
+    /// How many pieces of posted work wait.
+    std::size_t posted() const {
+        const std::lock_guard lock(mutex_);
+        return posted_.size();
+    }
+    /// How many pieces of delayed work wait.
+    std::size_t delayed() const { return delayed_.size(); }
+
+private:
+    struct Delayed {
+        std::chrono::nanoseconds due;
+        Work work;
+    };
+
+    mutable std::mutex mutex_;
+    std::deque<Work> posted_;
+    std::vector<Delayed> delayed_;
+    std::chrono::nanoseconds now_{};
+};
+
+} // namespace lumbra

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Worker.h"
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <utility>
+
+namespace lumbra {
+
+/// A worker that runs its work on the test's own thread, when told.
+class ManualWorker final : public Worker {
+public:
+    void post(std::function<void()> work) override { posted_.push_back(std::move(work)); }
+
+    /// Runs the oldest piece of work; false where none waits.
+    bool runOne() {
+        if (posted_.empty())
+            return false;
+        const auto work = std::move(posted_.front());
+        posted_.pop_front();
+        work();
+        return true;
+    }
+
+    /// Runs all work, also what is posted meanwhile. The number of pieces run.
+    std::size_t run() {
+        std::size_t count = 0;
+        while (runOne())
+            ++count;
+        return count;
+    }
+
+    /// How many pieces of work wait.
+    std::size_t posted() const { return posted_.size(); }
+
+private:
+    std::deque<std::function<void()>> posted_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,224 @@
+#pragma once
+
+#include "platform/Streams.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace lumbra {
+
+/// One pair of streams under a test's control. It outlives its streams, so that what became of them can be
+/// looked at.
+class ScriptedPair {
+public:
+    ScriptedPair(std::string toHost, std::uint16_t toPort) : host(std::move(toHost)), port(toPort) {}
+
+    const std::string host;
+    const std::uint16_t port;
+
+    /// Every call of both streams in order: "input.setDelegate", "input.open", "input.schedule",
+    /// "input.remove", "input.close", "input.clearDelegate", "input.destroy", and the same of "output".
+    std::vector<std::string> calls;
+
+    /// The bytes that wait to be read.
+    std::string incoming;
+    /// What the next reads return instead of bytes: 0 for the end, negative for an error.
+    std::deque<std::ptrdiff_t> readResults;
+
+    /// The bytes handed to each `write`, whatever it returned.
+    std::vector<std::string> writes;
+    /// The bytes that writes took, all in one.
+    std::string written;
+    /// What the next writes return: at most that many bytes are taken, -1 is an error. All bytes are taken
+    /// without.
+    std::deque<std::ptrdiff_t> writeResults;
+
+    /// Reports `event` on a direction; false, and nothing happens, where that direction is destroyed, not
+    /// scheduled or has no delegate.
+    bool fireInput(StreamEvent event) { return fire(input_, event); }
+    bool fireOutput(StreamEvent event) { return fire(output_, event); }
+
+    /// Connects: OpenCompleted on the input, then on the output.
+    void connect() {
+        fireInput(StreamEvent::OpenCompleted);
+        fireOutput(StreamEvent::OpenCompleted);
+    }
+
+    /// Lets `bytes` arrive and reports them in one event.
+    bool feed(std::string_view bytes) {
+        incoming += bytes;
+        return fireInput(StreamEvent::HasBytesAvailable);
+    }
+
+    /// How many of the two streams exist.
+    int live() const { return (input_.stream ? 1 : 0) + (output_.stream ? 1 : 0); }
+    /// How many of the two streams were opened and are neither closed nor destroyed: what keeps a socket.
+    int open() const { return (input_.open ? 1 : 0) + (output_.open ? 1 : 0); }
+    InputStream* input() const { return static_cast<InputStream*>(input_.stream); }
+    OutputStream* output() const { return static_cast<OutputStream*>(output_.stream); }
+
+    /// The two streams of `pair`.
+    static StreamPair streams(const std::shared_ptr<ScriptedPair>& pair);
+
+private:
+    struct Direction {
+        std::string name;
+        Stream* stream = nullptr;
+        StreamDelegate* delegate = nullptr;
+        bool scheduled = false;
+        bool open = false;
+    };
+
+    template <typename Interface>
+    class ScriptedStream : public Interface {
+    public:
+        ScriptedStream(std::shared_ptr<ScriptedPair> pair, Direction& direction)
+            : pair_(std::move(pair)), direction_(direction) {
+            direction_.stream = this;
+        }
+        ~ScriptedStream() override {
+            record("destroy");
+            direction_ = Direction{direction_.name};
+        }
+
+        void setDelegate(StreamDelegate* delegate) override {
+            record(delegate ? "setDelegate" : "clearDelegate");
+            direction_.delegate = delegate;
+        }
+        void open() override {
+            record("open");
+            direction_.open = true;
+        }
+        void scheduleOnMainQueue() override {
+            record("schedule");
+            direction_.scheduled = true;
+        }
+        void removeFromMainQueue() override {
+            record("remove");
+            direction_.scheduled = false;
+        }
+        void close() override {
+            record("close");
+            direction_.open = direction_.scheduled = false;
+        }
+
+    protected:
+        void record(const char* call) { pair_->calls.push_back(direction_.name + "." + call); }
+
+        // Keeps the pair alive, whose member the direction is.
+        const std::shared_ptr<ScriptedPair> pair_;
+        Direction& direction_;
+    };
+
+    class Input final : public ScriptedStream<InputStream> {
+    public:
+        using ScriptedStream::ScriptedStream;
+
+        bool hasBytesAvailable() const override {
+            return direction_.open && (!pair_->readResults.empty() || !pair_->incoming.empty());
+        }
+        std::ptrdiff_t read(std::span<std::uint8_t> buffer) override {
+            if (!pair_->readResults.empty()) {
+                const auto result = pair_->readResults.front();
+                pair_->readResults.pop_front();
+                return result;
+            }
+            const auto count = std::min(buffer.size(), pair_->incoming.size());
+            if (count > 0)
+                std::memcpy(buffer.data(), pair_->incoming.data(), count);
+            pair_->incoming.erase(0, count);
+            return static_cast<std::ptrdiff_t>(count);
+        }
+    };
+
+    class Output final : public ScriptedStream<OutputStream> {
+    public:
+        using ScriptedStream::ScriptedStream;
+
+        std::ptrdiff_t write(std::span<const std::uint8_t> bytes) override {
+            const std::string text(bytes.begin(), bytes.end());
+            pair_->writes.push_back(text);
+            auto result = static_cast<std::ptrdiff_t>(text.size());
+            if (!pair_->writeResults.empty()) {
+                result = std::min(result, pair_->writeResults.front());
+                pair_->writeResults.pop_front();
+            }
+            if (result > 0)
+                pair_->written += text.substr(0, static_cast<std::size_t>(result));
+            return result;
+        }
+    };
+
+    static bool fire(const Direction& direction, StreamEvent event) {
+        if (!direction.stream || !direction.scheduled || !direction.delegate)
+            return false;
+        direction.delegate->handleEvent(*direction.stream, event);
+        return true;
+    }
+
+    Direction input_{"input"};
+    Direction output_{"output"};
+};
+
+inline StreamPair ScriptedPair::streams(const std::shared_ptr<ScriptedPair>& pair) {
+    return {std::make_unique<Input>(pair, pair->input_), std::make_unique<Output>(pair, pair->output_)};
+}
+
+/// Creates scripted pairs and remembers them all. `createPair` on any thread, the rest on the test's own.
+class ScriptedStreamFactory final : public StreamFactory {
+public:
+    /// Directions that the next pairs lack, as on a platform that could not create them.
+    bool withoutInput = false;
+    bool withoutOutput = false;
+
+    StreamPair createPair(const std::string& host, std::uint16_t port) override {
+        const std::lock_guard lock(mutex_);
+        pairs_.push_back(std::make_shared<ScriptedPair>(host, port));
+        auto streams = ScriptedPair::streams(pairs_.back());
+        if (withoutInput)
+            streams.input.reset();
+        if (withoutOutput)
+            streams.output.reset();
+        return streams;
+    }
+
+    /// How many pairs were created so far.
+    std::size_t created() const {
+        const std::lock_guard lock(mutex_);
+        return pairs_.size();
+    }
+    /// The pair created at `position`, counted from 0.
+    ScriptedPair& pair(std::size_t position) {
+        const std::lock_guard lock(mutex_);
+        return *pairs_.at(position);
+    }
+    /// The pair created last.
+    ScriptedPair& last() {
+        const std::lock_guard lock(mutex_);
+        return *pairs_.at(pairs_.size() - 1);
+    }
+    /// How many streams of all pairs exist.
+    int liveStreams() const {
+        const std::lock_guard lock(mutex_);
+        int count = 0;
+        for (const auto& pair : pairs_)
+            count += pair->live();
+        return count;
+    }
+
+private:
+    mutable std::mutex mutex_;
+    std::vector<std::shared_ptr<ScriptedPair>> pairs_;
+};
+
+} // namespace lumbra
