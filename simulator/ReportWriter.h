@@ -1,0 +1,56 @@
+#pragma once
+
+#include "simulator/House.h"
+#include "simulator/UnitState.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace lumbra::sim {
+
+/// Puts a unit's state into reports, in the order in which a remote must hear them. Collects whole reports as
+/// they go over the wire, round brackets included.
+class ReportWriter {
+public:
+    /// `house` outlives the writer.
+    ReportWriter(int unit, const House& house) : unit_(unit), house_(house) {}
+
+    /// Each of these reports what differs between `told`, what clients were told last, and `now`. A volume
+    /// report also says "not muted", and a power-on report says that and moves the volume into the turn-on
+    /// range: so a volume follows a power-on, and "muted" follows a volume, wherever that is the truth.
+    void zones(const Setting& told, const Setting& now);
+    void outputs(const Setting& told, const Setting& now);
+    void groups(const Setting& told, const Setting& now);
+    void overrides(const std::array<int, OVERRIDES>& told, const std::array<int, OVERRIDES>& now);
+
+    /// What the installer decided. Limits come before the volumes that must respect them.
+    void assignments();
+    void inputs();
+    void zoneFacts();
+    void outputFacts();
+    void groupNames();
+    void sceneNames();
+
+    /// The mark that closes the answer to state query `query`.
+    void endOfAnswer(int query);
+
+    std::vector<std::string> take() { return std::move(reports_); }
+
+private:
+    template <typename Item>
+    void volumeAndMute(std::string_view family, int number, const Item& told, const Item& now, bool always);
+    void field(std::string_view family, int number, std::string_view code, int told, int now);
+    void value(std::string_view family, int number, std::string_view code, int value);
+    void name(std::string_view family, int number, const std::string& name);
+    void band(int output, int number, const Band& band);
+    void add(std::string_view text);
+
+    int unit_;
+    const House& house_;
+    std::vector<std::string> reports_;
+};
+
+} // namespace lumbra::sim

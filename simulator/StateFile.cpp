@@ -1,0 +1,225 @@
+#include "simulator/StateFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace lumbra::sim {
+
+namespace {
+
+constexpr int FORMAT = 1;
+
+// `exchange` visits a record's parts in order. The writer and the reader below are the two visitors, so that
+// what is written and what is read can't drift apart.
+template <typename Visitor>
+void exchange(Visitor& v, Zone& zone) {
+    v.number("volume", zone.volume, VOLUME);
+    v.number("mute", zone.mute, FLAG);
+    v.number("input", zone.input, INPUT);
+    v.number("loudness", zone.loudness, FLAG);
+    v.number("bass", zone.bass, TONE);
+    v.number("treble", zone.treble, TONE);
+}
+
+template <typename Visitor>
+void exchange(Visitor& v, Band& band) {
+    v.number("filter", band.filter, FILTER);
+    v.number("frequency", band.frequency, FREQUENCY);
+    v.number("gain", band.gain, GAIN);
+}
+
+template <typename Visitor>
+void exchange(Visitor& v, Output& output) {
+    v.number("power", output.power, FLAG);
+    v.number("volume", output.volume, VOLUME);
+    v.number("mute", output.mute, FLAG);
+    v.number("input", output.input, INPUT);
+    v.list("bands", output.bands);
+}
+
+template <typename Visitor>
+void exchange(Visitor& v, Group& group) {
+    v.number("power", group.power, FLAG);
+    v.number("volume", group.volume, VOLUME);
+    v.number("mute", group.mute, FLAG);
+    v.number("input", group.input, INPUT);
+}
+
+template <typename Visitor>
+void exchange(Visitor& v, Setting& setting) {
+    v.list("zones", setting.zones);
+    v.list("outputs", setting.outputs);
+    v.list("groups", setting.groups);
+}
+
+/// An override's state is a bare number in the memory, a record in the file.
+struct OverrideState {
+    int on;
+};
+
+template <typename Visitor>
+void exchange(Visitor& v, OverrideState& state) {
+    v.number("on", state.on, FLAG);
+}
+
+template <typename Visitor>
+void exchange(Visitor& v, Memory& memory) {
+    int format = FORMAT;
+    v.number("format", format, {FORMAT, FORMAT});
+    exchange(v, memory.setting);
+    std::array<OverrideState, OVERRIDES> overrides{};
+    for (std::size_t index = 0; index < overrides.size(); ++index)
+        overrides[index].on = memory.overrides[index];
+    v.list("overrides", overrides);
+    for (std::size_t index = 0; index < overrides.size(); ++index)
+        memory.overrides[index] = overrides[index].on;
+    v.list("scenes", memory.scenes);
+}
+
+class Writer {
+public:
+    void number(const char* key, int value, Range) { object_.insert(QLatin1String(key), value); }
+
+    template <typename Items>
+    void list(const char* key, Items& items) {
+        QJsonArray array;
+        for (auto& item : items) {
+            Writer writer;
+            exchange(writer, item);
+            array.append(writer.object_);
+        }
+        object_.insert(QLatin1String(key), array);
+    }
+
+    const QJsonObject& object() const { return object_; }
+
+private:
+    QJsonObject object_;
+};
+
+class Reader {
+public:
+    Reader(QJsonObject object, QString where, QString& error)
+        : object_(std::move(object)), where_(std::move(where)), error_(error) {}
+
+    void number(const char* key, int& value, Range range) {
+        const double number = object_.value(QLatin1String(key)).toDouble(std::nan(""));
+        if (!(number >= range.low && number <= range.high) || number != std::floor(number)) {
+            fail(QStringLiteral("%1%2 is not a whole number from %3 to %4")
+                     .arg(where_, QLatin1String(key))
+                     .arg(range.low)
+                     .arg(range.high));
+            return;
+        }
+        value = static_cast<int>(number);
+    }
+
+    template <typename Items>
+    void list(const char* key, Items& items) {
+        const QJsonArray array = object_.value(QLatin1String(key)).toArray();
+        if (array.size() != static_cast<qsizetype>(items.size())) {
+            fail(
+                QStringLiteral("%1%2 is not a list of %3").arg(where_, QLatin1String(key)).arg(items.size()));
+            return;
+        }
+        for (qsizetype index = 0; index < array.size(); ++index) {
+            Reader reader(array.at(index).toObject(),
+                          QStringLiteral("%1%2[%3].").arg(where_, QLatin1String(key)).arg(index), error_);
+            exchange(reader, items[static_cast<std::size_t>(index)]);
+        }
+    }
+
+private:
+    void fail(const QString& error) {
+        if (error_.isEmpty())
+            error_ = error;
+    }
+
+    QJsonObject object_;
+    QString where_;
+    QString& error_;
+};
+
+/// A name beside `path` that no file has.
+QString freeNameBeside(const QString& path) {
+    QString name = path + QStringLiteral(".bad");
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = path + QStringLiteral(".bad%1").arg(number);
+    return name;
+}
+
+} // namespace
+
+QByteArray toJson(const Memory& memory) {
+    Memory copy = memory;
+    Writer writer;
+    exchange(writer, copy);
+    return QJsonDocument(writer.object()).toJson();
+}
+
+std::optional<Memory> fromJson(const QByteArray& json, QString& error) {
+    QJsonParseError parsing{};
+    const QJsonDocument document = QJsonDocument::fromJson(json, &parsing);
+    if (!document.isObject()) {
+        error = parsing.error == QJsonParseError::NoError
+                    ? QStringLiteral("it holds no JSON object")
+                    : QStringLiteral("at byte %1, %2").arg(parsing.offset).arg(parsing.errorString());
+        return std::nullopt;
+    }
+    error.clear();
+    Memory memory;
+    Reader reader(document.object(), QString(), error);
+    exchange(reader, memory);
+    if (!error.isEmpty())
+        return std::nullopt;
+    return memory;
+}
+
+bool StateFile::load(Memory& memory, QString& message) const {
+    if (!QFileInfo::exists(path_))
+        return true;
+    QFile file(path_);
+    QString error;
+    if (!QFileInfo(path_).isFile())
+        error = QStringLiteral("it is no file");
+    else if (!file.open(QIODevice::ReadOnly))
+        error = file.errorString();
+    else if (file.size() > LONGEST)
+        error = QStringLiteral("it is too long for one");
+    else if (const auto read = fromJson(file.readAll(), error)) {
+        memory = *read;
+        return true;
+    }
+    file.close();
+    const QString aside = freeNameBeside(path_);
+    if (QFile::rename(path_, aside)) {
+        message = QStringLiteral(
+                      "The state file %1 can't be used: %2. It is kept as %3, and the unit starts afresh.")
+                      .arg(path_, error, aside);
+        return true;
+    }
+    message = QStringLiteral("The state file %1 can't be used: %2. It can't be set aside as %3 either.")
+                  .arg(path_, error, aside);
+    return false;
+}
+
+bool StateFile::save(const Memory& memory, QString& message) const {
+    QSaveFile file(path_);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(toJson(memory));
+        if (file.commit())
+            return true;
+    }
+    message = QStringLiteral("The state file %1 can't be written: %2.").arg(path_, file.errorString());
+    return false;
+}
+
+} // namespace lumbra::sim

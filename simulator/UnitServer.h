@@ -1,0 +1,79 @@
+#pragma once
+
+#include "simulator/ClientConnection.h"
+#include "simulator/Faults.h"
+#include "simulator/Unit.h"
+
+#include <QHostAddress>
+#include <QObject>
+#include <QTcpServer>
+#include <QTimer>
+
+#include <cstdint>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace lumbra::sim {
+
+/// A simulated unit on the network: serves any number of clients up to MAX_CLIENTS, tells all of them every
+/// change, and answers a state query to the client that asked. Runs on the event loop of the thread that owns
+/// it.
+class UnitServer : public QObject {
+    Q_OBJECT
+
+public:
+    /// A client beyond these is turned away.
+    static constexpr std::size_t MAX_CLIENTS = 64;
+
+    /// Commands received so far.
+    struct Statistics {
+        std::uint64_t carried_out = 0;
+        std::uint64_t refused = 0;   ///< malformed or out of range
+        std::uint64_t elsewhere = 0; ///< for another unit number
+    };
+
+    explicit UnitServer(Unit unit = Unit(), Faults faults = {}, QObject* parent = nullptr);
+
+    /// Starts to listen; port 0 lets the kernel choose. False when that fails: `errorString` says why.
+    bool listen(const QHostAddress& address = QHostAddress::LocalHost, quint16 port = 0);
+    quint16 port() const { return server_.serverPort(); }
+    QHostAddress address() const { return server_.serverAddress(); }
+    QString errorString() const { return server_.errorString(); }
+
+    const Unit& unit() const { return unit_; }
+    const Statistics& statistics() const { return statistics_; }
+    std::size_t clientCount() const { return clients_.size(); }
+
+    /// Has `sink` told, a line of printable ASCII each, of clients, commands and reports.
+    void setTrace(std::function<void(const std::string&)> sink) { trace_ = std::move(sink); }
+
+Q_SIGNALS:
+    /// A command was carried out that may have changed what the unit keeps.
+    void changed();
+
+private:
+    void accept();
+    void execute(ClientConnection& client, const CommandReader::Command& command);
+    void tell(const std::vector<ClientConnection*>& clients, const std::vector<std::string>& reports);
+    void remove(ClientConnection* client, const QString& reason);
+    void floodOnTime();
+    std::string someReports(std::size_t count);
+    std::string noise();
+    void trace(const std::string& who, const char* direction, const std::string& text) const;
+
+    Unit unit_;
+    const Faults faults_;
+    QTcpServer server_;
+    std::vector<ClientConnection*> clients_; // children
+    Statistics statistics_;
+    std::function<void(const std::string&)> trace_;
+    std::mt19937 random_;
+    QTimer floodTimer_;
+    QElapsedTimer floodClock_;
+    std::int64_t flooded_ = 0;
+    std::vector<std::string> floodReports_;
+};
+
+} // namespace lumbra::sim
