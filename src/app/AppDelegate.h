@@ -13,8 +13,8 @@ struct Window {
     std::shared_ptr<ViewController> rootViewController;
 };
 
-/// Receives the application's life: shapes the tabs by mode, selects the start tab, closes the connection when the
-/// application resigns active and keeps the tab controller's background flag. Main thread only.
+/// Receives the application's life: shapes the tabs by mode, selects the start tab, closes the connection
+/// when the application resigns active and keeps the tab controller's background flag. Main thread only.
 class AppDelegate {
 public:
     /// `settings` outlives the delegate.

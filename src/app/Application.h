@@ -25,8 +25,9 @@ struct Platform {
 
 /// The whole application behind its controls, put together for any front end. Main thread only.
 ///
-/// A front end calls `launch` once, then shows `tabs().selectedViewController()->view()` and the alert of `alerts()`,
-/// moves controls through their `...ByUser` members, and passes on the platform's events in the platform's order.
+/// A front end calls `launch` once, then shows `tabs().selectedViewController()->view()` and the alert of
+/// `alerts()`, moves controls through their `...ByUser` members, and passes on the platform's events in the
+/// platform's order.
 class Application {
 public:
     explicit Application(const Platform& platform);

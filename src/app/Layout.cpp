@@ -1,5 +1,6 @@
 #include "app/Layout.h"
 
+#include "screens/FrequencyScale.h"
 #include "toolkit/ActivityIndicator.h"
 #include "toolkit/Button.h"
 #include "toolkit/Label.h"
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <cmath>
 #include <span>
 #include <string>
 #include <utility>
@@ -23,8 +23,8 @@ namespace {
 
 using Kind = Control::Kind;
 
-/// One line of the layout, or several alike: a line with a count of n stands for n controls, whose names, and whose
-/// captions if they have one, end in 1 to n.
+/// One line of the layout, or several alike: a line with a count of n stands for n controls, whose names, and
+/// whose captions if they have one, end in 1 to n.
 struct Line {
     std::string_view name;
     std::string_view caption;
@@ -48,8 +48,13 @@ constexpr std::array FILTER_TYPES{"Bypass", "High-pass", "High shelf", "Low-pass
 constexpr Line picker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker};
 }
-constexpr Line slider(std::string_view name, std::string_view caption, float minimum, float maximum, float value) {
-    return {.name = name, .caption = caption, .kind = Kind::Slider, .minimum = minimum, .maximum = maximum,
+constexpr Line slider(std::string_view name, std::string_view caption, float minimum, float maximum,
+                      float value) {
+    return {.name = name,
+            .caption = caption,
+            .kind = Kind::Slider,
+            .minimum = minimum,
+            .maximum = maximum,
             .value = value};
 }
 constexpr Line onOff(std::string_view name, std::string_view caption, bool on) {
@@ -87,7 +92,6 @@ constexpr std::array ZONE{
     spinner(),
 };
 
-/// A frequency slider stands at 1000 × log10 of the frequency, single precision: 20 Hz to 20 kHz, at first 1 kHz.
 const std::array OUTPUT{
     picker("outputPicker", "Output"),
     picker("sourcePicker", "Input"),
@@ -96,8 +100,8 @@ const std::array OUTPUT{
     onOff("muteSwitch", "Mute", false),
     onOff("powerSwitch", "Power", true),
     times(7, {.name = "filterType", .caption = "Type", .kind = Kind::Segmented}),
-    times(7, disabled(slider("filterFreq", "Frequency", 1000.0F * std::log10(20.0F), 1000.0F * std::log10(20000.0F),
-                             3000))),
+    times(7,
+          disabled(slider("filterFreq", "Frequency", frequencyToSlider(20), frequencyToSlider(20000), 3000))),
     times(7, label("freqLabel", "1 kHz")),
     times(7, disabled(slider("filterGain", "Gain", -15, 15, 0))),
     times(7, label("gainLabel", "0 dB")),
@@ -127,10 +131,8 @@ constexpr std::array SCENE{
 };
 
 const std::array SCREENS{
-    Screen{"zone", "Zones", ZONE},
-    Screen{"output", "Outputs", OUTPUT},
-    Screen{"group", "Groups", GROUP},
-    Screen{"override", "Overrides", OVERRIDE},
+    Screen{"zone", "Zones", ZONE},    Screen{"output", "Outputs", OUTPUT},
+    Screen{"group", "Groups", GROUP}, Screen{"override", "Overrides", OVERRIDE},
     Screen{"scene", "Scenes", SCENE},
 };
 

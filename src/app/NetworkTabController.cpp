@@ -7,7 +7,8 @@
 
 namespace lumbra {
 
-NetworkTabController::NetworkTabController(std::shared_ptr<ServerConnection> connection, SettingsStore& settings)
+NetworkTabController::NetworkTabController(std::shared_ptr<ServerConnection> connection,
+                                           SettingsStore& settings)
     : serverConn_(std::move(connection)), settings_(settings) {
     NetworkTabController::updateFromPreferences();
     setDelegate(this);

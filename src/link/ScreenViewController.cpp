@@ -9,7 +9,9 @@ namespace lumbra {
 
 ScreenViewController::ScreenViewController(const ScreenContext& context, std::shared_ptr<View> view,
                                            int queryNumber)
-    : ViewController(std::move(view)), context_(context), queryNumber_(queryNumber),
+    : ViewController(std::move(view)),
+      context_(context),
+      queryNumber_(queryNumber),
       spinner_(this->view().outlet<ActivityIndicator>("spinner")) {}
 
 void ScreenViewController::viewDidLoad() {
@@ -68,19 +70,21 @@ void ScreenViewController::poll() {
 }
 
 void ScreenViewController::dataReceived(const ReceiveBuffer& buffer, std::size_t count) {
-    reports_.feed(std::span(buffer).first(count), [this](std::string_view report) { processCommand(report); });
+    reports_.feed(std::span(buffer).first(count),
+                  [this](std::string_view report) { processCommand(report); });
 }
 
 void ScreenViewController::displayConnectionError() {
-    context_.queue.post([self = shared(this), message = "Failed to connect to IP address " +
-                                                        serverConn_->ip_address() + "."] {
+    context_.queue.post([self = shared(this),
+                         message = "Failed to connect to IP address " + serverConn_->ip_address() + "."] {
         self->context_.alerts.present({"Error", message, "OK"});
     });
 }
 
 std::int64_t ScreenViewController::send(std::string_view body) {
     const auto command = frameCommand(serverConn_->unit, body);
-    return serverConn_->sendData(std::span(reinterpret_cast<const std::uint8_t*>(command.data()), command.size()));
+    return serverConn_->sendData(
+        std::span(reinterpret_cast<const std::uint8_t*>(command.data()), command.size()));
 }
 
 } // namespace lumbra

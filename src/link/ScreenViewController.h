@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <variant>
 
 namespace lumbra {
 
@@ -37,8 +38,8 @@ struct ScreenContext {
     LinkOwner& owner;
 };
 
-/// The cycle that every screen runs over the one connection: attach, connect, announce, query, receive, report a
-/// failure. A screen adds its query number, its controls and what its reports do. Main thread only.
+/// The cycle that every screen runs over the one connection: attach, connect, announce, query, receive,
+/// report a failure. A screen adds its query number, its controls and what its reports do. Main thread only.
 class ScreenViewController : public ViewController, public ServerConnectionDelegate {
 public:
     ScreenViewController(const ScreenContext& context, std::shared_ptr<View> view, int queryNumber);
@@ -50,7 +51,8 @@ public:
     /// The application has become active while this screen is on show.
     void applicationDidBecomeActive();
     void displayConnectionError() override;
-    /// Makes this screen the connection's delegate, then queries the unit if the link is open or else connects.
+    /// Makes this screen the connection's delegate, then queries the unit if the link is open or else
+    /// connects.
     void connectServer();
     void serverConnected() override;
     /// One state query, if queries are on; not a timer.
@@ -60,6 +62,14 @@ public:
 protected:
     /// The text of one report, without its parentheses, as the unit's bytes (ISO 8859-1).
     virtual void processCommand(std::string_view report) = 0;
+
+    /// Has `parser` read `report` and, where it is one from the configured unit, `handle` act on the typed
+    /// report.
+    template <class Parser, class Handle>
+    void dispatch(const Parser& parser, std::string_view report, Handle handle) {
+        if (const auto parsed = parser.parse(report); parsed && parsed->unit == serverConn_->unit)
+            std::visit(handle, parsed->report);
+    }
 
     /// Frames `body` for the unit and sends it: what `sendData` returned, which a control's command ignores.
     std::int64_t send(std::string_view body);

@@ -36,12 +36,12 @@ protected:
 /// What a person can be told about the link: no streams, streams that are not both open, both open.
 enum class LinkState : std::uint8_t { Closed, Opening, Open };
 
-/// The application's one link to the unit: a pair of TCP streams to `ip_address` on port 23, driven by the main loop.
-/// It knows nothing of what the bytes mean, never retries and has no timer.
+/// The application's one link to the unit: a pair of TCP streams to `ip_address` on port 23, driven by the
+/// main loop. It knows nothing of what the bytes mean, never retries and has no timer.
 ///
-/// Threads: the main thread, but for `open`, which a worker runs on an attempt that the main thread has drawn. `open`
-/// touches nothing of the connection that the main thread writes; it hands its pair over through the main queue, and
-/// the pair comes alive only there.
+/// Threads: the main thread, but for `open`, which a worker runs on an attempt that the main thread has
+/// drawn. `open` touches nothing of the connection that the main thread writes; it hands its pair over
+/// through the main queue, and the pair comes alive only there.
 class ServerConnection final : public StreamDelegate, public std::enable_shared_from_this<ServerConnection> {
 public:
     /// The TCP port of every unit.
@@ -68,24 +68,25 @@ public:
     /// True when the device has a usable network, whatever the address. Any thread.
     bool connectedToNetwork() const { return reachability_.isReachable(); }
 
-    /// One run of `open`: the address as it was when the attempt was drawn, and the attempt's place among all.
+    /// One run of `open`: the address as it was when the attempt was drawn, and the attempt's place among
+    /// all.
     struct OpenAttempt {
         std::uint64_t number;
         std::string address;
     };
     /// Draws the next attempt. Main thread.
     OpenAttempt nextOpenAttempt();
-    /// Creates the stream pair and hands it to the main thread, which starts it there unless the connection has been
-    /// closed or a later attempt's pair has taken its place since the attempt was drawn. False, and nothing changes,
-    /// without a network or where the pair can't be created. Any thread.
+    /// Creates the stream pair and hands it to the main thread, which starts it there unless the connection
+    /// has been closed or a later attempt's pair has taken its place since the attempt was drawn. False, and
+    /// nothing changes, without a network or where the pair can't be created. Any thread.
     bool open(const OpenAttempt& attempt);
 
     /// Both streams have reported that their open completed.
     bool isConnected() const { return isOpen_; }
     LinkState linkState() const;
 
-    /// Writes `bytes` with one call: the bytes that the network took, 0 while the output stream is not open, -1 on an
-    /// error. The rest of a short write is never sent.
+    /// Writes `bytes` with one call: the bytes that the network took, 0 while the output stream is not open,
+    /// -1 on an error. The rest of a short write is never sent.
     std::int64_t sendData(std::span<const std::uint8_t> bytes);
 
     /// Drops both streams and calls off every attempt drawn so far. The delegate is not told.
@@ -94,7 +95,9 @@ public:
     void handleEvent(Stream& stream, StreamEvent event) override;
 
     /// Calls `observer` whenever the link's state or the address has changed.
-    Subscription onLinkChange(std::function<void()> observer) { return linkChanged_.subscribe(std::move(observer)); }
+    Subscription onLinkChange(std::function<void()> observer) {
+        return linkChanged_.subscribe(std::move(observer));
+    }
 
 private:
     void adopt(std::uint64_t attempt, StreamPair pair);

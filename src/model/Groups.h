@@ -9,8 +9,8 @@
 
 namespace lumbra {
 
-/// What is known of the unit's ten groups, and the group on show. Group n on the wire is index n - 1. Validates nothing:
-/// whoever writes has checked.
+/// What is known of the unit's ten groups, and the group on show. Group n on the wire is index n - 1.
+/// Validates nothing: whoever writes has checked.
 class Groups {
 public:
     static constexpr std::int64_t size = 10;

@@ -29,7 +29,8 @@ protected:
         for (std::size_t item = 0; item < names.size(); ++item) {
             if (!isListed(item))
                 continue;
-            // Rows are overwritten in place: a report that changes one name need not allocate the others anew.
+            // Rows are overwritten in place: a report that changes one name need not allocate the others
+            // anew.
             if (rows == name_hide_str.size()) {
                 name_hide_str.emplace_back();
                 name_hide_ref.emplace_back();

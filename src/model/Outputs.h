@@ -9,8 +9,9 @@
 
 namespace lumbra {
 
-/// What is known of the unit's sixteen outputs and their equalisers, the rows of the output picker, and the output on
-/// show. Output n and band n on the wire are index n - 1. Validates nothing: whoever writes has checked.
+/// What is known of the unit's sixteen outputs and their equalisers, the rows of the output picker, and the
+/// output on show. Output n and band n on the wire are index n - 1. Validates nothing: whoever writes has
+/// checked.
 class Outputs : public HideLists {
 public:
     static constexpr std::int64_t size = 16;
@@ -32,11 +33,12 @@ public:
     using Bands = std::array<std::int64_t, static_cast<std::size_t>(bands)>;
 
     PerOutput<Bands> filter_freq = filled<PerOutput<Bands>>(filled<Bands>(1000)); ///< Hz, by output and band
-    PerOutput<Bands> filter_gain{};                                              ///< dB, by output and band
-    PerOutput<Bands> filter_type{};                                              ///< FILTER_*, by output and band
+    PerOutput<Bands> filter_gain{};                                               ///< dB, by output and band
+    PerOutput<Bands> filter_type{};          ///< FILTER_*, by output and band
     PerOutput<std::int64_t> max_to_volume{}; ///< highest volume when turned on, dB
     PerOutput<std::int64_t> max_volume{};    ///< highest volume at all, dB
-    PerOutput<std::int64_t> min_to_volume = filled<PerOutput<std::int64_t>>(-80); ///< lowest volume when turned on, dB
+    PerOutput<std::int64_t> min_to_volume =
+        filled<PerOutput<std::int64_t>>(-80); ///< lowest volume when turned on, dB
     PerOutput<bool> mute{};
     PerOutput<std::string> name; ///< UTF-8
     PerOutput<bool> power = filled<PerOutput<bool>>(true);

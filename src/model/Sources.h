@@ -9,8 +9,8 @@
 
 namespace lumbra {
 
-/// What is known of the unit's twenty inputs, and the rows of an input picker. Input n on the wire is index n - 1.
-/// Validates nothing: whoever writes has checked.
+/// What is known of the unit's twenty inputs, and the rows of an input picker. Input n on the wire is index n
+/// - 1. Validates nothing: whoever writes has checked.
 class Sources : public HideLists {
 public:
     static constexpr std::int64_t size = 20;

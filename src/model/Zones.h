@@ -9,13 +9,13 @@
 
 namespace lumbra {
 
-/// What is known of the unit's sixteen zones, the rows of the zone picker, and the zone on show. Zone n on the wire is
-/// index n - 1. Validates nothing: whoever writes has checked.
+/// What is known of the unit's sixteen zones, the rows of the zone picker, and the zone on show. Zone n on
+/// the wire is index n - 1. Validates nothing: whoever writes has checked.
 class Zones : public HideLists {
 public:
     static constexpr std::int64_t size = 16;
-    static constexpr std::int64_t min_volume = -80;         ///< dB
-    static constexpr std::int64_t max_possible_volume = 0;  ///< dB
+    static constexpr std::int64_t min_volume = -80;        ///< dB
+    static constexpr std::int64_t max_possible_volume = 0; ///< dB
     static constexpr std::int64_t min_bass = -15;
     static constexpr std::int64_t max_bass = 15;
     static constexpr std::int64_t min_treble = -15;
@@ -26,7 +26,7 @@ public:
     PerZone<std::int64_t> bass{};
     PerZone<bool> loudness{};
     PerZone<std::int64_t> max_volume{}; ///< the highest volume that the unit allows, dB
-    PerZone<bool> hasMembership{};      ///< an output has been reported as assigned to the zone; never taken back
+    PerZone<bool> hasMembership{}; ///< an output has been reported as assigned to the zone; never taken back
     PerZone<bool> mute{};
     PerZone<std::string> name;      ///< UTF-8
     PerZone<std::int64_t> source{}; ///< 0-based input

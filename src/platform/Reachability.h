@@ -7,7 +7,8 @@ class Reachability {
 public:
     virtual ~Reachability() = default;
 
-    /// True when there is a route that needs no connection to be established first. Sends nothing. Any thread.
+    /// True when there is a route that needs no connection to be established first. Sends nothing. Any
+    /// thread.
     virtual bool isReachable() const = 0;
 };
 

@@ -14,8 +14,8 @@ using SettingValue = std::variant<std::string, std::int64_t, bool>;
 /// The application's persistent key-value store. Main thread only.
 ///
 /// A typed getter converts what it finds where that has a plain meaning (a decimal text read as a number) and
-/// answers as for an absent key where it has none. A write is seen by every later read; it reaches the disk soon by
-/// itself, and before `flush` returns.
+/// answers as for an absent key where it has none. A write is seen by every later read; it reaches the disk
+/// soon by itself, and before `flush` returns.
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;

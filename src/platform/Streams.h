@@ -22,19 +22,20 @@ class Stream;
 /// Receives a stream's events. Not owned by the stream.
 class StreamDelegate {
 public:
-    /// One event of `stream`, on the main thread. The delegate may close and destroy the stream inside this call.
+    /// One event of `stream`, on the main thread. The delegate may close and destroy the stream inside this
+    /// call.
     virtual void handleEvent(Stream& stream, StreamEvent event) = 0;
 
 protected:
     ~StreamDelegate() = default;
 };
 
-/// One direction of a TCP connection. A pair is created on any thread; from the first call on, a stream belongs to
-/// the main thread.
+/// One direction of a TCP connection. A pair is created on any thread; from the first call on, a stream
+/// belongs to the main thread.
 ///
-/// Events of a pair: both directions report OpenCompleted once connected; a connect that is refused, fails or has
-/// not completed in 10 s is one ErrorOccurred for the pair; bytes that arrived before an end or an error are
-/// offered before it is reported. Nothing is reported inside `open` or `scheduleOnMainQueue`.
+/// Events of a pair: both directions report OpenCompleted once connected; a connect that is refused, fails or
+/// has not completed in 10 s is one ErrorOccurred for the pair; bytes that arrived before an end or an error
+/// are offered before it is reported. Nothing is reported inside `open` or `scheduleOnMainQueue`.
 class Stream {
 public:
     virtual ~Stream() = default;
@@ -63,8 +64,8 @@ public:
 /// The writing half of a pair.
 class OutputStream : public Stream {
 public:
-    /// Hands over what the network takes now, without blocking or queueing the rest: the count handed over, possibly
-    /// less than given or 0, or -1 on an error.
+    /// Hands over what the network takes now, without blocking or queueing the rest: the count handed over,
+    /// possibly less than given or 0, or -1 on an error.
     virtual std::ptrdiff_t write(std::span<const std::uint8_t> bytes) = 0;
 };
 

@@ -11,9 +11,10 @@ namespace lumbra {
 
 /// Something on a screen that a person can see and, for most kinds, move. Main thread only.
 ///
-/// The program sets a control through its setters, which send no event. A front end moves it through the members
-/// that end in `ByUser`, which act as a hand would: they refuse a disabled control and send the control's event to
-/// its target. Observers hear of every visible change, whoever made it, and never of a change that shows nothing.
+/// The program sets a control through its setters, which send no event. A front end moves it through the
+/// members that end in `ByUser`, which act as a hand would: they refuse a disabled control and send the
+/// control's event to its target. Observers hear of every visible change, whoever made it, and never of a
+/// change that shows nothing.
 class Control {
 public:
     enum class Kind : std::uint8_t { Picker, Slider, Switch, Segmented, Label, ActivityIndicator, Button };

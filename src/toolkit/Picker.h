@@ -45,8 +45,8 @@ protected:
     ~PickerDelegate() = default;
 };
 
-/// A wheel with one column of rows of which one is selected; -1 while it has no rows. It keeps neither its data source
-/// nor its delegate alive.
+/// A wheel with one column of rows of which one is selected; -1 while it has no rows. It keeps neither its
+/// data source nor its delegate alive.
 class Picker final : public Control {
 public:
     Picker() : Control(Kind::Picker) {}
@@ -59,14 +59,14 @@ public:
     void setDataSource(std::weak_ptr<PickerDataSource> dataSource);
     void setDelegate(std::weak_ptr<PickerDelegate> delegate) { delegate_ = std::move(delegate); }
 
-    /// Asks the data source for all rows again. The selected row stays where it still exists, else the last one is
-    /// selected.
+    /// Asks the data source for all rows again. The selected row stays where it still exists, else the last
+    /// one is selected.
     void reloadAllComponents();
     /// Selects `row` without an event; a row that it does not have changes nothing.
     void selectRow(int row);
 
-    /// A hand turns the wheel to `row`, also to the one that is selected: one event. False, and nothing happens, while
-    /// disabled or where there is no such row.
+    /// A hand turns the wheel to `row`, also to the one that is selected: one event. False, and nothing
+    /// happens, while disabled or where there is no such row.
     bool pickByUser(int row);
 
 private:

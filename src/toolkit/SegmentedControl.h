@@ -21,8 +21,8 @@ public:
             change(selected_, segment);
     }
 
-    /// A hand taps a segment: one value-changed event, none for the selected one. False, and nothing happens, while
-    /// disabled or where there is no such segment.
+    /// A hand taps a segment: one value-changed event, none for the selected one. False, and nothing happens,
+    /// while disabled or where there is no such segment.
     bool tapByUser(int segment) {
         if (!isEnabled() || !has(segment))
             return false;

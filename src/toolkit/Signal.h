@@ -28,8 +28,8 @@ private:
     std::function<void()> end_;
 };
 
-/// Tells any number of observers that something happened. One thread only. Emitting allocates nothing; observers may
-/// come and go while it runs, and one that comes is first told of the next emission.
+/// Tells any number of observers that something happened. One thread only. Emitting allocates nothing;
+/// observers may come and go while it runs, and one that comes is first told of the next emission.
 template <class... Args>
 class Signal {
 public:

@@ -17,8 +17,8 @@ public:
     float value() const { return value_; }
     void setValue(float value) { change(value_, held(value)); }
 
-    /// A hand moves the slider to `value`: one value-changed event, also where the value stays the same. False, and
-    /// nothing happens, while disabled.
+    /// A hand moves the slider to `value`: one value-changed event, also where the value stays the same.
+    /// False, and nothing happens, while disabled.
     bool slideByUser(float value) {
         if (!isEnabled())
             return false;

@@ -12,8 +12,8 @@ public:
     bool isOn() const { return on_; }
     void setOn(bool on) { change(on_, on); }
 
-    /// A hand flips the switch: one value-changed event, none where it stands there already. False, and nothing
-    /// happens, while disabled.
+    /// A hand flips the switch: one value-changed event, none where it stands there already. False, and
+    /// nothing happens, while disabled.
     bool flipByUser(bool on) {
         if (!isEnabled())
             return false;

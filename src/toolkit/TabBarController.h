@@ -23,9 +23,9 @@ protected:
 
 /// Holds screens as tabs and shows one of them. Main thread only.
 ///
-/// A screen that comes on show is loaded if it is not, then told that it will appear; the one it replaces is told that
-/// it will disappear and that it has, and the new one that it has appeared. While the tab controller itself is not on
-/// show, no screen is told anything.
+/// A screen that comes on show is loaded if it is not, then told that it will appear; the one it replaces is
+/// told that it will disappear and that it has, and the new one that it has appeared. While the tab
+/// controller itself is not on show, no screen is told anything.
 class TabBarController : public ViewController {
 public:
     TabBarController();
@@ -40,8 +40,8 @@ public:
     /// Selects a tab without telling the delegate. A position that does not exist changes nothing.
     void setSelectedIndex(int index);
 
-    /// A hand selects a tab; the delegate is told, also where that tab is on show already. False where there is no such
-    /// tab.
+    /// A hand selects a tab; the delegate is told, also where that tab is on show already. False where there
+    /// is no such tab.
     bool selectByUser(int index);
 
     /// Not kept alive.
@@ -50,9 +50,11 @@ public:
     Color tintColor() const { return tint_; }
     void setTintColor(Color color) { tint_ = color; }
 
-    /// Calls `observer` whenever the tabs or the screen on show have changed while this controller is on show, and when
-    /// it comes on show.
-    Subscription onScreenChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
+    /// Calls `observer` whenever the tabs or the screen on show have changed while this controller is on
+    /// show, and when it comes on show.
+    Subscription onScreenChange(std::function<void()> observer) {
+        return changed_.subscribe(std::move(observer));
+    }
 
     void viewWillAppear() override;
     void viewWillDisappear() override;

@@ -1,0 +1,43 @@
+#include "screens/GroupViewController.h"
+
+#include "screens/Texts.h"
+
+#include <utility>
+
+namespace lumbra {
+
+GroupViewController::GroupViewController(const ScreenContext& context, std::shared_ptr<View> view)
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, "groupPicker"),
+      powerSwitch_(this->view().outlet<Switch>("powerSwitch")) {}
+
+void GroupViewController::viewDidLoad() {
+    ItemViewController::viewDidLoad();
+    powerSwitch_->valueChanged.set(std::weak_ptr(shared(this)), &GroupViewController::powerSwitchChange);
+}
+
+void GroupViewController::powerSwitchChange(Switch& sender) {
+    send(setPower(itemKind(), group().current, sender.isOn()));
+}
+
+void GroupViewController::processCommand(std::string_view report) {
+    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+}
+
+std::string GroupViewController::volumeText(std::int64_t volume) const {
+    return percentOfVolume(volume);
+}
+
+void GroupViewController::showItem() {
+    ItemViewController::showItem();
+    powerSwitch_->setOn(ofCurrent(group().power));
+}
+
+void GroupViewController::handle(const reports::Power& report) {
+    if (!isItem(report.item))
+        return;
+    model().power[static_cast<std::size_t>(report.item)] = report.on;
+    if (isCurrent(report.item))
+        powerSwitch_->setOn(report.on);
+}
+
+} // namespace lumbra

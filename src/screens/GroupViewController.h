@@ -1,0 +1,36 @@
+#pragma once
+
+#include "model/Groups.h"
+#include "protocol/GroupMessages.h"
+#include "protocol/ReportParser.h"
+#include "screens/ItemViewController.h"
+
+namespace lumbra {
+
+/// The Group screen: one of the unit's groups with its input, volume, mute and power. Main thread only.
+class GroupViewController final : public ItemViewController<Groups> {
+public:
+    static constexpr int QUERY_NUMBER = 4;
+
+    GroupViewController(const ScreenContext& context, std::shared_ptr<View> view);
+
+    void viewDidLoad() override;
+    void powerSwitchChange(Switch& sender);
+
+    const Groups& group() const { return model(); }
+
+protected:
+    void processCommand(std::string_view report) override;
+    std::string volumeText(std::int64_t volume) const override;
+    std::int64_t maxVolume(std::size_t) const override { return Groups::max_volume; }
+    void showItem() override;
+
+private:
+    using ItemViewController::handle;
+    void handle(const reports::Power& report);
+
+    ReportParser<groups::Report> parser_{groups::reportPatterns()};
+    Outlet<Switch> powerSwitch_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,197 @@
+#include "screens/OutputViewController.h"
+
+#include "screens/FrequencyScale.h"
+#include "screens/Texts.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+/// The controls NAME1 ... NAME7.
+template <class Control>
+auto outletsOf(const View& view, const std::string& name) {
+    std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)> outlets;
+    for (std::size_t band = 0; band < outlets.size(); ++band)
+        outlets[band] = view.outlet<Control>(name + std::to_string(band + 1));
+    return outlets;
+}
+
+template <class Outlets, class Control>
+std::optional<std::size_t> bandOf(const Outlets& outlets, const Control& sender) {
+    const auto found =
+        std::find_if(outlets.begin(), outlets.end(), [&](const auto& outlet) { return outlet.is(sender); });
+    if (found == outlets.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - outlets.begin());
+}
+
+bool hasGain(std::int64_t type) {
+    return type == Outputs::FILTER_HIGHSHELF || type == Outputs::FILTER_LOWSHELF ||
+           type == Outputs::FILTER_PARAMETRIC;
+}
+
+} // namespace
+
+OutputViewController::OutputViewController(const ScreenContext& context, std::shared_ptr<View> view)
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output, "outputPicker"),
+      powerSwitch_(this->view().outlet<Switch>("powerSwitch")),
+      filterType_(outletsOf<SegmentedControl>(this->view(), "filterType")),
+      filterFreq_(outletsOf<Slider>(this->view(), "filterFreq")),
+      filterGain_(outletsOf<Slider>(this->view(), "filterGain")),
+      filterFreqLabel_(outletsOf<Label>(this->view(), "freqLabel")),
+      filterGainLabel_(outletsOf<Label>(this->view(), "gainLabel")) {}
+
+void OutputViewController::viewDidLoad() {
+    ItemViewController::viewDidLoad();
+    const std::weak_ptr self = shared(this);
+    powerSwitch_->valueChanged.set(self, &OutputViewController::powerSwitchChange);
+    for (std::size_t band = 0; band < filterType_.size(); ++band) {
+        filterType_[band]->valueChanged.set(self, &OutputViewController::filterTypeChange);
+        filterFreq_[band]->valueChanged.set(self, &OutputViewController::filterFreqChange);
+        filterGain_[band]->valueChanged.set(self, &OutputViewController::filterGainChange);
+    }
+}
+
+void OutputViewController::powerSwitchChange(Switch& sender) {
+    send(setPower(itemKind(), output().current, sender.isOn()));
+}
+
+void OutputViewController::filterTypeChange(SegmentedControl& sender) {
+    if (const auto band = bandOf(filterType_, sender)) {
+        ofCurrent(model().filter_type)[*band] = sender.selected();
+        sendFilterCommand(*band);
+    }
+}
+
+void OutputViewController::filterFreqChange(Slider& sender) {
+    if (const auto band = bandOf(filterFreq_, sender))
+        defer(filterFreq_[*band], [this, band = *band](float value) {
+            settle(sliderToFrequency(value), ofCurrent(model().filter_freq)[band],
+                   [&] { sendFilterCommand(band); });
+        });
+}
+
+void OutputViewController::filterGainChange(Slider& sender) {
+    if (const auto band = bandOf(filterGain_, sender))
+        defer(filterGain_[*band], [this, band = *band](float value) {
+            settle(truncated(value), ofCurrent(model().filter_gain)[band], [&] { sendFilterCommand(band); });
+        });
+}
+
+void OutputViewController::sendFilterCommand(std::size_t band) {
+    send(outputs::setBand(output().current, static_cast<std::int64_t>(band),
+                          ofCurrent(output().filter_type)[band], ofCurrent(output().filter_gain)[band],
+                          ofCurrent(output().filter_freq)[band]));
+}
+
+void OutputViewController::processCommand(std::string_view report) {
+    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+}
+
+std::string OutputViewController::volumeText(std::int64_t volume) const {
+    return decibels(volume);
+}
+
+void OutputViewController::showItem() {
+    ItemViewController::showItem();
+    powerSwitch_->setOn(ofCurrent(output().power));
+    for (std::size_t band = 0; band < filterType_.size(); ++band) {
+        const auto gain = ofCurrent(output().filter_gain)[band];
+        filterGain_[band]->setValue(static_cast<float>(gain));
+        filterGainLabel_[band]->setText(decibels(gain));
+        showFrequency(band);
+        showType(band);
+    }
+}
+
+void OutputViewController::showType(std::size_t band) {
+    const auto type = ofCurrent(output().filter_type)[band];
+    filterType_[band]->setSelected(static_cast<int>(type));
+    filterFreq_[band]->setEnabled(type != Outputs::FILTER_BYPASS);
+    filterGain_[band]->setEnabled(hasGain(type));
+}
+
+void OutputViewController::showFrequency(std::size_t band) {
+    const auto frequency = ofCurrent(output().filter_freq)[band];
+    filterFreq_[band]->setValue(frequencyToSlider(frequency));
+    filterFreqLabel_[band]->setText(hertz(frequency));
+}
+
+void OutputViewController::handle(const reports::Power& report) {
+    if (!isItem(report.item))
+        return;
+    const auto item = static_cast<std::size_t>(report.item);
+    auto& outputs = model();
+    outputs.power[item] = report.on;
+    if (report.on) {
+        outputs.mute[item] = false;
+        outputs.volume[item] = std::max(outputs.volume[item], outputs.min_to_volume[item]);
+        outputs.volume[item] = std::min(outputs.volume[item], outputs.max_to_volume[item]);
+    }
+    if (!isCurrent(report.item))
+        return;
+    powerSwitch_->setOn(report.on);
+    muteSwitch().setEnabled(report.on);
+    if (report.on) {
+        muteSwitch().setOn(false);
+        showVolume();
+    }
+}
+
+void OutputViewController::handle(const outputs::Band& report) {
+    if (!isItem(report.item))
+        return;
+    if (report.frequency && (*report.frequency < 1 || *report.frequency > Outputs::FREQ_MAX))
+        return;
+    if (report.gain && (*report.gain < Outputs::GAIN_MIN || *report.gain > Outputs::GAIN_MAX))
+        return;
+    const auto item = static_cast<std::size_t>(report.item);
+    const auto band = static_cast<std::size_t>(report.band);
+    model().filter_type[item][band] = report.type;
+    if (report.frequency)
+        model().filter_freq[item][band] = *report.frequency;
+    if (report.gain)
+        model().filter_gain[item][band] = *report.gain;
+    if (!isCurrent(report.item))
+        return;
+    showType(band);
+    if (report.frequency) {
+        showFrequency(band);
+        filterGainLabel_[band]->setText(report.gain ? decibels(*report.gain) : "Gain");
+    }
+    if (report.gain)
+        filterGain_[band]->setValue(static_cast<float>(*report.gain));
+}
+
+bool OutputViewController::isLimit(int item, int level) const {
+    return isItem(item) && level >= Outputs::min_volume && level <= maxVolume(static_cast<std::size_t>(item));
+}
+
+void OutputViewController::handle(const reports::MaxVolume& report) {
+    if (isLimit(report.item, report.level))
+        model().max_volume[static_cast<std::size_t>(report.item)] = report.level;
+}
+
+void OutputViewController::handle(const outputs::MaxTurnOnVolume& report) {
+    if (isLimit(report.item, report.level))
+        model().max_to_volume[static_cast<std::size_t>(report.item)] = report.level;
+}
+
+void OutputViewController::handle(const outputs::MinTurnOnVolume& report) {
+    if (isLimit(report.item, report.level))
+        model().min_to_volume[static_cast<std::size_t>(report.item)] = report.level;
+}
+
+void OutputViewController::handle(const outputs::Stereo& report) {
+    if (!isItem(report.item))
+        return;
+    model().stereo[static_cast<std::size_t>(report.item)] = report.on;
+    itemsChanged();
+}
+
+} // namespace lumbra

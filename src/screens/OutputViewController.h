@@ -1,0 +1,65 @@
+#pragma once
+
+#include "model/Outputs.h"
+#include "protocol/OutputMessages.h"
+#include "protocol/ReportParser.h"
+#include "screens/ItemViewController.h"
+#include "toolkit/SegmentedControl.h"
+
+#include <array>
+
+namespace lumbra {
+
+/// The Output screen: one of the unit's outputs with its input, volume, mute, power and seven-band equaliser.
+/// Main thread only.
+class OutputViewController final : public ItemViewController<Outputs> {
+public:
+    static constexpr int QUERY_NUMBER = 1;
+
+    OutputViewController(const ScreenContext& context, std::shared_ptr<View> view);
+
+    void viewDidLoad() override;
+    void powerSwitchChange(Switch& sender);
+    // The band is found by the control that sends; a sender of no band is ignored.
+    void filterTypeChange(SegmentedControl& sender);
+    void filterFreqChange(Slider& sender);
+    void filterGainChange(Slider& sender);
+
+    const Outputs& output() const { return model(); }
+
+protected:
+    void processCommand(std::string_view report) override;
+    std::string volumeText(std::int64_t volume) const override;
+    std::int64_t maxVolume(std::size_t item) const override { return output().max_volume[item]; }
+    void showItem() override;
+
+private:
+    using ItemViewController::handle;
+    void handle(const reports::Power& report);
+    void handle(const outputs::Band& report);
+    void handle(const reports::MaxVolume& report);
+    void handle(const outputs::MaxTurnOnVolume& report);
+    void handle(const outputs::MinTurnOnVolume& report);
+    void handle(const outputs::Stereo& report);
+
+    /// True when the report is about an output and its level may be a limit of it.
+    bool isLimit(int item, int level) const;
+    /// The type control, and which of the two sliders a hand can move.
+    void showType(std::size_t band);
+    void showFrequency(std::size_t band);
+    /// Sends the whole setting of the band of the output on show, as the model holds it.
+    void sendFilterCommand(std::size_t band);
+
+    template <class Control>
+    using PerBand = std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)>;
+
+    ReportParser<outputs::Report> parser_{outputs::reportPatterns()};
+    Outlet<Switch> powerSwitch_;
+    PerBand<SegmentedControl> filterType_;
+    PerBand<Slider> filterFreq_;
+    PerBand<Slider> filterGain_;
+    PerBand<Label> filterFreqLabel_;
+    PerBand<Label> filterGainLabel_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "link/ScreenViewController.h"
+#include "protocol/OverrideMessages.h"
+#include "protocol/ReportParser.h"
+#include "toolkit/Switch.h"
+
+#include <array>
+
+namespace lumbra {
+
+/// The Override screen: ten switches, whose positions are the only record of the overrides. Main thread only.
+class OverrideViewController final : public ScreenViewController {
+public:
+    static constexpr int QUERY_NUMBER = 3;
+
+    OverrideViewController(const ScreenContext& context, std::shared_ptr<View> view);
+
+    void viewDidLoad() override;
+    void ovrSwitchChange(Switch& sender);
+
+protected:
+    void processCommand(std::string_view report) override;
+
+private:
+    void handle(const overrides::State& report);
+    void handle(const reports::EndOfState& report);
+
+    ReportParser<overrides::Report> parser_{overrides::reportPatterns()};
+    std::array<Outlet<Switch>, 10> ovrSwitch_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "link/ScreenViewController.h"
+#include "protocol/ReportParser.h"
+#include "protocol/SceneMessages.h"
+#include "toolkit/Button.h"
+#include "toolkit/Picker.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace lumbra {
+
+/// The Scene screen: picks one of ten scenes and recalls it or stores the unit's present setting into it.
+/// Main thread only.
+class SceneViewController final : public ScreenViewController,
+                                  public PickerDataSource,
+                                  public PickerDelegate {
+public:
+    static constexpr int QUERY_NUMBER = 2;
+
+    SceneViewController(const ScreenContext& context, std::shared_ptr<View> view);
+
+    void viewDidLoad() override;
+
+    int numberOfRows(const Picker& picker) const override;
+    std::string_view titleForRow(const Picker& picker, int row) const override;
+    AttributedText attributedTitleForRow(const Picker& picker, int row) const override;
+    void didSelectRow(Picker& picker, int row) override;
+
+    void loadScenePress(Button& sender);
+    void saveScenePress(Button& sender);
+
+protected:
+    void processCommand(std::string_view report) override;
+
+private:
+    void handle(const reports::ItemName& report);
+    void handle(const reports::EndOfState& report);
+
+    ReportParser<scenes::Report> parser_{scenes::reportPatterns()};
+    Outlet<Picker> scenePicker_;
+    Outlet<Button> loadSceneButton_;
+    Outlet<Button> saveSceneButton_;
+    std::vector<std::string> scenePickerData_; ///< ten titles from loading on
+    std::int64_t current_scene_ = 0;
+};
+
+} // namespace lumbra

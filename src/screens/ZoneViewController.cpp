@@ -1,0 +1,106 @@
+#include "screens/ZoneViewController.h"
+
+#include "model/Outputs.h"
+#include "screens/Texts.h"
+
+#include <utility>
+
+namespace lumbra {
+
+ZoneViewController::ZoneViewController(const ScreenContext& context, std::shared_ptr<View> view)
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Zone, "zonePicker"),
+      loudnessSwitch_(this->view().outlet<Switch>("loudnessSwitch")),
+      bassSlider_(this->view().outlet<Slider>("bassSlider")),
+      trebleSlider_(this->view().outlet<Slider>("trebleSlider")),
+      bassLabel_(this->view().outlet<Label>("bassLabel")),
+      trebleLabel_(this->view().outlet<Label>("trebleLabel")) {}
+
+void ZoneViewController::viewDidLoad() {
+    ItemViewController::viewDidLoad();
+    const std::weak_ptr self = shared(this);
+    bassSlider_->valueChanged.set(self, &ZoneViewController::bassSliderChange);
+    trebleSlider_->valueChanged.set(self, &ZoneViewController::trebleSliderChange);
+    loudnessSwitch_->valueChanged.set(self, &ZoneViewController::loudnessSwitchChange);
+}
+
+void ZoneViewController::bassSliderChange(Slider&) {
+    defer(bassSlider_, [this](float value) {
+        settle(truncated(value), ofCurrent(model().bass),
+               [&] { send(zones::setBass(zone().current, ofCurrent(zone().bass))); });
+    });
+}
+
+void ZoneViewController::trebleSliderChange(Slider&) {
+    defer(trebleSlider_, [this](float value) {
+        settle(truncated(value), ofCurrent(model().treble),
+               [&] { send(zones::setTreble(zone().current, ofCurrent(zone().treble))); });
+    });
+}
+
+void ZoneViewController::loudnessSwitchChange(Switch& sender) {
+    send(zones::setLoudness(zone().current, sender.isOn()));
+}
+
+void ZoneViewController::processCommand(std::string_view report) {
+    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+}
+
+std::string ZoneViewController::volumeText(std::int64_t volume) const {
+    return percentOfVolume(volume);
+}
+
+void ZoneViewController::showItem() {
+    ItemViewController::showItem();
+    loudnessSwitch_->setOn(ofCurrent(zone().loudness));
+    showBass();
+    showTreble();
+}
+
+void ZoneViewController::showBass() {
+    bassSlider_->setValue(static_cast<float>(ofCurrent(zone().bass)));
+    bassLabel_->setText(percentOfTone(ofCurrent(zone().bass)));
+}
+
+void ZoneViewController::showTreble() {
+    trebleSlider_->setValue(static_cast<float>(ofCurrent(zone().treble)));
+    trebleLabel_->setText(percentOfTone(ofCurrent(zone().treble)));
+}
+
+void ZoneViewController::handle(const reports::MaxVolume& report) {
+    if (isItem(report.item) && report.level >= Zones::min_volume &&
+        report.level <= Zones::max_possible_volume)
+        model().max_volume[static_cast<std::size_t>(report.item)] = report.level;
+}
+
+void ZoneViewController::handle(const zones::Loudness& report) {
+    if (!isItem(report.item))
+        return;
+    model().loudness[static_cast<std::size_t>(report.item)] = report.on;
+    if (isCurrent(report.item))
+        loudnessSwitch_->setOn(report.on);
+}
+
+void ZoneViewController::handle(const zones::Bass& report) {
+    if (!isItem(report.item) || report.level < Zones::min_bass || report.level > Zones::max_bass)
+        return;
+    model().bass[static_cast<std::size_t>(report.item)] = report.level;
+    if (isCurrent(report.item))
+        showBass();
+}
+
+void ZoneViewController::handle(const zones::Treble& report) {
+    if (!isItem(report.item) || report.level < Zones::min_treble || report.level > Zones::max_treble)
+        return;
+    model().treble[static_cast<std::size_t>(report.item)] = report.level;
+    if (isCurrent(report.item))
+        showTreble();
+}
+
+void ZoneViewController::handle(const zones::OutputAssignment& report) {
+    if (!isItem(report.item) || report.output < 0 || report.output >= Outputs::size)
+        return;
+    model().hasMembership[static_cast<std::size_t>(report.item)] = true;
+    itemsChanged();
+}
+
+} // namespace lumbra

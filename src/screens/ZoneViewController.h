@@ -1,0 +1,50 @@
+#pragma once
+
+#include "model/Zones.h"
+#include "protocol/ReportParser.h"
+#include "protocol/ZoneMessages.h"
+#include "screens/ItemViewController.h"
+
+namespace lumbra {
+
+/// The Zone screen: one of the unit's zones with its input, volume, mute, loudness, bass and treble. Main
+/// thread only.
+class ZoneViewController final : public ItemViewController<Zones> {
+public:
+    static constexpr int QUERY_NUMBER = 0;
+
+    ZoneViewController(const ScreenContext& context, std::shared_ptr<View> view);
+
+    void viewDidLoad() override;
+    void bassSliderChange(Slider& sender);
+    void trebleSliderChange(Slider& sender);
+    void loudnessSwitchChange(Switch& sender);
+
+    const Zones& zone() const { return model(); }
+
+protected:
+    void processCommand(std::string_view report) override;
+    std::string volumeText(std::int64_t volume) const override;
+    std::int64_t maxVolume(std::size_t item) const override { return zone().max_volume[item]; }
+    void showItem() override;
+
+private:
+    using ItemViewController::handle;
+    void handle(const reports::MaxVolume& report);
+    void handle(const zones::Loudness& report);
+    void handle(const zones::Bass& report);
+    void handle(const zones::Treble& report);
+    void handle(const zones::OutputAssignment& report);
+
+    void showBass();
+    void showTreble();
+
+    ReportParser<zones::Report> parser_{zones::reportPatterns()};
+    Outlet<Switch> loudnessSwitch_;
+    Outlet<Slider> bassSlider_;
+    Outlet<Slider> trebleSlider_;
+    Outlet<Label> bassLabel_;
+    Outlet<Label> trebleLabel_;
+};
+
+} // namespace lumbra
