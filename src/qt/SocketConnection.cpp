@@ -1,0 +1,339 @@
+#include "qt/SocketConnection.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+// A unit that vanished without a word is noticed within about half a minute, idle or not: an idle connection
+// is probed after KEEPALIVE_IDLE, and neither a probe nor a command may stay unacknowledged for longer than
+// UNACKNOWLEDGED_LIMIT.
+constexpr int KEEPALIVE_IDLE = 15;               // s
+constexpr int KEEPALIVE_INTERVAL = 5;            // s
+constexpr int KEEPALIVE_PROBES = 3;              //
+constexpr unsigned UNACKNOWLEDGED_LIMIT = 30000; // ms
+
+// Bytes that nobody will read are thrown away before the socket is closed, up to this many.
+constexpr std::size_t DISCARD_LIMIT = std::size_t{1} << 24;
+
+template <typename Value>
+void setOption(int socket, int level, int name, Value value) {
+    // Every option is an improvement that the connection works without.
+    static_cast<void>(setsockopt(socket, level, name, &value, sizeof value));
+}
+
+} // namespace
+
+SocketConnection::SocketConnection(MainQueue& queue, std::string host, std::uint16_t port,
+                                   std::chrono::milliseconds deadline, Resolver resolver)
+    : queue_(queue),
+      host_(std::move(host)),
+      port_(port),
+      timeToConnect_(deadline),
+      resolver_(std::move(resolver)) {}
+
+SocketConnection::~SocketConnection() {
+    release();
+}
+
+void SocketConnection::setDelegate(Direction direction, StreamDelegate* delegate) {
+    half(direction).delegate = delegate;
+    if (delegate)
+        postDelivery();
+}
+
+void SocketConnection::setScheduled(Direction direction, bool scheduled) {
+    half(direction).scheduled = scheduled;
+    if (scheduled)
+        postDelivery();
+}
+
+void SocketConnection::open() {
+    if (state_ != State::Unopened)
+        return;
+    state_ = State::Connecting;
+    deadline_ = std::chrono::steady_clock::now() + timeToConnect_;
+    attemptTimer_ = std::make_unique<QTimer>();
+    attemptTimer_->setSingleShot(true);
+    QObject::connect(attemptTimer_.get(), &QTimer::timeout, [this] { connectNext(); });
+    if (!isPossibleHost(host_)) {
+        fail();
+        return;
+    }
+    if (auto found = numericAddresses(host_, port_); !found.empty()) {
+        connectTo(std::move(found));
+        return;
+    }
+    attemptTimer_->start(timeToConnect_);
+    try {
+        lookup_.emplace(queue_, resolver_, host_, port_,
+                        [this](std::vector<SocketAddress> found) { connectTo(std::move(found)); });
+    } catch (const std::system_error&) {
+        fail(); // no thread to look the name up
+    }
+}
+
+void SocketConnection::connectTo(std::vector<SocketAddress> addresses) {
+    addresses_ = std::move(addresses);
+    std::reverse(addresses_.begin(), addresses_.end());
+    connectNext();
+}
+
+void SocketConnection::connectNext() {
+    dropSocket();
+    while (!addresses_.empty()) {
+        const auto address = addresses_.back();
+        // An address that does not answer must not use up the time of those behind it.
+        const auto attemptsLeft = static_cast<std::int64_t>(addresses_.size());
+        addresses_.pop_back();
+        if (!startConnect(address))
+            continue;
+        const auto timeLeft =
+            std::chrono::ceil<std::chrono::milliseconds>(deadline_ - std::chrono::steady_clock::now());
+        attemptTimer_->start(std::max(timeLeft / attemptsLeft, std::chrono::milliseconds::zero()));
+        return;
+    }
+    fail();
+}
+
+bool SocketConnection::startConnect(const SocketAddress& address) {
+    socket_ = ::socket(address.storage.ss_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, IPPROTO_TCP);
+    if (socket_ == -1)
+        return false;
+    setOption(socket_, IPPROTO_TCP, TCP_NODELAY, 1);
+    setOption(socket_, SOL_SOCKET, SO_KEEPALIVE, 1);
+    setOption(socket_, IPPROTO_TCP, TCP_KEEPIDLE, KEEPALIVE_IDLE);
+    setOption(socket_, IPPROTO_TCP, TCP_KEEPINTVL, KEEPALIVE_INTERVAL);
+    setOption(socket_, IPPROTO_TCP, TCP_KEEPCNT, KEEPALIVE_PROBES);
+    setOption(socket_, IPPROTO_TCP, TCP_USER_TIMEOUT, UNACKNOWLEDGED_LIMIT);
+
+    const auto* where = reinterpret_cast<const sockaddr*>(&address.storage);
+    if (::connect(socket_, where, address.length) == -1 && errno != EINPROGRESS && errno != EINTR) {
+        dropSocket();
+        return false;
+    }
+    // Also for a connect that is complete already: nothing is reported inside open().
+    writeNotifier_ = std::make_unique<QSocketNotifier>(socket_, QSocketNotifier::Write);
+    QObject::connect(writeNotifier_.get(), &QSocketNotifier::activated, [this] { writable(); });
+    return true;
+}
+
+void SocketConnection::writable() {
+    writeNotifier_->setEnabled(false);
+    if (state_ == State::Connecting) {
+        connectSettled();
+        return;
+    }
+    spacePending_ = true;
+    deliver();
+}
+
+void SocketConnection::connectSettled() {
+    int error = 0;
+    socklen_t length = sizeof error;
+    if (getsockopt(socket_, SOL_SOCKET, SO_ERROR, &error, &length) == -1 || error != 0) {
+        connectNext();
+        return;
+    }
+    state_ = State::Connected;
+    lookup_.reset();
+    attemptTimer_.reset();
+    addresses_.clear();
+    received_ = std::make_unique<std::array<std::uint8_t, RECEIVE_BUFFER_SIZE>>();
+    if (!input_.closed) {
+        readNotifier_ = std::make_unique<QSocketNotifier>(socket_, QSocketNotifier::Read);
+        QObject::connect(readNotifier_.get(), &QSocketNotifier::activated, [this] { receive(); });
+    }
+    deliver();
+}
+
+void SocketConnection::fail() {
+    state_ = State::Failed;
+    dropSocket();
+    lookup_.reset();
+    attemptTimer_->stop();
+    lastEvent_ = StreamEvent::ErrorOccurred;
+    postDelivery();
+}
+
+void SocketConnection::receive() {
+    if (state_ != State::Connected || input_.closed || lastEvent_)
+        return;
+    if (receivedBegin_ > 0) {
+        std::memmove(received_->data(), received_->data() + receivedBegin_, unread());
+        receivedEnd_ = unread();
+        receivedBegin_ = 0;
+    }
+    if (receivedEnd_ == received_->size()) {
+        readNotifier_->setEnabled(false); // until somebody reads
+        return;
+    }
+    const auto count = ::recv(socket_, received_->data() + receivedEnd_, received_->size() - receivedEnd_, 0);
+    if (count > 0) {
+        receivedEnd_ += static_cast<std::size_t>(count);
+        offerPending_ = true;
+        deliver();
+    } else if (count == 0) {
+        // The write that failed has used up the connection's error.
+        finish(writeFailed_ ? StreamEvent::ErrorOccurred : StreamEvent::EndEncountered);
+    } else if ((errno != EAGAIN && errno != EINTR) || writeFailed_) {
+        finish(StreamEvent::ErrorOccurred);
+    }
+}
+
+void SocketConnection::finish(StreamEvent lastEvent) {
+    lastEvent_ = lastEvent;
+    readNotifier_.reset();
+    writeNotifier_->setEnabled(false);
+    offerPending_ = true;
+    deliver();
+}
+
+void SocketConnection::settleWriteError() {
+    if (state_ != State::Connected || lastEvent_)
+        return;
+    if (input_.closed)
+        finish(StreamEvent::ErrorOccurred);
+    else
+        receive(); // what arrived before the error comes first
+}
+
+std::ptrdiff_t SocketConnection::read(std::span<std::uint8_t> buffer) {
+    if (unread() == 0)
+        return lastEvent_ == StreamEvent::EndEncountered && !input_.closed ? 0 : -1;
+    const auto count = std::min(buffer.size(), unread());
+    std::copy_n(received_->data() + receivedBegin_, count, buffer.data());
+    receivedBegin_ += count;
+    if (readNotifier_ && count > 0)
+        readNotifier_->setEnabled(true);
+    if (unread() > 0 && count > 0) {
+        offerPending_ = true;
+        if (!delivering_)
+            postDelivery();
+    }
+    return static_cast<std::ptrdiff_t>(count);
+}
+
+std::ptrdiff_t SocketConnection::write(std::span<const std::uint8_t> bytes) {
+    if (output_.closed || state_ == State::Failed)
+        return -1;
+    if (state_ != State::Connected || bytes.empty())
+        return 0;
+    ssize_t count = 0;
+    do {
+        count = ::send(socket_, bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+    } while (count == -1 && errno == EINTR);
+    if (count == -1 && errno != EAGAIN) {
+        if (!std::exchange(writeFailed_, true) && !lastEvent_)
+            queue_.post([weak = weak_from_this()] {
+                if (const auto self = weak.lock())
+                    self->settleWriteError();
+            });
+        return -1;
+    }
+    count = std::max<ssize_t>(count, 0);
+    if (static_cast<std::size_t>(count) < bytes.size() && !lastEvent_)
+        writeNotifier_->setEnabled(true);
+    return count;
+}
+
+void SocketConnection::postDelivery() {
+    if (state_ == State::Unopened || state_ == State::Released || std::exchange(deliveryPosted_, true))
+        return;
+    queue_.post([weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->deliveryPosted_ = false;
+            self->deliver();
+        }
+    });
+}
+
+void SocketConnection::deliver() {
+    // A delegate may destroy both streams inside any report, and with them this object.
+    const auto self = shared_from_this();
+    const bool outer = std::exchange(delivering_, true);
+    if (state_ == State::Connected) {
+        deliverOpen(input_);
+        deliverOpen(output_);
+        deliverBytes();
+        deliverSpace();
+    }
+    deliverLastEvent();
+    delivering_ = outer;
+}
+
+void SocketConnection::deliverOpen(Half& half) {
+    if (half.isListening() && !std::exchange(half.openReported, true))
+        report(half, StreamEvent::OpenCompleted);
+}
+
+void SocketConnection::deliverBytes() {
+    if (!mustOffer() || !input_.isListening())
+        return;
+    offerPending_ = false;
+    report(input_, StreamEvent::HasBytesAvailable);
+    if (mustOffer()) // only some were read; the rest is offered in a turn of its own
+        postDelivery();
+}
+
+void SocketConnection::deliverSpace() {
+    if (spacePending_ && !lastEvent_ && output_.isListening()) {
+        spacePending_ = false;
+        report(output_, StreamEvent::HasSpaceAvailable);
+    }
+}
+
+void SocketConnection::deliverLastEvent() {
+    if (!lastEvent_ || lastEventReported_ || mustOffer())
+        return;
+    const auto& listener = input_.closed ? output_ : input_;
+    if (!listener.isListening())
+        return;
+    lastEventReported_ = true;
+    report(listener, *lastEvent_);
+}
+
+void SocketConnection::report(const Half& half, StreamEvent event) {
+    half.delegate->handleEvent(*half.stream, event);
+}
+
+void SocketConnection::close(Direction direction) {
+    auto& closing = half(direction);
+    closing.closed = true;
+    closing.delegate = nullptr;
+    if (direction == Direction::Input) {
+        readNotifier_.reset();
+        receivedBegin_ = receivedEnd_ = 0;
+    }
+    if (input_.closed && output_.closed)
+        release();
+}
+
+void SocketConnection::dropSocket() {
+    readNotifier_.reset();
+    writeNotifier_.reset();
+    if (socket_ != -1)
+        ::close(std::exchange(socket_, -1));
+}
+
+void SocketConnection::release() {
+    // A close with bytes unread would reset the connection, and the unit might lose the last command with it.
+    if (state_ == State::Connected)
+        static_cast<void>(::recv(socket_, nullptr, DISCARD_LIMIT, MSG_DONTWAIT | MSG_TRUNC));
+    state_ = State::Released;
+    dropSocket();
+    lookup_.reset();
+    attemptTimer_.reset();
+    addresses_.clear();
+}
+
+} // namespace lumbra
