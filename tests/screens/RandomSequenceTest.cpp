@@ -1,0 +1,190 @@
+#include "Remote.h"
+#include "screens/GroupViewController.h"
+#include "screens/OutputViewController.h"
+#include "screens/ZoneViewController.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <regex>
+
+namespace lumbra {
+namespace {
+
+/// Random reports, good and bad, and random actions; the same seed gives the same run.
+class Dice {
+public:
+    explicit Dice(unsigned seed) : engine_(seed) {}
+
+    int number(int low, int high) { return std::uniform_int_distribution(low, high)(engine_); }
+    template <class Options>
+    auto& one(Options& options) {
+        return options[static_cast<std::size_t>(number(0, static_cast<int>(std::size(options)) - 1))];
+    }
+
+    std::string report() {
+        static const char* const SHAPES[] = {
+            "Z#V$",     "Z#I#",       "Z#M!",     "Z#LD!",     "Z#BASS$",   "Z#TREB$",  "Z#N\"@\"",
+            "O#Z#",     "Z#MV$",      "O#V$",     "O#I#",      "O#M!",      "O#P!",     "O#B%HPF&",
+            "O#B%P$F&", "O#B%BYPASS", "O#N\"@\"", "O#MV$",     "O#MXTO$",   "O#MNTO$",  "O#STEREO!",
+            "G#V$",     "G#I#",       "G#M!",     "G#P!",      "G#N\"@\"",  "I#N\"@\"", "I#STEREO!",
+            "AO#A!",    "SP#N\"@\"",  "APPQ!",    "O#B%HS$F&", "O#B%LS$F&", "O#B%LPF&",
+        };
+        std::string text = number(0, 9) == 0 ? "U2" : "U1";
+        for (const char* c = one(SHAPES); *c; ++c)
+            text += filled(*c);
+        if (number(0, 19) == 0)
+            text.erase(static_cast<std::size_t>(number(0, static_cast<int>(text.size()) - 1)));
+        return text;
+    }
+
+private:
+    std::string filled(char shape) {
+        switch (shape) {
+        case '#':
+            return std::to_string(number(0, 21));
+        case '$':
+            return std::to_string(number(-85, 20));
+        case '!':
+            return std::to_string(number(0, 1));
+        case '%':
+            return std::to_string(number(1, 7));
+        case '&':
+            return std::to_string(number(0, 20500));
+        case '@': {
+            std::string name;
+            for (int length = number(1, 17); length > 0; --length)
+                name += static_cast<char>(number(1, 255));
+            return name;
+        }
+        default:
+            return {shape};
+        }
+    }
+
+    std::mt19937 engine_;
+};
+
+void act(Remote& remote, Dice& dice) {
+    const auto& items = remote.application.tabs().selectedViewController()->view().items();
+    const auto& item = dice.one(items);
+    switch (item.control->kind()) {
+    case Control::Kind::Picker:
+        static_cast<Picker&>(*item.control).pickByUser(dice.number(-1, 20));
+        break;
+    case Control::Kind::Slider: {
+        auto& slider = static_cast<Slider&>(*item.control);
+        slider.slideByUser(static_cast<float>(dice.number(-200, 30000)) / 7.0F);
+        EXPECT_GE(slider.value(), slider.minimum());
+        EXPECT_LE(slider.value(), slider.maximum());
+        break;
+    }
+    case Control::Kind::Switch:
+        static_cast<Switch&>(*item.control).flipByUser(dice.number(0, 1) == 1);
+        break;
+    case Control::Kind::Segmented:
+        static_cast<SegmentedControl&>(*item.control).tapByUser(dice.number(-1, 6));
+        break;
+    case Control::Kind::Button:
+        static_cast<Button&>(*item.control).pressByUser();
+        break;
+    case Control::Kind::Label:
+    case Control::Kind::ActivityIndicator:
+        break;
+    }
+}
+
+template <class Fields>
+void expectWithin(const Fields& fields, std::int64_t low, std::int64_t high) {
+    for (const auto field : fields) {
+        EXPECT_GE(field, low);
+        EXPECT_LE(field, high);
+    }
+}
+
+void expectInvariants(Remote& remote) {
+    const auto screen = remote.application.tabs().selectedViewController();
+    if (const auto* zone = dynamic_cast<ZoneViewController*>(screen.get())) {
+        const auto& zones = zone->zone();
+        expectWithin(zones.bass, -15, 15);
+        expectWithin(zones.treble, -15, 15);
+        expectWithin(zones.volume, -80, 0);
+        expectWithin(zones.max_volume, -80, 0);
+        expectWithin(zones.source, 0, 19);
+        EXPECT_EQ(zones.name_hide_ref.size(), zones.name_hide_str.size());
+        EXPECT_TRUE(std::is_sorted(zones.name_hide_ref.begin(), zones.name_hide_ref.end()));
+    } else if (const auto* output = dynamic_cast<OutputViewController*>(screen.get())) {
+        const auto& outputs = output->output();
+        expectWithin(outputs.volume, -80, 0);
+        expectWithin(outputs.source, 0, 19);
+        for (const auto& bands : outputs.filter_freq)
+            expectWithin(bands, 1, 20000);
+        for (const auto& bands : outputs.filter_gain)
+            expectWithin(bands, -15, 15);
+        for (const auto& bands : outputs.filter_type)
+            expectWithin(bands, 0, 5);
+    } else if (const auto* group = dynamic_cast<GroupViewController*>(screen.get())) {
+        expectWithin(group->group().volume, -80, 0);
+        expectWithin(group->group().source, 0, 19);
+    }
+    for (const auto& item : screen->view().items())
+        if (item.control->kind() == Control::Kind::Picker) {
+            const auto& picker = static_cast<Picker&>(*item.control);
+            EXPECT_LT(picker.selected(), static_cast<int>(picker.rows().size()));
+            EXPECT_EQ(picker.selected() < 0, picker.rows().empty());
+        }
+}
+
+TEST(RandomSequences, KeepTheInvariantsAndSendWellFormedCommands) {
+    const std::regex wellFormed(R"(\[U[1-4](APPQ[0-4]|SERIAL[01]|)"
+                                R"([ZOG]([1-9]|1[0-6])(V-?[0-9]+|I([1-9]|1[0-9]|20)|M[01])|[OG][0-9]+P[01]|)"
+                                R"(Z[0-9]+(LD[01]|(BASS|TREB)-?[0-9]+)|)"
+                                R"(O[0-9]+B[1-7](BYPASS|[HL]PF[1-9][0-9]*|([HL]S|P)-?[0-9]+F[1-9][0-9]*)|)"
+                                R"(AO([1-9]|10)A2|SP([1-9]|10)(LOAD|SAVE))\])");
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        Dice dice(seed);
+        Remote remote;
+        remote.launch();
+        for (int step = 0; step < 400; ++step) {
+            switch (dice.number(0, 19)) {
+            case 0:
+                remote.application.tabs().selectByUser(dice.number(0, 4));
+                break;
+            case 1:
+                remote.queue.advance(std::chrono::milliseconds(dice.number(0, 900)));
+                break;
+            case 2:
+                if (dice.number(0, 4) == 0) {
+                    remote.settings.setValue("advanced_mode_preference", dice.number(0, 1) == 1);
+                    ASSERT_EQ(remote.play("away\nback"), "");
+                }
+                break;
+            case 3:
+                if (remote.application.link().linkState() == LinkState::Opening)
+                    remote.streams.last().connect();
+                else if (dice.number(0, 9) == 0)
+                    remote.streams.last().fireInput(dice.number(0, 1) == 0 ? StreamEvent::EndEncountered
+                                                                           : StreamEvent::ErrorOccurred);
+                break;
+            case 4:
+            case 5:
+            case 6:
+                act(remote, dice);
+                break;
+            default:
+                remote.report(dice.report());
+            }
+            remote.settle();
+            EXPECT_LE(remote.streams.liveStreams(), 2);
+            for (const auto& command : remote.sent())
+                EXPECT_TRUE(std::regex_match(command, wellFormed)) << command;
+            expectInvariants(remote);
+            if (HasFailure())
+                return;
+        }
+    }
+}
+
+} // namespace
+} // namespace lumbra
