@@ -162,7 +162,7 @@ QByteArray toJson(const Memory& memory) {
     Memory copy = memory;
     Writer writer;
     exchange(writer, copy);
-    return QJsonDocument(writer.object()).toJson();
+    return QJsonDocument(writer.object()).toJson(QJsonDocument::Compact);
 }
 
 std::optional<Memory> fromJson(const QByteArray& json, QString& error) {

@@ -38,129 +38,133 @@ Setting unknownSetting() {
 
 } // namespace
 
-// Each handler changes what was commanded and forgets that the addressed value was told.
+/// A form of command, and what carries it out.
+struct Unit::Command {
+    CommandPattern pattern;
+    void (*run)(Unit&, const CommandPattern::Numbers&, Response&);
+};
+
+/// Each handler changes what was commanded, and forgets that the addressed value was told.
+struct Unit::Handlers {
+    using Numbers = CommandPattern::Numbers;
+
+    static void zoneVolume(Unit& unit, const Numbers& n, Response&) {
+        unit.setZoneVolume(n[0] - 1, n[1]);
+        at(unit.told_.setting.zones, n[0] - 1).volume = UNKNOWN;
+    }
+
+    template <int Zone::*FIELD, int Output::*OUTPUT_FIELD>
+    static void zoneAndOutputs(Unit& unit, const Numbers& n, Response&) {
+        unit.setZone(n[0] - 1, FIELD, OUTPUT_FIELD, n[1]);
+        at(unit.told_.setting.zones, n[0] - 1).*FIELD = UNKNOWN;
+    }
+
+    template <int Zone::*FIELD>
+    static void zone(Unit& unit, const Numbers& n, Response&) {
+        at(unit.memory_.setting.zones, n[0] - 1).*FIELD = n[1];
+        at(unit.told_.setting.zones, n[0] - 1).*FIELD = UNKNOWN;
+    }
+
+    static void outputVolume(Unit& unit, const Numbers& n, Response&) {
+        unit.setOutputVolume(n[0] - 1, n[1]);
+        at(unit.told_.setting.outputs, n[0] - 1).volume = UNKNOWN;
+    }
+
+    static void outputPower(Unit& unit, const Numbers& n, Response&) {
+        unit.setOutputPower(n[0] - 1, n[1]);
+        at(unit.told_.setting.outputs, n[0] - 1).power = UNKNOWN;
+    }
+
+    template <int Output::*FIELD>
+    static void output(Unit& unit, const Numbers& n, Response&) {
+        at(unit.memory_.setting.outputs, n[0] - 1).*FIELD = n[1];
+        at(unit.told_.setting.outputs, n[0] - 1).*FIELD = UNKNOWN;
+    }
+
+    /// A value that the filter's command does not carry stays as it was.
+    template <Filter FILTER>
+    static void band(Unit& unit, const Numbers& n, Response&) {
+        Band& band = at(at(unit.memory_.setting.outputs, n[0] - 1).bands, n[1] - 1);
+        band.filter = FILTER;
+        if (FILTER == HIGH_PASS || FILTER == LOW_PASS) {
+            band.frequency = n[2];
+        } else if (FILTER != BYPASS) {
+            band.gain = n[2];
+            band.frequency = n[3];
+        }
+        at(at(unit.told_.setting.outputs, n[0] - 1).bands, n[1] - 1).filter = UNKNOWN;
+    }
+
+    template <int Group::*FIELD, typename SetZone>
+    static void group(Unit& unit, const Numbers& n, SetZone setZone) {
+        at(unit.memory_.setting.groups, n[0] - 1).*FIELD = n[1];
+        at(unit.told_.setting.groups, n[0] - 1).*FIELD = UNKNOWN;
+        for (const int zone : at(unit.house_.groups, n[0] - 1).zones)
+            setZone(zone);
+    }
+
+    static void groupVolume(Unit& unit, const Numbers& n, Response&) {
+        at(unit.memory_.setting.groups, n[0] - 1).mute = 0;
+        group<&Group::volume>(unit, n, [&](int zone) { unit.setZoneVolume(zone, n[1]); });
+    }
+
+    static void groupPower(Unit& unit, const Numbers& n, Response&) {
+        group<&Group::power>(unit, n, [&](int zone) {
+            unit.eachOutputOf(zone, [&](int output) { unit.setOutputPower(output, n[1]); });
+        });
+    }
+
+    template <int Group::*FIELD, int Zone::*ZONE_FIELD, int Output::*OUTPUT_FIELD>
+    static void groupAndZones(Unit& unit, const Numbers& n, Response&) {
+        group<FIELD>(unit, n, [&](int zone) { unit.setZone(zone, ZONE_FIELD, OUTPUT_FIELD, n[1]); });
+    }
+
+    static void override(Unit& unit, const Numbers& n, Response&) {
+        int& state = at(unit.memory_.overrides, n[0] - 1);
+        state = 1 - state;
+    }
+
+    static void loadScene(Unit& unit, const Numbers& n, Response&) {
+        unit.memory_.setting = at(unit.memory_.scenes, n[0] - 1);
+    }
+
+    static void saveScene(Unit& unit, const Numbers& n, Response&) {
+        at(unit.memory_.scenes, n[0] - 1) = unit.memory_.setting;
+    }
+
+    static void query(Unit& unit, const Numbers& n, Response& response) {
+        response = {Response::To::ASKER, unit.answer(n[0])};
+    }
+
+    static void serial(Unit&, const Numbers&, Response&) {}
+};
+
 const Unit::Command Unit::COMMANDS[] = {
-    {{"Z%V%", {ZONE, VOLUME}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setZoneVolume(n[0] - 1, n[1]);
-         at(unit.told_.setting.zones, n[0] - 1).volume = UNKNOWN;
-     }},
-    {{"Z%I%", {ZONE, INPUT}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setZone(n[0] - 1, &Zone::input, &Output::input, n[1]);
-         at(unit.told_.setting.zones, n[0] - 1).input = UNKNOWN;
-     }},
-    {{"Z%M%", {ZONE, FLAG}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setZone(n[0] - 1, &Zone::mute, &Output::mute, n[1]);
-         at(unit.told_.setting.zones, n[0] - 1).mute = UNKNOWN;
-     }},
-    {{"Z%LD%", {ZONE, FLAG}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         at(unit.memory_.setting.zones, n[0] - 1).loudness = n[1];
-         at(unit.told_.setting.zones, n[0] - 1).loudness = UNKNOWN;
-     }},
-    {{"Z%BASS%", {ZONE, TONE}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         at(unit.memory_.setting.zones, n[0] - 1).bass = n[1];
-         at(unit.told_.setting.zones, n[0] - 1).bass = UNKNOWN;
-     }},
-    {{"Z%TREB%", {ZONE, TONE}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         at(unit.memory_.setting.zones, n[0] - 1).treble = n[1];
-         at(unit.told_.setting.zones, n[0] - 1).treble = UNKNOWN;
-     }},
-    {{"O%V%", {OUTPUT, VOLUME}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setOutputVolume(n[0] - 1, n[1]);
-         at(unit.told_.setting.outputs, n[0] - 1).volume = UNKNOWN;
-     }},
-    {{"O%I%", {OUTPUT, INPUT}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         at(unit.memory_.setting.outputs, n[0] - 1).input = n[1];
-         at(unit.told_.setting.outputs, n[0] - 1).input = UNKNOWN;
-     }},
-    {{"O%M%", {OUTPUT, FLAG}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         at(unit.memory_.setting.outputs, n[0] - 1).mute = n[1];
-         at(unit.told_.setting.outputs, n[0] - 1).mute = UNKNOWN;
-     }},
-    {{"O%P%", {OUTPUT, FLAG}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setOutputPower(n[0] - 1, n[1]);
-         at(unit.told_.setting.outputs, n[0] - 1).power = UNKNOWN;
-     }},
-    {{"O%B%BYPASS", {OUTPUT, BAND}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         Band band = at(at(unit.memory_.setting.outputs, n[0] - 1).bands, n[1] - 1);
-         band.filter = BYPASS;
-         unit.setBand(n[0] - 1, n[1] - 1, band);
-     }},
-    {{"O%B%HPF%", {OUTPUT, BAND, FREQUENCY}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         const int gain = at(at(unit.memory_.setting.outputs, n[0] - 1).bands, n[1] - 1).gain;
-         unit.setBand(n[0] - 1, n[1] - 1, {HIGH_PASS, n[2], gain});
-     }},
-    {{"O%B%LPF%", {OUTPUT, BAND, FREQUENCY}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         const int gain = at(at(unit.memory_.setting.outputs, n[0] - 1).bands, n[1] - 1).gain;
-         unit.setBand(n[0] - 1, n[1] - 1, {LOW_PASS, n[2], gain});
-     }},
-    {{"O%B%HS%F%", {OUTPUT, BAND, GAIN, FREQUENCY}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setBand(n[0] - 1, n[1] - 1, {HIGH_SHELF, n[3], n[2]});
-     }},
-    {{"O%B%LS%F%", {OUTPUT, BAND, GAIN, FREQUENCY}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setBand(n[0] - 1, n[1] - 1, {LOW_SHELF, n[3], n[2]});
-     }},
-    {{"O%B%P%F%", {OUTPUT, BAND, GAIN, FREQUENCY}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setBand(n[0] - 1, n[1] - 1, {PARAMETRIC, n[3], n[2]});
-     }},
-    {{"G%V%", {GROUP, VOLUME}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setGroup(n[0] - 1, &Group::volume, n[1]);
-         at(unit.memory_.setting.groups, n[0] - 1).mute = 0;
-         for (const int zone : at(unit.house_.groups, n[0] - 1).zones)
-             unit.setZoneVolume(zone, n[1]);
-     }},
-    {{"G%I%", {GROUP, INPUT}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setGroup(n[0] - 1, &Group::input, n[1]);
-         for (const int zone : at(unit.house_.groups, n[0] - 1).zones)
-             unit.setZone(zone, &Zone::input, &Output::input, n[1]);
-     }},
-    {{"G%M%", {GROUP, FLAG}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setGroup(n[0] - 1, &Group::mute, n[1]);
-         for (const int zone : at(unit.house_.groups, n[0] - 1).zones)
-             unit.setZone(zone, &Zone::mute, &Output::mute, n[1]);
-     }},
-    {{"G%P%", {GROUP, FLAG}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.setGroup(n[0] - 1, &Group::power, n[1]);
-         for (const int zone : at(unit.house_.groups, n[0] - 1).zones)
-             unit.eachOutputOf(zone, [&](int output) { unit.setOutputPower(output, n[1]); });
-     }},
-    {{"AO%A2", {OVERRIDE}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         int& state = at(unit.memory_.overrides, n[0] - 1);
-         state = 1 - state;
-     }},
-    {{"SP%LOAD", {SCENE}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         unit.memory_.setting = at(unit.memory_.scenes, n[0] - 1);
-     }},
-    {{"SP%SAVE", {SCENE}},
-     [](Unit& unit, const Numbers& n, Response&) {
-         at(unit.memory_.scenes, n[0] - 1) = unit.memory_.setting;
-     }},
-    {{"APPQ%", {QUERY}},
-     [](Unit& unit, const Numbers& n, Response& response) {
-         response = {Response::To::ASKER, unit.answer(n[0])};
-     }},
-    {{"SERIAL%", {FLAG}}, [](Unit&, const Numbers&, Response&) {}},
+    {{"Z%V%", {ZONE, VOLUME}}, Handlers::zoneVolume},
+    {{"Z%I%", {ZONE, INPUT}}, Handlers::zoneAndOutputs<&Zone::input, &Output::input>},
+    {{"Z%M%", {ZONE, FLAG}}, Handlers::zoneAndOutputs<&Zone::mute, &Output::mute>},
+    {{"Z%LD%", {ZONE, FLAG}}, Handlers::zone<&Zone::loudness>},
+    {{"Z%BASS%", {ZONE, TONE}}, Handlers::zone<&Zone::bass>},
+    {{"Z%TREB%", {ZONE, TONE}}, Handlers::zone<&Zone::treble>},
+    {{"O%V%", {OUTPUT, VOLUME}}, Handlers::outputVolume},
+    {{"O%I%", {OUTPUT, INPUT}}, Handlers::output<&Output::input>},
+    {{"O%M%", {OUTPUT, FLAG}}, Handlers::output<&Output::mute>},
+    {{"O%P%", {OUTPUT, FLAG}}, Handlers::outputPower},
+    {{"O%B%BYPASS", {OUTPUT, BAND}}, Handlers::band<BYPASS>},
+    {{"O%B%HPF%", {OUTPUT, BAND, FREQUENCY}}, Handlers::band<HIGH_PASS>},
+    {{"O%B%HS%F%", {OUTPUT, BAND, GAIN, FREQUENCY}}, Handlers::band<HIGH_SHELF>},
+    {{"O%B%LPF%", {OUTPUT, BAND, FREQUENCY}}, Handlers::band<LOW_PASS>},
+    {{"O%B%LS%F%", {OUTPUT, BAND, GAIN, FREQUENCY}}, Handlers::band<LOW_SHELF>},
+    {{"O%B%P%F%", {OUTPUT, BAND, GAIN, FREQUENCY}}, Handlers::band<PARAMETRIC>},
+    {{"G%V%", {GROUP, VOLUME}}, Handlers::groupVolume},
+    {{"G%I%", {GROUP, INPUT}}, Handlers::groupAndZones<&Group::input, &Zone::input, &Output::input>},
+    {{"G%M%", {GROUP, FLAG}}, Handlers::groupAndZones<&Group::mute, &Zone::mute, &Output::mute>},
+    {{"G%P%", {GROUP, FLAG}}, Handlers::groupPower},
+    {{"AO%A2", {OVERRIDE}}, Handlers::override},
+    {{"SP%LOAD", {SCENE}}, Handlers::loadScene},
+    {{"SP%SAVE", {SCENE}}, Handlers::saveScene},
+    {{"APPQ%", {QUERY}}, Handlers::query},
+    {{"SERIAL%", {FLAG}}, Handlers::serial},
 };
 
 Unit::Unit(int number, House house) : number_(number), house_(std::move(house)) {
@@ -178,7 +182,7 @@ void Unit::restore(const Memory& memory) {
 
 Response Unit::execute(std::string_view body) {
     for (const Command& command : COMMANDS) {
-        const std::optional<Numbers> numbers = command.pattern.match(body);
+        const auto numbers = command.pattern.match(body);
         if (!numbers)
             continue;
         Response response;
@@ -264,16 +268,6 @@ void Unit::setOutputPower(int output, int power) {
 void Unit::setZone(int zone, int Zone::*zoneField, int Output::*outputField, int value) {
     at(memory_.setting.zones, zone).*zoneField = value;
     eachOutputOf(zone, [&](int output) { at(memory_.setting.outputs, output).*outputField = value; });
-}
-
-void Unit::setGroup(int group, int Group::*field, int value) {
-    at(memory_.setting.groups, group).*field = value;
-    at(told_.setting.groups, group).*field = UNKNOWN;
-}
-
-void Unit::setBand(int output, int band, const Band& value) {
-    at(at(memory_.setting.outputs, output).bands, band) = value;
-    at(at(told_.setting.outputs, output).bands, band).filter = UNKNOWN;
 }
 
 template <typename Visit>

@@ -52,22 +52,15 @@ public:
     void restore(const Memory& memory);
 
 private:
-    using Numbers = CommandPattern::Numbers;
-
-    struct Command {
-        CommandPattern pattern;
-        void (*run)(Unit&, const Numbers&, Response&);
-    };
-
+    struct Command;
+    struct Handlers;
     static const Command COMMANDS[];
 
-    // Zones, outputs, groups, bands, scenes and overrides are 0-based below.
+    // Zones and outputs are 0-based below.
     void setZoneVolume(int zone, int volume);
     void setOutputVolume(int output, int volume);
     void setOutputPower(int output, int power);
     void setZone(int zone, int Zone::*zoneField, int Output::*outputField, int value);
-    void setGroup(int group, int Group::*field, int value);
-    void setBand(int output, int band, const Band& value);
     void holdToLimits(Setting& setting) const;
 
     template <typename Visit>

@@ -101,7 +101,9 @@ std::optional<Settings> readSettings(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("A simulated Lumbra unit: a whole unit on TCP, without hardware."));
-    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Print this."));
+    parser.addOption(help);
     const QCommandLineOption version = parser.addVersionOption();
     const auto text = [](const char* latin1) { return QString::fromLatin1(latin1); };
     for (const NumberOption& option : NUMBER_OPTIONS)
