@@ -25,7 +25,7 @@ namespace lumbra {
 namespace {
 
 // How long a flush waits for another program that is writing; it then goes ahead.
-constexpr int LOCK_PATIENCE = 200; // ms
+constexpr int LOCK_PATIENCE = 1000; // ms
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -100,6 +100,17 @@ void removeStrayFiles(const QString& file) {
     for (const auto& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks))
         if (isTemporaryName(name, info.fileName()))
             folder.remove(name);
+}
+
+/// Writes all of `text` to an unbuffered file.
+bool writeAll(QFileDevice& file, const QByteArray& text) {
+    for (qsizetype done = 0; done < text.size();) {
+        const auto count = file.write(text.constData() + done, text.size() - done);
+        if (count <= 0)
+            return false;
+        done += count;
+    }
+    return true;
 }
 
 } // namespace
@@ -222,7 +233,8 @@ void FileSettingsStore::flush() {
 void FileSettingsStore::write(const QJsonObject& values) {
     QSaveFile file(path_);
     const auto text = QJsonDocument(values).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+    // Buffered, a write that the disk takes only in part goes unnoticed, and the torn file is committed.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text) || !file.commit()) {
         if (!std::exchange(failureReported_, true))
             report_("The settings can't be saved in " + path_.toStdString() + " (" +
                     file.errorString().toStdString() +

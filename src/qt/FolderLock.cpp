@@ -14,7 +14,7 @@ namespace lumbra {
 
 namespace {
 
-constexpr int RETRY_INTERVAL = 5; // ms
+constexpr int RETRY_INTERVAL = 2; // ms
 
 } // namespace
 

@@ -1,0 +1,195 @@
+#include "EventLoop.h"
+#include "qt/QtDescriptorWatcher.h"
+#include "qt/QtMainQueue.h"
+#include "qt/ThreadWorker.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fcntl.h>
+#include <functional>
+#include <future>
+#include <memory>
+#include <string>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace lumbra {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+TEST(QtMainQueue, PostedWorkRunsInOrderInALaterTurn) {
+    QtMainQueue queue;
+    std::string order;
+    queue.post([&] {
+        order += 'a';
+        queue.post([&] { order += 'd'; });
+        order += 'b';
+    });
+    queue.post([&] { order += 'c'; });
+    EXPECT_EQ(order, "");
+    ASSERT_TRUE(runUntil([&] { return order.size() == 4; }));
+    EXPECT_EQ(order, "abcd");
+}
+
+TEST(QtMainQueue, WorkThatPostsItselfLeavesRoomForDescriptorsAndTimers) {
+    QtMainQueue queue;
+    QtDescriptorWatcher watcher;
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    ASSERT_EQ(::write(ends[1], "x", 1), 1);
+    bool readable = false;
+    bool timed = false;
+    const auto watch = watcher.watchReadable(ends[0], [&] { readable = true; });
+    queue.postAfter(0ns, [&] { timed = true; });
+    long rounds = 0;
+    std::function<void()> again = [&] {
+        if (++rounds < 1000000 && !(readable && timed))
+            queue.post(again);
+    };
+    queue.post(again);
+    ASSERT_TRUE(runUntil([&] { return (readable && timed) || rounds == 1000000; }));
+    EXPECT_LT(rounds, 1000);
+    ::close(ends[0]);
+    ::close(ends[1]);
+}
+
+TEST(QtMainQueue, WorkOfOtherThreadsRunsOnTheMainThreadInTheOrderOfEach) {
+    constexpr int THREADS = 4;
+    constexpr int PIECES = 2000;
+    QtMainQueue queue;
+    std::vector<std::vector<int>> ran(THREADS);
+    const auto mainThread = std::this_thread::get_id();
+    std::vector<std::thread> threads;
+    for (std::size_t thread = 0; thread < THREADS; ++thread)
+        threads.emplace_back([&, thread] {
+            for (int piece = 0; piece < PIECES; ++piece)
+                queue.post([&, thread, piece] {
+                    EXPECT_EQ(std::this_thread::get_id(), mainThread);
+                    ran[thread].push_back(piece);
+                });
+        });
+    const auto total = [&] { return ran[0].size() + ran[1].size() + ran[2].size() + ran[3].size(); };
+    EXPECT_TRUE(runUntil([&] { return total() == std::size_t{THREADS} * PIECES; }));
+    for (auto& thread : threads)
+        thread.join();
+    for (const auto& pieces : ran)
+        EXPECT_TRUE(std::is_sorted(pieces.begin(), pieces.end()));
+}
+
+TEST(QtMainQueue, DelayedWorkIsNeverEarlyAndRunsByTimeThenByCall) {
+    QtMainQueue queue;
+    std::string order;
+    const auto start = Clock::now();
+    const auto add = [&](char name, std::chrono::nanoseconds delay) {
+        queue.postAfter(delay, [&, name, delay] {
+            EXPECT_GE(Clock::now() - start, delay) << name;
+            order += name;
+        });
+    };
+    add('e', 4ms);
+    add('f', 4ms + 1us);
+    add('c', 2ms + 500us);
+    add('d', 2ms + 500us + 1ns);
+    add('a', -5s);
+    add('b', 0ns);
+    queue.postAfter(std::chrono::nanoseconds::max(), [&] { order += '!'; });
+    queue.postAfter(3ms, [&] { queue.postAfter(10ms, [&] { order += 'g'; }); });
+    EXPECT_EQ(order, "");
+    ASSERT_TRUE(runUntil([&] { return order.size() >= 7; }));
+    EXPECT_EQ(order, "abcdefg");
+}
+
+TEST(QtMainQueue, WorkDueAtOneInstantRunsInTheOrderOfItsCalls) {
+    QtMainQueue queue;
+    std::vector<int> order;
+    // More than fit one clock tick: many fall on the same due time in a coarse clock, and a heap is not
+    // stable.
+    for (int piece = 0; piece < 500; ++piece)
+        queue.postAfter(1ms, [&order, piece] { order.push_back(piece); });
+    ASSERT_TRUE(runUntil([&] { return order.size() == 500; }));
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST(QtMainQueue, DropsWorkAndWhatItHoldsWhenDestroyed) {
+    const auto held = std::make_shared<int>(0);
+    {
+        QtMainQueue queue;
+        queue.post([held] { ADD_FAILURE(); });
+        queue.postAfter(0ns, [held] { ADD_FAILURE(); });
+    }
+    settle();
+    EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
+    std::promise<void> begun;
+    std::promise<void> goOn;
+    std::string order;
+    std::thread release;
+    const auto held = std::make_shared<int>(0);
+    {
+        ThreadWorker worker;
+        worker.post([&] { order += 'a'; });
+        worker.post([&, mainThread = std::this_thread::get_id()] {
+            EXPECT_NE(std::this_thread::get_id(), mainThread);
+            begun.set_value();
+            goOn.get_future().wait();
+            order += 'b';
+        });
+        worker.post([held] {});
+        begun.get_future().wait();
+        release = std::thread([&goOn] { goOn.set_value(); });
+    }
+    EXPECT_EQ(order, "ab");
+    EXPECT_EQ(held.use_count(), 1);
+    release.join();
+    const ThreadWorker idle; // destroyed without a thread
+}
+
+TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    std::FILE* file = std::tmpfile();
+    const int closed = ::dup(ends[0]);
+    ::close(closed);
+    QtDescriptorWatcher watcher;
+    for (const auto& [name, fd, ready] :
+         {std::tuple("a regular file at its end", ::fileno(file), true),
+          std::tuple("a closed descriptor", closed, true), std::tuple("an empty pipe", ends[0], false)}) {
+        int count = 0;
+        const auto watch = watcher.watchReadable(fd, [&] { ++count; });
+        EXPECT_EQ(count, 0) << name;
+        settle();
+        EXPECT_EQ(count > 1, ready) << name;
+        watch->setEnabled(false);
+        count = 0;
+        settle();
+        EXPECT_EQ(count, 0) << name << ", paused";
+        watch->setEnabled(true);
+        settle();
+        EXPECT_EQ(count > 0, ready) << name << ", resumed";
+    }
+    int count = 0;
+    std::unique_ptr<DescriptorWatch> watch;
+    watch = watcher.watchReadable(ends[0], [&, held = std::string("captures survive their own destruction")] {
+        watch.reset();
+        EXPECT_EQ(held.size(), 38U);
+        ++count;
+    });
+    ::close(ends[1]);
+    EXPECT_TRUE(runUntil([&] { return count == 1; })) << "the end of a pipe is readable";
+    settle();
+    EXPECT_EQ(count, 1) << "a watch ended inside its own callback";
+    ::close(ends[0]);
+    std::fclose(file);
+}
+
+} // namespace
+} // namespace lumbra

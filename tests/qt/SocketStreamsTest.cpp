@@ -1,0 +1,431 @@
+#include "EventLoop.h"
+#include "Loopback.h"
+#include "qt/QtMainQueue.h"
+#include "qt/RedirectingStreamFactory.h"
+#include "qt/SocketStreamFactory.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <future>
+#include <memory>
+#include <netinet/in.h>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lumbra {
+namespace {
+
+using namespace std::chrono_literals;
+
+std::span<const std::uint8_t> bytesOf(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+SocketAddress loopbackAddress(std::uint16_t port) {
+    return numericAddresses("127.0.0.1", port).front();
+}
+
+/// A host that never answers: a listener whose queue of connections is full drops every further one.
+class SilentHost {
+public:
+    SilentHost() {
+        for (auto& filler : fillers_) {
+            filler = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+            const auto address = loopbackAddress(listener.port());
+            ::connect(filler, reinterpret_cast<const sockaddr*>(&address.storage), address.length);
+        }
+    }
+    ~SilentHost() {
+        for (const int filler : fillers_)
+            ::close(filler);
+    }
+
+    Listener listener{0};
+
+private:
+    int fillers_[3];
+};
+
+/// A pair of streams, everything that they report, and what was read.
+class SocketStreams : public ::testing::Test, public StreamDelegate {
+protected:
+    void open(SocketStreamFactory& from, const std::string& host, std::uint16_t port) {
+        pair = from.createPair(host, port);
+        for (Stream* stream :
+             {static_cast<Stream*>(pair.input.get()), static_cast<Stream*>(pair.output.get())}) {
+            stream->setDelegate(this);
+            stream->open();
+            stream->scheduleOnMainQueue();
+        }
+        EXPECT_EQ(log, "") << "nothing is reported inside open";
+    }
+
+    Peer connect(Listener& listener) {
+        open(factory, "127.0.0.1", listener.port());
+        EXPECT_TRUE(runUntil([&] { return log == "in.open out.open "; })) << log;
+        log.clear();
+        return listener.accept();
+    }
+
+    void handleEvent(Stream& stream, StreamEvent event) override {
+        log += &stream == static_cast<Stream*>(pair.input.get()) ? "in." : "out.";
+        log += event == StreamEvent::OpenCompleted       ? "open "
+               : event == StreamEvent::HasBytesAvailable ? "bytes "
+               : event == StreamEvent::HasSpaceAvailable ? "space "
+               : event == StreamEvent::ErrorOccurred     ? "error "
+                                                         : "end ";
+        if (event == StreamEvent::HasBytesAvailable)
+            onBytes();
+        if (onEvent)
+            onEvent(event);
+    }
+
+    std::ptrdiff_t readSome(std::size_t size) {
+        std::vector<std::uint8_t> buffer(size);
+        const auto count = pair.input->read(buffer);
+        if (count > 0)
+            received.append(buffer.begin(), buffer.begin() + count);
+        return count;
+    }
+    void readAll() {
+        while (pair.input->hasBytesAvailable())
+            ASSERT_GT(readSome(256), 0);
+    }
+    void release() {
+        pair.output.reset();
+        pair.input.reset();
+    }
+
+    QtMainQueue queue;
+    SocketStreamFactory factory{queue};
+    StreamPair pair;
+    std::string log;
+    std::string received;
+    std::function<void()> onBytes = [this] { readAll(); };
+    std::function<void(StreamEvent)> onEvent;
+};
+
+TEST_F(SocketStreams, CarryBytesBothWaysAndReportTheEndOnce) {
+    Listener listener;
+    auto peer = connect(listener);
+    EXPECT_EQ(pair.output->write(bytesOf("[U1APPQ0]")), 9);
+    EXPECT_EQ(peer.receive(9), "[U1APPQ0]");
+    EXPECT_LT(readSome(1), 0) << "nothing has arrived, which is no end";
+    peer.send(std::string("(U1\0\xff)", 6));
+    ASSERT_TRUE(runUntil([&] { return received.size() == 6; }));
+    peer.send("last");
+    peer.close();
+    ASSERT_TRUE(runUntil([&] { return log.ends_with("end "); }));
+    settle();
+    EXPECT_EQ(received, std::string("(U1\0\xff)last", 10));
+    EXPECT_EQ(log, "in.bytes in.bytes in.end ");
+    EXPECT_EQ(readSome(1), 0);
+}
+
+TEST_F(SocketStreams, FailedConnectsAreOneErrorInALaterTurn) {
+    Listener refusing;
+    refusing.close();
+    const SilentHost silent;
+    const Resolver unknown = [](const auto&, auto) { return std::vector<SocketAddress>(); };
+    const struct {
+        std::string name, host;
+        std::uint16_t port;
+    } cases[] = {
+        {"refused", "127.0.0.1", refusing.port()},
+        {"silent", "127.0.0.1", silent.listener.port()},
+        {"no port", "127.0.0.1", 0},
+        {"unknown name", "unit.invalid", 23},
+        {"empty", "", 23},
+        {"an embedded NUL", std::string("127.0.0.1\0", 10), 23},
+        {"a blank", "127.0.0.1 ", 23},
+        {"far too long", std::string(100000, 'a'), 23},
+        {"no UTF-8", "\xff\xfe", 23},
+        {"an address in brackets", "[::1]", 23},
+    };
+    for (const auto& [name, host, port] : cases) {
+        SocketStreamFactory impatient(queue, 50ms, unknown);
+        log.clear();
+        open(impatient, host, port);
+        ASSERT_TRUE(runUntil([&] { return !log.empty(); })) << name;
+        settle();
+        EXPECT_EQ(log, "in.error ") << name;
+        EXPECT_EQ(pair.output->write(bytesOf("x")), -1) << name;
+    }
+    release();
+}
+
+TEST_F(SocketStreams, AddressesOfANameAreTriedInOrderWithinOneDeadline) {
+    Listener refusing;
+    refusing.close();
+    const SilentHost silent;
+    Listener good;
+    const auto resolve = [&](const std::string& host, std::uint16_t port) {
+        EXPECT_EQ(host, "unit.local");
+        EXPECT_EQ(port, 23);
+        return std::vector{loopbackAddress(refusing.port()), loopbackAddress(silent.listener.port()),
+                           loopbackAddress(good.port())};
+    };
+    SocketStreamFactory patient(queue, 200ms, resolve);
+    open(patient, "unit.local", 23);
+    ASSERT_TRUE(runUntil([&] { return !log.empty(); }));
+    EXPECT_EQ(log, "in.open out.open ");
+    EXPECT_TRUE(good.accept().accepted());
+}
+
+TEST_F(SocketStreams, ClosingDuringALookupOrAConnectReportsNothingAndKeepsNothing) {
+    const SilentHost silent;
+    const int before = openSockets();
+    open(factory, "127.0.0.1", silent.listener.port());
+    settle();
+    EXPECT_EQ(openSockets(), before + 1);
+    release();
+    EXPECT_EQ(openSockets(), before);
+
+    for (const bool closeFirst : {true, false}) {
+        // A name service that answers only after the streams have gone, or not before the deadline.
+        std::promise<void> answer;
+        std::promise<void> answered;
+        SocketStreamFactory asking(queue, closeFirst ? 10s : 20ms, [&](const auto&, auto) {
+            answer.get_future().wait();
+            answered.set_value_at_thread_exit();
+            return std::vector<SocketAddress>{loopbackAddress(silent.listener.port())};
+        });
+        open(asking, "unit.local", 23);
+        if (closeFirst)
+            release();
+        else
+            EXPECT_TRUE(runUntil([&] { return log == "in.error "; }));
+        answer.set_value();
+        answered.get_future().wait();
+        settle();
+        EXPECT_EQ(log, closeFirst ? "" : "in.error ");
+        EXPECT_EQ(openSockets(), before);
+    }
+}
+
+TEST_F(SocketStreams, BytesBeforeAResetComeFirstThenOneError) {
+    for (const bool reset : {false, true}) {
+        Listener listener;
+        auto peer = connect(listener);
+        const std::string sent(100000, 'r');
+        std::size_t count = 0;
+        while (count < sent.size())
+            count += peer.sendNow(sent.substr(count));
+        reset ? peer.reset() : peer.close();
+        ASSERT_TRUE(runUntil([&] { return log.ends_with("end ") || log.ends_with("error "); }));
+        settle();
+        EXPECT_EQ(received.size(), sent.size());
+        EXPECT_EQ(log.substr(log.rfind("bytes ")), reset ? "bytes in.error " : "bytes in.end ");
+        received.clear();
+        log.clear();
+    }
+}
+
+TEST_F(SocketStreams, ASlowReaderIsOfferedEverythingBeforeTheEnd) {
+    const struct {
+        std::size_t eachTime;
+        std::string expected;
+    } cases[] = {{4, "in.bytes in.bytes in.bytes in.end "}, {0, "in.bytes in.bytes in.end "}};
+    for (const auto& [eachTime, expected] : cases) {
+        Listener listener;
+        auto peer = connect(listener);
+        onBytes = [&, size = eachTime] { readSome(size); };
+        peer.send("0123456789");
+        settle();
+        peer.close();
+        ASSERT_TRUE(runUntil([&] { return log.ends_with("end "); }));
+        EXPECT_EQ(log, expected);
+        log.clear();
+    }
+    EXPECT_EQ(received, "0123456789");
+}
+
+TEST_F(SocketStreams, AFloodHoldsATurnForNoMoreThan64KiB) {
+    Listener listener;
+    auto peer = connect(listener);
+    const std::string flood(1 << 20, 'f');
+    std::size_t sent = 0;
+    std::size_t most = 0;
+    std::size_t before = 0;
+    std::size_t turns = 0;
+    // Posted work gets a turn between any two reads.
+    std::function<void()> turn = [&] {
+        ++turns;
+        most = std::max(most, received.size() - before);
+        before = received.size();
+        sent += peer.sendNow(std::string_view(flood).substr(std::min(sent, flood.size())));
+        if (received.size() < flood.size())
+            queue.post(turn);
+    };
+    queue.post(turn);
+    ASSERT_TRUE(runUntil([&] { return before == flood.size(); }));
+    EXPECT_LE(most, 65536U);
+    EXPECT_GE(turns, 16U);
+
+    // Nothing grows for a reader that has stopped.
+    received.clear();
+    onBytes = [] {};
+    for (int round = 0; round < 200; ++round) {
+        peer.sendNow(flood);
+        QCoreApplication::processEvents();
+    }
+    readAll();
+    EXPECT_EQ(received.size(), 65536U);
+}
+
+TEST_F(SocketStreams, NothingIsKeptForAPeerThatDoesNotRead) {
+    Listener listener;
+    auto peer = connect(listener);
+    const std::string command(4096, 'c');
+    std::size_t taken = 0;
+    std::vector<std::ptrdiff_t> counts;
+    do {
+        counts.push_back(pair.output->write(bytesOf(command)));
+        taken += static_cast<std::size_t>(counts.back());
+        ASSERT_GE(counts.back(), 0);
+    } while (counts.back() > 0 && counts.size() < 100000);
+    EXPECT_EQ(counts.back(), 0);
+    settle();
+    EXPECT_EQ(log, "");
+    std::size_t drained = 0;
+    while (drained < taken) {
+        const auto some = peer.receive(std::min<std::size_t>(65536, taken - drained)).size();
+        ASSERT_GT(some, 0U);
+        drained += some;
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(runUntil([&] { return !log.empty(); }));
+    settle();
+    EXPECT_EQ(log, "out.space ");
+    EXPECT_EQ(pair.output->write(bytesOf("fresh")), 5);
+    release();
+    EXPECT_EQ(peer.receiveAll(), "fresh");
+}
+
+TEST_F(SocketStreams, AFailedWriteIsFollowedByOneErrorBehindTheBytes) {
+    for (const bool inputClosed : {false, true}) {
+        Listener listener;
+        auto peer = connect(listener);
+        if (inputClosed)
+            pair.input->close();
+        peer.send("before");
+        peer.reset();
+        EXPECT_EQ(pair.output->write(bytesOf("x")), -1);
+        EXPECT_EQ(pair.output->write(bytesOf("x")), -1);
+        EXPECT_EQ(log, "");
+        ASSERT_TRUE(runUntil([&] { return log.ends_with("error "); }));
+        settle();
+        EXPECT_EQ(log, inputClosed ? "out.error " : "in.bytes in.error ");
+        log.clear();
+    }
+    EXPECT_EQ(received, "before");
+}
+
+TEST_F(SocketStreams, ADelegateMayDestroyTheStreamsInsideAnyEvent) {
+    const std::string events[] = {"in.open ", "out.open ", "in.bytes ", "in.end ", "in.error ", "out.space "};
+    for (const auto& event : events) {
+        Listener listener;
+        const int before = openSockets();
+        log.clear();
+        onBytes = [&] {
+            if (event != "in.bytes ")
+                readAll();
+        };
+        std::string last;
+        onEvent = [&](StreamEvent) {
+            last = log.substr(log.find_last_of(' ', log.size() - 2) + 1);
+            if (last == event)
+                release();
+        };
+        open(factory, "127.0.0.1", listener.port());
+        auto peer = listener.accept();
+        ASSERT_TRUE(runUntil([&] { return !pair.input || log.ends_with("out.open "); }));
+        if (event == "out.space ") {
+            while (pair.output->write(bytesOf(std::string(65536, 'x'))) > 0) {
+            }
+            peer.receive(200000);
+        } else if (pair.input) {
+            peer.send("bytes");
+            event == "in.error " ? peer.reset() : event == "in.end " ? peer.close() : void();
+        }
+        while (event == "out.space " && pair.input) {
+            peer.receive(65536);
+            QCoreApplication::processEvents();
+        }
+        ASSERT_TRUE(runUntil([&] { return !pair.input; })) << event;
+        settle();
+        EXPECT_EQ(last, event) << "nothing follows";
+        peer.close();
+        EXPECT_EQ(openSockets(), before) << event;
+    }
+}
+
+TEST_F(SocketStreams, EventsWaitForADelegateAndASchedule) {
+    Listener listener;
+    pair = factory.createPair("127.0.0.1", listener.port());
+    pair.input->open();
+    pair.output->open();
+    auto peer = listener.accept();
+    peer.send("early");
+    peer.close();
+    settle();
+    EXPECT_EQ(log, "");
+    pair.output->setDelegate(this);
+    pair.output->scheduleOnMainQueue();
+    settle();
+    EXPECT_EQ(log, "out.open ");
+    pair.input->scheduleOnMainQueue();
+    pair.input->setDelegate(this);
+    EXPECT_EQ(log, "out.open ") << "nothing is reported inside a call";
+    pair.input->removeFromMainQueue();
+    settle();
+    EXPECT_EQ(log, "out.open ");
+    pair.input->scheduleOnMainQueue();
+    settle();
+    EXPECT_EQ(log, "out.open in.open in.bytes in.end ");
+    EXPECT_EQ(received, "early");
+}
+
+TEST_F(SocketStreams, ALastCommandArrivesAlthoughBytesWereLeftUnread) {
+    Listener listener;
+    auto peer = connect(listener);
+    peer.send(std::string(3000, 'r'));
+    ASSERT_TRUE(runUntil([&] { return received.size() == 3000; }));
+    peer.send(std::string(3000, 'r')); // in the system's buffer, and never read
+    EXPECT_EQ(pair.output->write(bytesOf("[U1MZM1,1]")), 10);
+    pair.input->close();
+    EXPECT_EQ(pair.output->write(bytesOf("!")), 1) << "one direction is still open";
+    pair.output->close();
+    EXPECT_EQ(pair.output->write(bytesOf("!")), -1);
+    EXPECT_EQ(peer.receiveAll(), "[U1MZM1,1]!");
+}
+
+TEST_F(SocketStreams, APairIsCreatedAndDroppedOnAnyThread) {
+    Listener listener;
+    std::thread([&] {
+        factory.createPair("127.0.0.1", listener.port());
+        pair = factory.createPair("127.0.0.1", listener.port());
+    }).join();
+    pair.input->setDelegate(this);
+    pair.input->scheduleOnMainQueue();
+    pair.input->open();
+    EXPECT_TRUE(runUntil([&] { return log == "in.open "; }));
+}
+
+TEST_F(SocketStreams, RedirectionTakesEveryPairToOnePlace) {
+    Listener listener;
+    RedirectingStreamFactory redirecting(factory, {"127.0.0.1", listener.port()});
+    pair = redirecting.createPair("192.168.1.50", 23);
+    pair.output->open();
+    EXPECT_TRUE(runUntil([&] { return listener.accept(0).accepted(); }));
+}
+
+} // namespace
+} // namespace lumbra
