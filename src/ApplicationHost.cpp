@@ -1,0 +1,67 @@
+#include "ApplicationHost.h"
+
+#include "app/Settings.h"
+#include "platform/MemorySettingsStore.h"
+#include "qt/FileSettingsStore.h"
+#include "qt/FixedReachability.h"
+#include "qt/NetworkReachability.h"
+#include "qt/RedirectingStreamFactory.h"
+#include "qt/SocketAddress.h"
+#include "qt/SocketStreamFactory.h"
+#include "simulator/UnitServer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <optional>
+
+namespace lumbra {
+
+namespace {
+
+std::unique_ptr<SettingsStore> openSettings(const Options& options, MainQueue& queue) {
+    if (options.demo && options.settingsFile.isEmpty())
+        return std::make_unique<MemorySettingsStore>();
+    const auto path = !options.settingsFile.isEmpty()
+                          ? options.settingsFile
+                          : QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+                                .filePath(QStringLiteral("settings.json"));
+    return std::make_unique<FileSettingsStore>(queue, QFile::encodeName(path).toStdString());
+}
+
+/// The demo's unit answers to the number that the settings ask for.
+int demoUnitNumber(const SettingsStore& settings) {
+    const auto stored = settings.integer(UNIT_NUMBER_PREFERENCE);
+    return static_cast<int>(std::clamp(stored, MIN_UNIT_NUMBER, MAX_UNIT_NUMBER));
+}
+
+} // namespace
+
+ApplicationHost::ApplicationHost(const Options& options)
+    : settings_(openSettings(options, queue_)), sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
+    auto place = options.connectTo;
+    if (options.demo) {
+        demoUnit_ = std::make_unique<sim::UnitServer>(sim::Unit(demoUnitNumber(*settings_)));
+        if (!demoUnit_->listen()) {
+            error_ = QStringLiteral("The simulated unit can't listen on the loopback: ") +
+                     demoUnit_->errorString();
+            return;
+        }
+        place = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
+    }
+    if (place) {
+        redirection_ = std::make_unique<RedirectingStreamFactory>(*sockets_, *place);
+        if (isLoopbackHost(place->host))
+            reachability_ = std::make_unique<FixedReachability>(true);
+    }
+    if (!reachability_)
+        reachability_ = std::make_unique<NetworkReachability>();
+    application_ = std::make_unique<Application>(
+        Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_});
+}
+
+ApplicationHost::~ApplicationHost() = default;
+
+} // namespace lumbra

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Options.h"
+#include "app/Application.h"
+#include "qt/QtMainQueue.h"
+#include "qt/ThreadWorker.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace lumbra {
+
+namespace sim {
+class UnitServer;
+}
+
+/// The application with the platform under it, as the command line asks for it: the same for every front end.
+/// Needs the Qt application object. Main thread only.
+class ApplicationHost {
+public:
+    explicit ApplicationHost(const Options& options);
+    ~ApplicationHost();
+    ApplicationHost(const ApplicationHost&) = delete;
+    ApplicationHost& operator=(const ApplicationHost&) = delete;
+
+    /// Why there is no application; empty where there is one.
+    const QString& error() const { return error_; }
+    Application& application() { return *application_; }
+
+private:
+    QtMainQueue queue_;
+    ThreadWorker worker_;
+    std::unique_ptr<SettingsStore> settings_;
+    std::unique_ptr<sim::UnitServer> demoUnit_;
+    std::unique_ptr<StreamFactory> sockets_;
+    std::unique_ptr<StreamFactory> redirection_;
+    std::unique_ptr<Reachability> reachability_;
+    std::unique_ptr<Application> application_;
+    QString error_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,498 @@
+#include "console/CommandInterpreter.h"
+
+#include "app/Settings.h"
+#include "console/Numbers.h"
+#include "console/Words.h"
+#include "toolkit/ActivityIndicator.h"
+#include "toolkit/Button.h"
+#include "toolkit/Picker.h"
+#include "toolkit/SegmentedControl.h"
+#include "toolkit/Slider.h"
+#include "toolkit/Switch.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <optional>
+#include <utility>
+
+namespace lumbra {
+
+struct CommandTable {
+    using I = CommandInterpreter;
+    using A = Argument;
+    static constexpr std::array<ConsoleCommand, 15> COMMANDS{{
+        {"help", "", "lists the commands", 0, 0, {}, &I::help},
+        {"state", "", "shows the screen with its controls, the alert and the link", 0, 0, {}, &I::state},
+        {"tab", "NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
+        {"pick",
+         "CONTROL ROW",
+         "turns a picker to a row, counted from 0",
+         2,
+         2,
+         {A::Picker, A::Number},
+         &I::pick},
+        {"slide", "CONTROL VALUE", "moves a slider", 2, 2, {A::Slider, A::Number}, &I::slide},
+        {"switch", "CONTROL on|off|toggle", "flips a switch", 2, 2, {A::Switch, A::Position}, &I::flip},
+        {"segment",
+         "CONTROL INDEX",
+         "taps a segment, counted from 0",
+         2,
+         2,
+         {A::Segmented, A::Number},
+         &I::segment},
+        {"press", "CONTROL", "presses a button", 1, 1, {A::Button}, &I::press},
+        {"dismiss", "", "presses the button of the alert on show", 0, 0, {}, &I::dismiss},
+        {"get", "[KEY]", "shows the stored settings, or one", 0, 1, {A::SettingKey}, &I::get},
+        {"set",
+         "KEY VALUE",
+         "stores a setting; the application reads it when it comes back",
+         2,
+         2,
+         {A::SettingKey, A::StoredValue},
+         &I::set},
+        {"unset", "KEY", "removes a stored setting", 1, 1, {A::SettingKey}, &I::unset},
+        {"app",
+         "EVENT",
+         "sends the application away or back, in one step or in single ones",
+         1,
+         1,
+         {A::LifecycleEvent},
+         &I::app},
+        {"wait",
+         "SECONDS | answer|open|closed [SECONDS]",
+         "lets time pass, or waits for the unit's answer or the link, 5 seconds at most unless told",
+         1,
+         2,
+         {A::Awaited, A::Number},
+         &I::wait},
+        {"quit", "", "ends the application", 0, 0, {}, &I::quit},
+    }};
+};
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::nanoseconds LONGEST_ANSWER = 5s;
+
+struct LifecycleEvent {
+    std::string_view name;
+    std::array<void (Application::*)(), 2> steps;
+};
+constexpr std::array<LifecycleEvent, 6> LIFECYCLE_EVENTS{{
+    {"resign-active", {&Application::resignActive}},
+    {"enter-background", {&Application::enterBackground}},
+    {"enter-foreground", {&Application::enterForeground}},
+    {"become-active", {&Application::becomeActive}},
+    {"away", {&Application::resignActive, &Application::enterBackground}},
+    {"back", {&Application::enterForeground, &Application::becomeActive}},
+}};
+constexpr std::array<std::string_view, 3> SWITCH_POSITIONS{"on", "off", "toggle"};
+constexpr std::array<std::string_view, 3> AWAITED{"answer", "open", "closed"};
+constexpr std::array<std::string_view, 2> FLAGS{"true", "false"};
+
+/// "one", "one and two", "one, two and three".
+template <class Range, class NameOf>
+std::string listed(const Range& range, NameOf nameOfElement) {
+    std::string list;
+    std::size_t left = range.size();
+    for (const auto& element : range) {
+        list += nameOfElement(element);
+        --left;
+        list += left == 0 ? "" : left == 1 ? " and " : ", ";
+    }
+    return list;
+}
+
+std::string_view kindInWords(Control::Kind kind) {
+    switch (kind) {
+    case Control::Kind::Picker:
+        return "a picker";
+    case Control::Kind::Slider:
+        return "a slider";
+    case Control::Kind::Switch:
+        return "a switch";
+    case Control::Kind::Segmented:
+        return "a segmented control";
+    case Control::Kind::Label:
+        return "a label";
+    case Control::Kind::ActivityIndicator:
+        return "an activity indicator";
+    case Control::Kind::Button:
+        return "a button";
+    }
+    return {};
+}
+
+template <class Type>
+constexpr Control::Kind KIND = Control::Kind::Label;
+template <>
+constexpr Control::Kind KIND<Picker> = Control::Kind::Picker;
+template <>
+constexpr Control::Kind KIND<Slider> = Control::Kind::Slider;
+template <>
+constexpr Control::Kind KIND<Switch> = Control::Kind::Switch;
+template <>
+constexpr Control::Kind KIND<SegmentedControl> = Control::Kind::Segmented;
+template <>
+constexpr Control::Kind KIND<Button> = Control::Kind::Button;
+
+std::optional<Control::Kind> kindOf(Argument argument) {
+    switch (argument) {
+    case Argument::Picker:
+        return Control::Kind::Picker;
+    case Argument::Slider:
+        return Control::Kind::Slider;
+    case Argument::Switch:
+        return Control::Kind::Switch;
+    case Argument::Segmented:
+        return Control::Kind::Segmented;
+    case Argument::Button:
+        return Control::Kind::Button;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// Picks one of the `count` things called `what` by the position in `text`.
+template <class Move>
+Outcome choose(const std::string& control, std::string_view what, const std::string& text, std::size_t count,
+               Move moveTo) {
+    const auto position = parseWhole(text);
+    if (!position && text.find_first_not_of("+-0123456789") != std::string::npos)
+        return Failed{control + ": \"" + text + "\" is not a whole number"};
+    if (!position || *position < 0 || *position >= static_cast<std::int64_t>(count)) {
+        const auto there = count == 0   ? " at all yet"
+                           : count == 1 ? "; there is only 0"
+                                        : "; there are 0 to " + std::to_string(count - 1);
+        return Failed{control + ": no " + std::string(what) + " " + text + there};
+    }
+    moveTo(static_cast<int>(*position));
+    return Done{};
+}
+
+const SettingEntry* findSetting(const std::string& key) {
+    const auto* found = std::find_if(SETTINGS.begin(), SETTINGS.end(),
+                                     [&](const SettingEntry& entry) { return entry.key == key; });
+    return found == SETTINGS.end() ? nullptr : found;
+}
+
+Failed noSuchSetting(const std::string& key) {
+    return {key + ": no such setting; there are " +
+            listed(SETTINGS, [](const SettingEntry& entry) { return entry.key; })};
+}
+
+} // namespace
+
+CommandInterpreter::CommandInterpreter(Application& application, Report& report,
+                                       std::function<void()> resumed)
+    : application_(application), report_(report), resumed_(std::move(resumed)) {}
+
+std::span<const ConsoleCommand> CommandInterpreter::commands() {
+    return CommandTable::COMMANDS;
+}
+
+void CommandInterpreter::execute(const Line& line) {
+    assert(!isHeld() && !hasQuit_);
+    if (line.text.starts_with('#'))
+        return;
+    auto [words, error] = splitWords(line.text);
+    if (words.empty() && error.empty())
+        return;
+    command_ = words.empty() ? std::string() : words.front();
+    const auto* command = std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
+                                       [&](const ConsoleCommand& known) { return known.name == command_; });
+    const auto arguments = Arguments(words).subspan(words.empty() ? 0 : 1);
+    if (line.tooLong)
+        answer(command_,
+               Failed{"a line may have at most " + std::to_string(LineBuffer::MAX_LINE) + " bytes"});
+    else if (!error.empty())
+        answer(command_, Failed{error});
+    else if (command == CommandTable::COMMANDS.end())
+        answer(command_, Failed{command_ + ": no such command; \"help\" lists those there are"});
+    else if (arguments.size() < command->fewest || arguments.size() > command->most)
+        answer(command_,
+               Failed{command->most == 0 ? command_ + " stands alone"
+                                         : "usage: " + command_ + " " + std::string(command->arguments)});
+    else
+        answer(command_, (this->*command->run)(arguments));
+}
+
+void CommandInterpreter::answer(std::string_view command, const Outcome& outcome) {
+    if (std::holds_alternative<Done>(outcome))
+        report_.done(command);
+    if (const auto* failed = std::get_if<Failed>(&outcome)) {
+        hasFailed_ = true;
+        report_.failed(command, failed->error);
+    }
+}
+
+void CommandInterpreter::terminate() {
+    if (!std::exchange(hasQuit_, true))
+        application_.terminate();
+}
+
+const View& CommandInterpreter::screen() const {
+    return application_.tabs().selectedViewController()->view();
+}
+
+Outcome CommandInterpreter::help(Arguments) {
+    report_.help(command_, commands());
+    return Answered{};
+}
+
+Outcome CommandInterpreter::state(Arguments) {
+    report_.state(command_, application_.tabs(), application_.alerts().shown(),
+                  application_.link().linkState());
+    return Answered{};
+}
+
+Outcome CommandInterpreter::tab(Arguments arguments) {
+    auto& tabs = application_.tabs();
+    const auto& controllers = tabs.viewControllers();
+    const auto& wanted = arguments[0];
+    const auto named = std::find_if(controllers.begin(), controllers.end(), [&](const auto& controller) {
+        return controller->view().name() == wanted;
+    });
+    const auto count = static_cast<std::int64_t>(controllers.size());
+    const auto position =
+        named != controllers.end() ? named - controllers.begin() : parseWhole(wanted).value_or(-1);
+    if (position < 0 || position >= count)
+        return Failed{wanted + ": no such tab; there are " +
+                      listed(controllers, [](const auto& controller) { return controller->view().name(); })};
+    tabs.selectByUser(static_cast<int>(position));
+    return Done{};
+}
+
+template <class Type, class Move>
+Outcome CommandInterpreter::move(const std::string& name, Move moveControl) {
+    // An action may change the tabs, which must not end the control under it.
+    const auto control = screen().find(name);
+    if (!control)
+        return Failed{name + ": no such control on the " + screen().name() + " screen"};
+    if (control->kind() != KIND<Type>)
+        return Failed{name + ": " + std::string(kindInWords(control->kind())) + ", not " +
+                      std::string(kindInWords(KIND<Type>))};
+    if (!control->isEnabled())
+        return Failed{name + ": disabled"};
+    return moveControl(static_cast<Type&>(*control));
+}
+
+Outcome CommandInterpreter::pick(Arguments arguments) {
+    return move<Picker>(arguments[0], [&](Picker& picker) {
+        return choose(arguments[0], "row", arguments[1], picker.rows().size(),
+                      [&](int row) { picker.pickByUser(row); });
+    });
+}
+
+Outcome CommandInterpreter::slide(Arguments arguments) {
+    return move<Slider>(arguments[0], [&](Slider& slider) -> Outcome {
+        const auto value = parseLevel(arguments[1]);
+        if (!value)
+            return Failed{arguments[0] + ": \"" + arguments[1] + "\" is not a number"};
+        slider.slideByUser(*value);
+        return Done{};
+    });
+}
+
+Outcome CommandInterpreter::flip(Arguments arguments) {
+    return move<Switch>(arguments[0], [&](Switch& control) -> Outcome {
+        const auto& position = arguments[1];
+        if (std::find(SWITCH_POSITIONS.begin(), SWITCH_POSITIONS.end(), position) == SWITCH_POSITIONS.end())
+            return Failed{arguments[0] + ": no position \"" + position + "\"; there are on, off and toggle"};
+        control.flipByUser(position == "toggle" ? !control.isOn() : position == "on");
+        return Done{};
+    });
+}
+
+Outcome CommandInterpreter::segment(Arguments arguments) {
+    return move<SegmentedControl>(arguments[0], [&](SegmentedControl& control) {
+        return choose(arguments[0], "segment", arguments[1], control.segments().size(),
+                      [&](int segment) { control.tapByUser(segment); });
+    });
+}
+
+Outcome CommandInterpreter::press(Arguments arguments) {
+    return move<Button>(arguments[0], [](Button& button) {
+        button.pressByUser();
+        return Done{};
+    });
+}
+
+Outcome CommandInterpreter::dismiss(Arguments) {
+    if (!application_.alerts().dismissByUser())
+        return Failed{"no alert is on show"};
+    return Done{};
+}
+
+Outcome CommandInterpreter::get(Arguments arguments) {
+    std::vector<StoredSetting> stored;
+    for (const auto& entry : SETTINGS)
+        if (arguments.empty() || entry.key == arguments[0])
+            stored.push_back({entry.key, application_.settings().value(entry.key)});
+    if (stored.empty())
+        return noSuchSetting(arguments[0]);
+    report_.settings(command_, stored);
+    return Answered{};
+}
+
+Outcome CommandInterpreter::set(Arguments arguments) {
+    const auto& key = arguments[0];
+    const auto& text = arguments[1];
+    const auto* entry = findSetting(key);
+    if (!entry)
+        return noSuchSetting(key);
+    SettingValue value = text;
+    if (entry->type == SettingEntry::Type::Integer) {
+        const auto number = parseWhole(text);
+        if (!number)
+            return Failed{key + ": \"" + text + "\" is not a whole number"};
+        value = *number;
+    } else if (entry->type == SettingEntry::Type::Flag) {
+        if (std::find(FLAGS.begin(), FLAGS.end(), text) == FLAGS.end())
+            return Failed{key + ": \"" + text + "\" is neither true nor false"};
+        value = text == "true";
+    }
+    application_.settings().setValue(key, std::move(value));
+    application_.settings().flush();
+    return Done{};
+}
+
+Outcome CommandInterpreter::unset(Arguments arguments) {
+    if (!findSetting(arguments[0]))
+        return noSuchSetting(arguments[0]);
+    application_.settings().remove(arguments[0]);
+    application_.settings().flush();
+    return Done{};
+}
+
+Outcome CommandInterpreter::app(Arguments arguments) {
+    const auto* event = std::find_if(LIFECYCLE_EVENTS.begin(), LIFECYCLE_EVENTS.end(),
+                                     [&](const LifecycleEvent& known) { return known.name == arguments[0]; });
+    if (event == LIFECYCLE_EVENTS.end())
+        return Failed{arguments[0] + ": no such event; there are " +
+                      listed(LIFECYCLE_EVENTS, [](const LifecycleEvent& known) { return known.name; })};
+    for (const auto step : event->steps)
+        if (step)
+            (application_.*step)();
+    return Done{};
+}
+
+Outcome CommandInterpreter::wait(Arguments arguments) {
+    const auto& awaited = arguments[0];
+    if (const auto time = parseSeconds(awaited); time && arguments.size() == 1) {
+        held_ = std::make_shared<Wait>(Wait{command_, nullptr, {}});
+        application_.queue().postAfter(*time, [this, weak = std::weak_ptr(held_)] { endHeld(weak, Done{}); });
+        return Held{};
+    }
+    auto longest = std::optional(LONGEST_ANSWER);
+    if (arguments.size() == 2)
+        longest = parseSeconds(arguments[1]);
+    if (!longest)
+        return Failed{"\"" + arguments[1] + "\" is not a time in seconds"};
+
+    auto& link = application_.link();
+    if (awaited == "answer") {
+        const auto spinner = std::static_pointer_cast<ActivityIndicator>(screen().find("spinner"));
+        held_ = std::make_shared<Wait>(Wait{command_, [spinner] { return !spinner->isAnimating(); },
+                                            spinner->onChange([this] { checkHeld(); })});
+    } else if (awaited == "open" || awaited == "closed") {
+        const auto state = awaited == "open" ? LinkState::Open : LinkState::Closed;
+        held_ = std::make_shared<Wait>(Wait{command_, [&link, state] { return link.linkState() == state; },
+                                            link.onLinkChange([this] { checkHeld(); })});
+    } else if (arguments.size() == 2) {
+        return Failed{"\"" + awaited + "\" can't be waited for; there are answer, open and closed"};
+    } else {
+        return Failed{"\"" + awaited + "\" is neither a time in seconds nor answer, open or closed"};
+    }
+    checkHeld();
+    if (!held_->isEnding) {
+        application_.queue().postAfter(*longest, [this, weak = std::weak_ptr(held_), awaited = awaited] {
+            const auto wait = weak.lock();
+            if (!wait || wait->isEnding)
+                return;
+            const auto now = std::string(nameOf(application_.link().linkState()));
+            endHeld(weak, Failed{awaited == "answer" ? "the unit has not answered in time; the link is " + now
+                                                     : "the link is still " + now + ", not " + awaited});
+        });
+    }
+    return Held{};
+}
+
+void CommandInterpreter::checkHeld() {
+    if (held_->isEnding || !held_->isOver())
+        return;
+    held_->isEnding = true;
+    // What the application has posted by now, as the query of a link that has just opened, comes before the
+    // next command.
+    application_.queue().post([this, weak = std::weak_ptr(held_)] { endHeld(weak, Done{}); });
+}
+
+void CommandInterpreter::endHeld(const std::weak_ptr<Wait>& weak, const Outcome& outcome) {
+    const auto wait = weak.lock();
+    if (!wait)
+        return;
+    held_.reset();
+    answer(wait->command, outcome);
+    resumed_();
+}
+
+Outcome CommandInterpreter::quit(Arguments) {
+    terminate();
+    return Done{};
+}
+
+std::vector<std::string> CommandInterpreter::completions(std::string_view line) const {
+    const auto start = line.find_last_of(" \t") + 1;
+    const auto begun = line.substr(start);
+    const auto before = splitWords(line.substr(0, start)).words;
+
+    std::vector<std::string> words;
+    const auto offer = [&](std::string_view word) {
+        if (word.starts_with(begun))
+            words.emplace_back(word);
+    };
+    if (before.empty()) {
+        for (const auto& command : commands())
+            offer(command.name);
+        return words;
+    }
+    const auto* command = std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
+                                       [&](const ConsoleCommand& known) { return known.name == before[0]; });
+    if (command == CommandTable::COMMANDS.end() || before.size() > command->kinds.size())
+        return words;
+    const auto argument = command->kinds[before.size() - 1];
+    switch (argument) {
+    case Argument::Tab:
+        for (const auto& controller : application_.tabs().viewControllers())
+            offer(controller->view().name());
+        break;
+    case Argument::Position:
+        std::for_each(SWITCH_POSITIONS.begin(), SWITCH_POSITIONS.end(), offer);
+        break;
+    case Argument::SettingKey:
+        for (const auto& entry : SETTINGS)
+            offer(entry.key);
+        break;
+    case Argument::StoredValue:
+        if (const auto* entry = findSetting(before[1]); entry && entry->type == SettingEntry::Type::Flag)
+            std::for_each(FLAGS.begin(), FLAGS.end(), offer);
+        break;
+    case Argument::LifecycleEvent:
+        for (const auto& event : LIFECYCLE_EVENTS)
+            offer(event.name);
+        break;
+    case Argument::Awaited:
+        std::for_each(AWAITED.begin(), AWAITED.end(), offer);
+        break;
+    default:
+        for (const auto& item : screen().items())
+            if (kindOf(argument) == item.control->kind())
+                offer(item.name);
+        break;
+    }
+    return words;
+}
+
+} // namespace lumbra

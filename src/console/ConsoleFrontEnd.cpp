@@ -1,0 +1,163 @@
+#include "console/ConsoleFrontEnd.h"
+
+#include "console/JsonReport.h"
+#include "console/TextReport.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstddef>
+#include <cstdlib>
+#include <string_view>
+#include <unistd.h>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+// Commands of one turn of the main loop: a flood of them leaves room for the unit.
+constexpr int COMMANDS_A_TURN = 16;
+constexpr std::chrono::milliseconds CONGESTION_PAUSE{2};
+
+bool canEditLines(const ConsoleOptions& options) {
+    const char* terminal =
+        std::getenv("TERM"); // NOLINT(concurrency-mt-unsafe): nothing writes the environment
+    const std::string_view name = terminal ? terminal : "";
+    return !options.json && options.input == STDIN_FILENO && options.output == STDOUT_FILENO &&
+           ::isatty(options.input) != 0 && ::isatty(options.output) != 0 && !name.empty() && name != "dumb";
+}
+
+} // namespace
+
+ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& watcher,
+                                 const ConsoleOptions& options, std::function<void(int)> quit)
+    : application_(application),
+      watcher_(watcher),
+      options_(options),
+      quit_(std::move(quit)),
+      inputIsTerminal_(::isatty(options.input) != 0),
+      endSignals_({SIGTERM, SIGINT, SIGHUP}),
+      windowSignals_({SIGWINCH, SIGCONT}),
+      editor_(canEditLines(options)
+                  ? std::make_unique<LineEditor>(LineEditor::Delegate{
+                        [this](std::string line) { typed_.push_back({std::move(line)}); },
+                        [this] { inputEnded_ = true; },
+                        [this](std::string_view line) { return interpreter_.completions(line); }})
+                  : nullptr),
+      output_(options.output, endSignals_.descriptor(), application.queue(),
+              editor_ ? std::function<void(bool)>(
+                            [this](bool begins) { begins ? editor_->hide() : editor_->show(); })
+                      : nullptr),
+      report_(options.json ? std::unique_ptr<Report>(std::make_unique<JsonReport>(output_))
+                           : std::make_unique<TextReport>(output_)),
+      events_(application, *report_),
+      interpreter_(application, *report_, [this] { pump(); }) {}
+
+ConsoleFrontEnd::~ConsoleFrontEnd() = default;
+
+void ConsoleFrontEnd::start() {
+    // A closed output is an error of a write.
+    std::signal(SIGPIPE, SIG_IGN);
+    application_.launch();
+    output_.flush();
+    endWatch_ = watcher_.watchReadable(endSignals_.descriptor(), [this] { end(true); });
+    if (editor_)
+        windowWatch_ = watcher_.watchReadable(windowSignals_.descriptor(), [this] { readWindowSignals(); });
+    inputWatch_ = watcher_.watchReadable(options_.input, [this] { readInput(); });
+    pump();
+}
+
+void ConsoleFrontEnd::readInput() {
+    if (editor_) {
+        editor_->readKeys();
+        pump();
+        return;
+    }
+    std::array<char, 16384> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): read fills it
+    const auto count = ::read(options_.input, buffer.data(), buffer.size());
+    if (count > 0) {
+        lines_.append({buffer.data(), static_cast<std::size_t>(count)});
+    } else if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
+        lines_.end();
+        inputEnded_ = true;
+    }
+    pump();
+}
+
+void ConsoleFrontEnd::readWindowSignals() {
+    while (windowSignals_.next()) {
+    }
+    editor_->windowChanged();
+}
+
+std::optional<Line> ConsoleFrontEnd::nextLine() {
+    if (!editor_)
+        return lines_.next();
+    if (typed_.empty())
+        return std::nullopt;
+    auto line = std::move(typed_.front());
+    typed_.pop_front();
+    return line;
+}
+
+void ConsoleFrontEnd::pump() {
+    if (ended_)
+        return;
+    // While commands wait the input does too, so that they are all that is kept of it.
+    inputWatch_->setEnabled(false);
+    for (int count = 0; !interpreter_.isHeld(); ++count) {
+        if (count == COMMANDS_A_TURN || output_.isCongested()) {
+            pumpLater();
+            return;
+        }
+        const auto line = nextLine();
+        if (!line)
+            break;
+        interpreter_.execute(*line);
+        if (interpreter_.hasQuit()) {
+            end(false);
+            return;
+        }
+    }
+    if (interpreter_.isHeld())
+        return;
+    if (inputEnded_) {
+        end(false);
+        return;
+    }
+    if (editor_ && !editor_->isPrompting()) {
+        output_.flush();
+        editor_->prompt(application_.tabs().selectedViewController()->view().name() + "> ");
+    }
+    inputWatch_->setEnabled(true);
+}
+
+void ConsoleFrontEnd::pumpLater() {
+    auto work = [this, weak = std::weak_ptr(life_)] {
+        if (!weak.expired())
+            pump();
+    };
+    if (output_.isCongested())
+        application_.queue().postAfter(CONGESTION_PAUSE, std::move(work));
+    else
+        application_.queue().post(std::move(work));
+}
+
+void ConsoleFrontEnd::end(bool atOnce) {
+    if (std::exchange(ended_, true))
+        return;
+    inputWatch_.reset();
+    endWatch_.reset();
+    windowWatch_.reset();
+    interpreter_.terminate();
+    if (atOnce)
+        output_.flush();
+    else
+        output_.finish();
+    editor_.reset();
+    quit_(interpreter_.hasFailed() && !inputIsTerminal_ ? 1 : 0);
+}
+
+} // namespace lumbra

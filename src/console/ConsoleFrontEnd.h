@@ -1,0 +1,72 @@
+#pragma once
+
+#include "app/Application.h"
+#include "console/CommandInterpreter.h"
+#include "console/DescriptorOutput.h"
+#include "console/EventReporter.h"
+#include "console/LineBuffer.h"
+#include "console/LineEditor.h"
+#include "console/Report.h"
+#include "console/SignalPipe.h"
+#include "platform/DescriptorWatch.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace lumbra {
+
+struct ConsoleOptions {
+    bool json = false; ///< for programs, not people
+    int input = 0;
+    int output = 1;
+};
+
+/// The console: shows the application's controls as text and moves them by commands. Main thread only.
+class ConsoleFrontEnd {
+public:
+    /// `quit` is called once, with the program's exit status, when the application has terminated. The
+    /// references outlive the front end.
+    ConsoleFrontEnd(Application& application, DescriptorWatcher& watcher, const ConsoleOptions& options,
+                    std::function<void(int exitStatus)> quit);
+    ~ConsoleFrontEnd();
+    ConsoleFrontEnd(const ConsoleFrontEnd&) = delete;
+    ConsoleFrontEnd& operator=(const ConsoleFrontEnd&) = delete;
+
+    /// Launches the application, then reads commands.
+    void start();
+
+private:
+    void readInput();
+    void readWindowSignals();
+    void pump();
+    void pumpLater();
+    std::optional<Line> nextLine();
+    void end(bool atOnce);
+
+    Application& application_;
+    DescriptorWatcher& watcher_;
+    ConsoleOptions options_;
+    std::function<void(int)> quit_;
+    bool inputIsTerminal_;
+
+    SignalPipe endSignals_;
+    SignalPipe windowSignals_;
+    std::unique_ptr<LineEditor> editor_; ///< on a terminal only
+    DescriptorOutput output_;
+    std::unique_ptr<Report> report_;
+    EventReporter events_;
+    CommandInterpreter interpreter_;
+
+    LineBuffer lines_;
+    std::deque<Line> typed_;
+    bool inputEnded_ = false;
+    bool ended_ = false;
+    std::unique_ptr<DescriptorWatch> inputWatch_;
+    std::unique_ptr<DescriptorWatch> endWatch_;
+    std::unique_ptr<DescriptorWatch> windowWatch_;
+    std::shared_ptr<char> life_ = std::make_shared<char>();
+};
+
+} // namespace lumbra

@@ -1,0 +1,97 @@
+#include "console/DescriptorOutput.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <climits>
+#include <poll.h>
+#include <unistd.h>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+// How often a reader that has fallen behind is looked at.
+constexpr std::chrono::milliseconds PATIENCE{5};
+
+} // namespace
+
+DescriptorOutput::DescriptorOutput(int descriptor, int interrupt, MainQueue& queue,
+                                   std::function<void(bool)> around)
+    : descriptor_(descriptor), interrupt_(interrupt), queue_(queue), around_(std::move(around)) {}
+
+void DescriptorOutput::write(std::string_view lines) {
+    if (closed_)
+        return;
+    pending_ += lines;
+    if (pending_.size() - written_ > MOST_PENDING)
+        writeDownTo(MOST_PENDING);
+    if (!scheduled_)
+        scheduleFlush(false);
+}
+
+void DescriptorOutput::scheduleFlush(bool later) {
+    scheduled_ = true;
+    auto work = [this, weak = std::weak_ptr(life_)] {
+        if (weak.expired())
+            return;
+        scheduled_ = false;
+        flush();
+    };
+    if (later)
+        queue_.postAfter(PATIENCE, std::move(work));
+    else
+        queue_.post(std::move(work));
+}
+
+void DescriptorOutput::flush() {
+    writeDownTo(pending_.size());
+    if (!pending_.empty() && !scheduled_)
+        scheduleFlush(true);
+}
+
+void DescriptorOutput::finish() {
+    writeDownTo(0);
+}
+
+bool DescriptorOutput::waitForReader(int milliseconds) {
+    pollfd descriptors[] = {{descriptor_, POLLOUT, 0}, {interrupt_, POLLIN, 0}};
+    while (::poll(descriptors, 2, milliseconds) < 0 && errno == EINTR) {
+    }
+    if (milliseconds != 0 && descriptors[1].revents != 0 && descriptors[0].revents == 0)
+        closed_ = true;
+    return descriptors[0].revents != 0;
+}
+
+void DescriptorOutput::writeDownTo(std::size_t mostLeft) {
+    if (pending_.empty())
+        return;
+    if (around_)
+        around_(true);
+    while (!closed_ && written_ < pending_.size()) {
+        const bool mayWait = pending_.size() - written_ > mostLeft;
+        if (!waitForReader(mayWait ? -1 : 0)) {
+            if (mayWait)
+                continue;
+            break;
+        }
+        // A pipe that polls as writable takes this much without blocking.
+        const auto count = std::min<std::size_t>(pending_.size() - written_, PIPE_BUF);
+        const auto result = ::write(descriptor_, pending_.data() + written_, count);
+        if (result >= 0)
+            written_ += static_cast<std::size_t>(result);
+        else if (errno != EINTR && errno != EAGAIN)
+            closed_ = true;
+    }
+    if (closed_ || written_ == pending_.size()) {
+        pending_.clear();
+        written_ = 0;
+    } else if (written_ > pending_.size() / 2) {
+        pending_.erase(0, std::exchange(written_, 0));
+    }
+    if (around_)
+        around_(false);
+}
+
+} // namespace lumbra

@@ -1,0 +1,215 @@
+#include "console/JsonReport.h"
+
+#include "console/ConsoleCommand.h"
+#include "console/Numbers.h"
+#include "console/Utf8.h"
+#include "toolkit/ActivityIndicator.h"
+#include "toolkit/Button.h"
+#include "toolkit/Label.h"
+#include "toolkit/Picker.h"
+#include "toolkit/SegmentedControl.h"
+#include "toolkit/Slider.h"
+#include "toolkit/Switch.h"
+
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace lumbra {
+
+namespace {
+
+/// Writes the members of one object; every string is made valid UTF-8.
+class Json {
+public:
+    explicit Json(rapidjson::StringBuffer& buffer) : writer_(buffer) {}
+
+    template <class Value>
+    Json& field(std::string_view name, const Value& value) {
+        text(name);
+        put(value);
+        return *this;
+    }
+    template <class Write>
+    Json& object(std::string_view name, Write write) {
+        text(name);
+        element(write);
+        return *this;
+    }
+    template <class Write>
+    void element(Write write) {
+        writer_.StartObject();
+        write(*this);
+        writer_.EndObject();
+    }
+    template <class Range, class Write>
+    Json& array(std::string_view name, const Range& range, Write write) {
+        text(name);
+        writer_.StartArray();
+        for (const auto& element : range)
+            write(*this, element);
+        writer_.EndArray();
+        return *this;
+    }
+    Json& null(std::string_view name) {
+        text(name);
+        writer_.Null();
+        return *this;
+    }
+    void text(std::string_view value) {
+        if (isUtf8(value))
+            writer_.String(value.data(), static_cast<rapidjson::SizeType>(value.size()));
+        else
+            text(toValidUtf8(value));
+    }
+
+private:
+    void put(std::string_view value) { text(value); }
+    void put(const std::string& value) { text(value); }
+    void put(const char* value) { text(value); }
+    void put(bool value) { writer_.Bool(value); }
+    void put(int value) { writer_.Int(value); }
+    void put(std::int64_t value) { writer_.Int64(value); }
+    void put(float value) {
+        const auto number = decimalOf(value);
+        writer_.RawValue(number.data(), number.size(), rapidjson::kNumberType);
+    }
+
+    rapidjson::Writer<rapidjson::StringBuffer> writer_;
+};
+
+void texts(Json& json, std::string_view name, const std::vector<std::string>& values) {
+    json.array(name, values, [](Json& array, const std::string& value) { array.text(value); });
+}
+
+void tabs(Json& json, const TabBarController& tabs) {
+    json.field("screen", tabs.selectedViewController()->view().name());
+    json.array("tabs", tabs.viewControllers(),
+               [](Json& array, const auto& controller) { array.text(controller->view().name()); });
+    json.field("selected", tabs.selectedIndex());
+}
+
+void alertFields(Json& json, const Alert& alert) {
+    json.field("title", alert.title).field("message", alert.message).field("button", alert.button);
+}
+
+void control(Json& json, const Control& control) {
+    switch (control.kind()) {
+    case Control::Kind::Picker: {
+        const auto& picker = static_cast<const Picker&>(control);
+        texts(json.field("kind", "picker"), "rows", picker.rows());
+        json.field("selected", picker.selected()).field("color", nameOf(picker.color()));
+        return;
+    }
+    case Control::Kind::Slider: {
+        const auto& slider = static_cast<const Slider&>(control);
+        json.field("kind", "slider").field("value", slider.value()).field("min", slider.minimum());
+        json.field("max", slider.maximum()).field("enabled", slider.isEnabled());
+        return;
+    }
+    case Control::Kind::Switch:
+        json.field("kind", "switch").field("on", static_cast<const Switch&>(control).isOn());
+        json.field("enabled", control.isEnabled());
+        return;
+    case Control::Kind::Segmented: {
+        const auto& segmented = static_cast<const SegmentedControl&>(control);
+        texts(json.field("kind", "segmented"), "segments", segmented.segments());
+        json.field("selected", segmented.selected()).field("enabled", segmented.isEnabled());
+        return;
+    }
+    case Control::Kind::Label:
+        json.field("kind", "label").field("text", static_cast<const Label&>(control).text());
+        return;
+    case Control::Kind::ActivityIndicator:
+        json.field("kind", "activityIndicator");
+        json.field("animating", static_cast<const ActivityIndicator&>(control).isAnimating());
+        return;
+    case Control::Kind::Button:
+        json.field("kind", "button").field("title", static_cast<const Button&>(control).title());
+        return;
+    }
+}
+
+} // namespace
+
+template <class Write>
+void JsonReport::line(Write write) {
+    rapidjson::StringBuffer buffer;
+    Json(buffer).element(write);
+    buffer.Put('\n');
+    output_.write({buffer.GetString(), buffer.GetSize()});
+}
+
+void JsonReport::done(std::string_view command) {
+    line([&](Json& json) { json.field("reply", command).field("ok", true); });
+}
+
+void JsonReport::failed(std::string_view command, std::string_view error) {
+    line([&](Json& json) { json.field("reply", command).field("ok", false).field("error", error); });
+}
+
+void JsonReport::state(std::string_view command, const TabBarController& tabBar,
+                       const std::optional<Alert>& alert, LinkState link) {
+    line([&](Json& json) {
+        tabs(json.field("reply", command).field("ok", true), tabBar);
+        json.object("controls", [&](Json& controls) {
+            for (const auto& item : tabBar.selectedViewController()->view().items())
+                controls.object(item.name, [&](Json& fields) { control(fields, *item.control); });
+        });
+        if (alert)
+            json.object("alert", [&](Json& fields) { alertFields(fields, *alert); });
+        else
+            json.null("alert");
+        json.field("link", nameOf(link));
+    });
+}
+
+void JsonReport::settings(std::string_view command, std::span<const StoredSetting> settings) {
+    line([&](Json& json) {
+        json.field("reply", command).field("ok", true).object("settings", [&](Json& stored) {
+            for (const auto& [key, value] : settings) {
+                if (value)
+                    std::visit([&, name = key](const auto& plain) { stored.field(name, plain); }, *value);
+                else
+                    stored.null(key);
+            }
+        });
+    });
+}
+
+void JsonReport::help(std::string_view command, std::span<const ConsoleCommand> commands) {
+    line([&](Json& json) {
+        json.field("reply", command).field("ok", true);
+        json.array("commands", commands, [](Json& array, const ConsoleCommand& entry) {
+            array.element([&](Json& fields) {
+                fields.field("name", entry.name)
+                    .field("arguments", entry.arguments)
+                    .field("help", entry.help);
+            });
+        });
+    });
+}
+
+void JsonReport::screenChanged(const TabBarController& tabBar) {
+    line([&](Json& json) { tabs(json.field("event", "screen"), tabBar); });
+}
+
+void JsonReport::controlChanged(const View& screen, const View::Item& item) {
+    line([&](Json& json) {
+        json.field("event", "control").field("screen", screen.name()).field("control", item.name);
+        json.object("state", [&](Json& fields) { control(fields, *item.control); });
+    });
+}
+
+void JsonReport::alertAskedFor(const Alert& alert) {
+    line([&](Json& json) { alertFields(json.field("event", "alert"), alert); });
+}
+
+void JsonReport::linkChanged(LinkState link) {
+    line([&](Json& json) { json.field("event", "link").field("link", nameOf(link)); });
+}
+
+} // namespace lumbra

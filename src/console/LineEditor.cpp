@@ -1,0 +1,133 @@
+#include "console/LineEditor.h"
+
+#include <editline/readline.h>
+
+#include <algorithm>
+#include <cassert>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <unistd.h>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+// The terminal library calls plain functions.
+LineEditor* editor = nullptr;
+std::vector<std::string> offered;
+
+/// How many columns the library takes to show `text`, which is in the locale's encoding.
+std::size_t columnsOf(std::string_view text) {
+    std::size_t columns = 0;
+    std::mbstate_t state{};
+    while (!text.empty()) {
+        wchar_t character = 0;
+        const auto length = std::mbrtowc(&character, text.data(), text.size(), &state);
+        if (length == 0 || length > text.size()) { // not a character: shown as an octal number
+            state = {};
+            columns += 4;
+            text.remove_prefix(1);
+            continue;
+        }
+        const int width = ::wcwidth(character);
+        columns += width >= 0 ? static_cast<std::size_t>(width) : 2; // a control character: ^A
+        text.remove_prefix(length);
+    }
+    return columns;
+}
+
+void print(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    std::fflush(stdout);
+}
+
+char* offer(const char*, int state) {
+    const auto index = static_cast<std::size_t>(state);
+    return index < offered.size() ? ::strdup(offered[index].c_str()) : nullptr;
+}
+
+} // namespace
+
+LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
+    assert(!editor);
+    editor = this;
+    rl_readline_name = "lumbra-remote";
+    // Signals are the main loop's.
+    rl_catch_signals = 0;
+    rl_completer_word_break_characters = const_cast<char*>(" \t");
+    rl_basic_word_break_characters = " \t";
+    rl_attempted_completion_function = [](const char* text, int start, int) -> char** {
+        rl_attempted_completion_over = 1;
+        const std::string line(rl_line_buffer, static_cast<std::size_t>(start));
+        offered = editor->delegate_.completions(line + text);
+        return rl_completion_matches(text, offer);
+    };
+    rl_initialize();
+    using_history();
+    stifle_history(1000);
+}
+
+LineEditor::~LineEditor() {
+    if (prompting_) {
+        hide();
+        rl_callback_handler_remove();
+    }
+    editor = nullptr;
+}
+
+void LineEditor::prompt(std::string text) {
+    assert(!prompting_);
+    prompt_ = std::move(text);
+    prompting_ = true;
+    rl_callback_handler_install(prompt_.c_str(), [](char* line) { editor->take(line); });
+}
+
+void LineEditor::readKeys() {
+    rl_callback_read_char();
+}
+
+void LineEditor::take(char* line) {
+    prompting_ = false;
+    rl_callback_handler_remove();
+    if (!line) {
+        print("\n");
+        delegate_.ended();
+        return;
+    }
+    if (*line != '\0')
+        add_history(line);
+    delegate_.entered(line);
+    std::free(line); // NOLINT(cppcoreguidelines-no-malloc): the library's
+}
+
+void LineEditor::hide() {
+    if (!prompting_)
+        return;
+    int lines = 0;
+    int columns = 0;
+    rl_get_screen_size(&lines, &columns);
+    const std::string_view line = rl_line_buffer ? rl_line_buffer : "";
+    const auto before = line.substr(0, static_cast<std::size_t>(std::max(0, rl_point)));
+    const auto row =
+        (columnsOf(prompt_) + columnsOf(before)) / static_cast<std::size_t>(std::max(1, columns));
+    if (row > 0)
+        print("\x1b[" + std::to_string(row) + "A");
+    print("\r\x1b[J");
+}
+
+void LineEditor::show() {
+    if (prompting_)
+        rl_forced_update_display();
+}
+
+void LineEditor::windowChanged() {
+    hide();
+    rl_resize_terminal();
+    show();
+}
+
+} // namespace lumbra

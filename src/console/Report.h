@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/Settings.h"
+#include "link/ServerConnection.h"
+#include "platform/SettingsStore.h"
+#include "toolkit/Alert.h"
+#include "toolkit/TabBarController.h"
+#include "toolkit/View.h"
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace lumbra {
+
+struct ConsoleCommand;
+
+/// A stored setting, or its absence.
+struct StoredSetting {
+    std::string_view key;
+    std::optional<SettingValue> value;
+};
+
+/// Where the console's replies and events go: one implementation for programs, one for people. Main thread
+/// only.
+class Report {
+public:
+    virtual ~Report() = default;
+
+    // Replies; `command` is the command's first word.
+    virtual void done(std::string_view command) = 0;
+    /// `error` is a sentence a person can act on.
+    virtual void failed(std::string_view command, std::string_view error) = 0;
+    /// `alert` is the one on show, if any.
+    virtual void state(std::string_view command, const TabBarController& tabs,
+                       const std::optional<Alert>& alert, LinkState link) = 0;
+    virtual void settings(std::string_view command, std::span<const StoredSetting> settings) = 0;
+    virtual void help(std::string_view command, std::span<const ConsoleCommand> commands) = 0;
+
+    // Events.
+    virtual void screenChanged(const TabBarController& tabs) = 0;
+    virtual void controlChanged(const View& screen, const View::Item& item) = 0;
+    virtual void alertAskedFor(const Alert& alert) = 0;
+    virtual void linkChanged(LinkState link) = 0;
+};
+
+/// "closed", "opening" or "open".
+constexpr std::string_view nameOf(LinkState link) {
+    switch (link) {
+    case LinkState::Closed:
+        return "closed";
+    case LinkState::Opening:
+        return "opening";
+    case LinkState::Open:
+        return "open";
+    }
+    return {};
+}
+
+} // namespace lumbra

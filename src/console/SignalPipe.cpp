@@ -1,0 +1,57 @@
+#include "console/SignalPipe.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstddef>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace lumbra {
+
+namespace {
+
+struct Handled {
+    volatile std::sig_atomic_t pipe = -1;
+    struct sigaction former {};
+};
+std::array<Handled, NSIG> handled;
+
+void pass(int signal) {
+    const int error = errno;
+    const auto byte = static_cast<unsigned char>(signal);
+    // A full pipe holds signals enough.
+    [[maybe_unused]] const auto written = ::write(handled[static_cast<std::size_t>(signal)].pipe, &byte, 1);
+    errno = error;
+}
+
+} // namespace
+
+SignalPipe::SignalPipe(std::initializer_list<int> signals) : signals_(signals) {
+    if (::pipe2(ends_.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        throw std::system_error(errno, std::generic_category(), "a pipe for signals");
+    for (const int signal : signals_) {
+        auto& entry = handled.at(static_cast<std::size_t>(signal));
+        entry.pipe = ends_[1];
+        struct sigaction action {};
+        action.sa_handler = pass;
+        ::sigemptyset(&action.sa_mask);
+        ::sigaction(signal, &action, &entry.former);
+        if (signal == SIGHUP && entry.former.sa_handler == SIG_IGN) // NOLINT: the system's macro
+            ::sigaction(signal, &entry.former, nullptr);
+    }
+}
+
+SignalPipe::~SignalPipe() {
+    for (const int signal : signals_)
+        ::sigaction(signal, &handled.at(static_cast<std::size_t>(signal)).former, nullptr);
+    ::close(ends_[0]);
+    ::close(ends_[1]);
+}
+
+std::optional<int> SignalPipe::next() {
+    unsigned char byte = 0;
+    return ::read(ends_[0], &byte, 1) == 1 ? std::optional<int>(byte) : std::nullopt;
+}
+
+} // namespace lumbra
