@@ -2,6 +2,10 @@
 add_library(lumbra_flags INTERFACE)
 target_compile_options(lumbra_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
                                               -Wold-style-cast -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # GCC 12 sees overlaps in its own std::string where there are none (GCC bug 105651).
+  target_compile_options(lumbra_flags INTERFACE -Wno-restrict)
+endif()
 target_compile_definitions(lumbra_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_FOREACH
                                                   LUMBRA_VERSION="${PROJECT_VERSION}")
 if(LUMBRA_SANITIZE)

@@ -50,6 +50,8 @@ class Captures {
 public:
     Captures(std::string_view text, std::span<const std::size_t> offsets) : text_(text), offsets_(offsets) {}
 
+    /// How many groups there are; the first is group 1.
+    std::size_t count() const { return offsets_.size() / 2 - 1; }
     std::string_view text(std::size_t group) const {
         assert(2 * group + 1 < offsets_.size());
         return text_.substr(offsets_[2 * group], offsets_[2 * group + 1] - offsets_[2 * group]);
@@ -74,12 +76,16 @@ private:
     std::span<const std::size_t> offsets_;
 };
 
-/// A family's report patterns, compiled into one: PCRE2 with its just-in-time compiler. The first pattern in
-/// order that matches at the start of a text decides; what follows the matched part is ignored. "." is any
-/// byte but CR and LF; a byte is a character. Matching allocates nothing. Main thread only.
+/// A screen's report patterns, compiled into one for each letter that may follow the unit's digit: PCRE2 with
+/// its just-in-time compiler. The first pattern in order that matches at the start of a text decides; what
+/// follows the matched part is ignored. "." is any byte but CR and LF; a byte is a character. Matching
+/// allocates nothing. Main thread only.
 class PatternSet {
 public:
-    /// Each pattern begins with UNIT_PREFIX. A pattern that does not compile is a programming error.
+    static constexpr std::uint32_t MAX_GROUPS = 5;
+
+    /// Each pattern begins with UNIT_PREFIX, has at most MAX_GROUPS groups, and goes on with a letter. A
+    /// pattern that does not compile is a programming error.
     explicit PatternSet(std::span<const std::string_view> patterns);
 
     /// The index of the pattern that `text` matches, and its groups; -1 where it matches none.
@@ -90,6 +96,7 @@ public:
     Match match(std::string_view text) const;
 
 private:
+    struct Family;
     struct Compiled;
     struct Release {
         void operator()(Compiled* compiled) const;
