@@ -369,8 +369,8 @@ void match(benchmark::State& state, const Family& family, Way way) {
             benchmark::DoNotOptimize(found);
         }
     const auto reports = static_cast<double>(state.iterations()) * static_cast<double>(family.texts.size());
-    state.counters["ns/report"] =
-        benchmark::Counter(reports / 1e9, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["time/report"] =
+        benchmark::Counter(reports, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
     state.counters["allocations/report"] = static_cast<double>(allocations() - before) / reports;
 }
 
