@@ -12,6 +12,9 @@ namespace {
 
 /// Unread commands beyond this stay with the kernel, and so with the client.
 constexpr qint64 READ_BUFFER = 1 << 14;
+/// What the kernel may hold for a client: little, like a small device, so that one that does not read shows
+/// soon.
+constexpr int SEND_BUFFER = 1 << 16;
 
 std::string nameOf(const QTcpSocket& socket) {
     const QHostAddress address = socket.peerAddress();
@@ -27,6 +30,7 @@ ClientConnection::ClientConnection(QTcpSocket* socket, const Faults& faults, QOb
     : QObject(parent), socket_(socket), faults_(faults), name_(nameOf(*socket)) {
     socket_->setParent(this);
     socket_->setReadBufferSize(READ_BUFFER);
+    socket_->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, SEND_BUFFER);
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     socket_->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
     clock_.start();
@@ -88,7 +92,7 @@ void ClientConnection::releaseDelayed() {
 }
 
 void ClientConnection::pump() {
-    if (pumping_ || phase_ != Phase::LIVE)
+    if (pumping_ || phase_ != Phase::LIVE || socket_->state() != QAbstractSocket::ConnectedState)
         return;
     pumping_ = true;
     // The next piece waits until the kernel has taken the last one, so that each is a segment of its own.

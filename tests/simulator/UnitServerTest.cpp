@@ -83,7 +83,13 @@ public:
     int error() const { return error_; }
 
     bool receives(const std::string& text) {
-        return spinUntil([&] { return received().find(text) != std::string::npos || over(); }) && !over();
+        std::size_t searched = 0;
+        return spinUntil([&] {
+                   const std::size_t from = searched < text.size() ? 0 : searched - text.size();
+                   searched = received().size();
+                   return received_.find(text, from) != std::string::npos || over();
+               }) &&
+               !over();
     }
 
     unsigned segments() const {
@@ -148,25 +154,15 @@ TEST_F(UnitServerTest, assemblesSplitCommandsOfEachClientAndCountsTheRest) {
 
 TEST_F(UnitServerTest, carriesOutABurstFarLargerThanItsBuffers) {
     start();
-    Client client(*server);
+    Client client(*server, 65536);
     std::string burst;
-    for (int turn = 0; turn < 500; ++turn)
-        burst += "[U1APPQ1][U1Z1V-" + std::to_string(10 + turn % 70) + "]";
-    // 2 MB of answers for 11 kB of queries: they must wait in the kernel for a client that reads, not pile up
+    for (int turn = 0; turn < 1200; ++turn)
+        burst += "[U1APPQ1]";
+    // 5 MB of answers for 11 kB of queries: they must wait in the kernel for a client that reads, not pile up
     // here.
-    client.send(burst);
-    std::size_t ends = 0;
-    std::size_t searched = 0;
-    ASSERT_TRUE(spinUntil([&] {
-        const std::string& all = client.received();
-        while ((searched = all.find("(U1APPQ1)", searched)) != std::string::npos) {
-            ++ends;
-            ++searched;
-        }
-        searched = all.size() < 16 ? 0 : all.size() - 8;
-        return ends == 500 || client.over();
-    })) << ends;
-    EXPECT_EQ(server->statistics().carried_out, 1000U);
+    client.send(burst + "[U1Z3V-35]");
+    ASSERT_TRUE(client.receives("(U1O4V-35)"));
+    EXPECT_EQ(client.received().size(), 1200 * answer(Unit(), 1).size() + 20);
 }
 
 TEST_F(UnitServerTest, dropsAClientThatDoesNotReadAndServesTheOthers) {
@@ -223,7 +219,11 @@ TEST_F(UnitServerTest, cutsAConnectionInMidReport) {
             faults.split = split;
             start(faults);
             Client client(*server);
-            client.send("[U1APPQ3][U1APPQ3]");
+            std::string burst;
+            // Commands that are still unread must not turn an end into a reset.
+            for (int count = 0; count < 10'000; ++count)
+                burst += "[U1APPQ3]";
+            client.send(burst);
             ASSERT_TRUE(spinUntil([&] { return client.over(); })) << test.name;
             EXPECT_EQ(client.received(), answer(server->unit(), 3).substr(0, 50)) << test.name;
             EXPECT_EQ(client.error(), test.error) << test.name;
@@ -240,7 +240,7 @@ TEST_F(UnitServerTest, splitsItsWritesIntoSegments) {
     const std::string expected = answer(server->unit(), 3);
     ASSERT_TRUE(client.receives("(U1APPQ3)"));
     EXPECT_EQ(client.received(), expected);
-    EXPECT_EQ(client.segments(), (expected.size() + 2) / 3);
+    EXPECT_GE(client.segments(), (expected.size() + 2) / 3); // a segment that is sent again counts again
 }
 
 TEST_F(UnitServerTest, delaysEveryReportAndKeepsTheirOrder) {
@@ -282,7 +282,7 @@ TEST_F(UnitServerTest, staysSilentButListens) {
 }
 
 TEST_F(UnitServerTest, floodsWithTrueReportsAndStillServes) {
-    for (const int rate : {20'000, 0}) {
+    for (const int rate : {200'000, 0}) {
         Faults faults;
         faults.flood = rate;
         start(faults);
@@ -297,7 +297,10 @@ TEST_F(UnitServerTest, floodsWithTrueReportsAndStillServes) {
         for (std::size_t at = 0, end = 0; (end = head.find(')', at)) != std::string::npos; at = end + 1)
             ASSERT_TRUE(truth.contains(head.substr(at, end + 1 - at))) << head.substr(at, end + 1 - at);
         client.send("[U1Z3BASS-14]");
-        EXPECT_TRUE(client.receives("(U1Z3BASS-14)"));
+        ASSERT_TRUE(client.receives("(U1Z3BASS-14)"));
+        const std::size_t changed = client.received().find("(U1Z3BASS-14)");
+        ASSERT_TRUE(spinUntil([&] { return client.received().size() > changed + 100'000; }));
+        EXPECT_EQ(client.received().find("(U1Z3BASS2)", changed), std::string::npos);
     }
 }
 
