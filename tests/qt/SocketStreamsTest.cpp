@@ -8,14 +8,16 @@
 
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <cstring>
 #include <functional>
-#include <future>
 #include <memory>
+#include <mutex>
 #include <netinet/in.h>
 #include <span>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -51,6 +53,25 @@ public:
 
 private:
     int fillers_[3];
+};
+
+/// The steps of a lookup that a test and the lookup's own thread take in turns.
+class SlowNameService {
+public:
+    void step() {
+        const std::lock_guard lock(mutex_);
+        ++steps_;
+        changed_.notify_all();
+    }
+    void wait(int steps) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return steps_ >= steps; });
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    int steps_ = 0;
 };
 
 /// A pair of streams, everything that they report, and what was read.
@@ -190,20 +211,19 @@ TEST_F(SocketStreams, ClosingDuringALookupOrAConnectReportsNothingAndKeepsNothin
 
     for (const bool closeFirst : {true, false}) {
         // A name service that answers only after the streams have gone, or not before the deadline.
-        std::promise<void> answer;
-        std::promise<void> answered;
-        SocketStreamFactory asking(queue, closeFirst ? 10s : 20ms, [&](const auto&, auto) {
-            answer.get_future().wait();
-            answered.set_value_at_thread_exit();
-            return std::vector<SocketAddress>{loopbackAddress(silent.listener.port())};
+        const auto service = std::make_shared<SlowNameService>();
+        SocketStreamFactory asking(queue, closeFirst ? 10s : 20ms, [service](const auto&, auto port) {
+            service->wait(1);
+            service->step();
+            return std::vector<SocketAddress>{loopbackAddress(port)};
         });
-        open(asking, "unit.local", 23);
+        open(asking, "unit.local", silent.listener.port());
         if (closeFirst)
             release();
         else
             EXPECT_TRUE(runUntil([&] { return log == "in.error "; }));
-        answer.set_value();
-        answered.get_future().wait();
+        service->step();
+        service->wait(2);
         settle();
         EXPECT_EQ(log, closeFirst ? "" : "in.error ");
         EXPECT_EQ(openSockets(), before);
