@@ -1,0 +1,28 @@
+#pragma once
+
+#include "toolkit/ActivityIndicator.h"
+#include "touch/ControlAdapter.h"
+
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows an activity indicator to QML.
+class ActivityAdapter final : public ControlAdapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("a screen gives it")
+    Q_PROPERTY(bool animating READ isAnimating NOTIFY changed)
+
+public:
+    ActivityAdapter(std::shared_ptr<ActivityIndicator> control, const QString& caption, RefreshQueue& queue,
+                    QObject* parent)
+        : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
+
+    bool isAnimating() const { return control_->isAnimating(); }
+
+private:
+    std::shared_ptr<ActivityIndicator> control_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "toolkit/Alert.h"
+#include "touch/Adapter.h"
+
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows the alert on show, if there is one, to QML. All texts are plain and in the person's language.
+class AlertAdapter final : public Adapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("the application gives it")
+    Q_PROPERTY(bool shown READ isShown NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString message READ message NOTIFY changed)
+    Q_PROPERTY(QString button READ button NOTIFY changed)
+
+public:
+    /// `presenter` outlives the adapter.
+    AlertAdapter(AlertPresenter& presenter, RefreshQueue& queue, QObject* parent);
+
+    bool isShown() const { return presenter_.shown().has_value(); }
+    QString title() const { return text(&Alert::title); }
+    QString message() const { return text(&Alert::message); }
+    QString button() const { return text(&Alert::button); }
+    /// A hand presses the alert's button.
+    Q_INVOKABLE void dismiss();
+
+private:
+    QString text(std::string Alert::*field) const;
+
+    AlertPresenter& presenter_;
+    Subscription subscription_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/Application.h"
+#include "app/WindowLife.h"
+#include "touch/AlertAdapter.h"
+#include "touch/LinkAdapter.h"
+#include "touch/RefreshQueue.h"
+#include "touch/ScreenAdapter.h"
+#include "touch/SettingsAdapter.h"
+
+#include <QList>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+#include <vector>
+
+namespace lumbra {
+
+/// Shows the application to QML: the tabs, the screen on show, the link, the alert and the settings. Main
+/// thread only.
+class AppAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("the front end gives it")
+    Q_PROPERTY(QList<QObject*> tabs READ tabs NOTIFY tabsChanged)
+    Q_PROPERTY(int selected READ selected NOTIFY selectedChanged)
+    Q_PROPERTY(lumbra::ScreenAdapter* screen READ screen NOTIFY selectedChanged)
+    Q_PROPERTY(lumbra::LinkAdapter* link READ link CONSTANT)
+    Q_PROPERTY(lumbra::AlertAdapter* alert READ alert CONSTANT)
+    Q_PROPERTY(lumbra::SettingsAdapter* settings READ settings CONSTANT)
+
+public:
+    /// Both outlive the adapter. The application may be launched before or after.
+    AppAdapter(Application& application, WindowLife& life, QObject* parent = nullptr);
+
+    /// The screens of the tabs, each a ScreenAdapter.
+    QList<QObject*> tabs() const { return tabs_; }
+    int selected() const { return application_.tabs().selectedIndex(); }
+    ScreenAdapter* screen() const { return screen_; }
+    LinkAdapter* link() const { return link_; }
+    AlertAdapter* alert() const { return alert_; }
+    SettingsAdapter* settings() const { return settings_; }
+
+    /// A hand selects a tab, also the one on show.
+    Q_INVOKABLE bool selectTab(int index) { return application_.tabs().selectByUser(index); }
+
+Q_SIGNALS:
+    void tabsChanged();
+    void selectedChanged();
+
+private:
+    void takeTabs();
+    ScreenAdapter* adapterOf(const std::shared_ptr<ViewController>& controller);
+
+    Application& application_;
+    RefreshQueue refreshQueue_;
+    std::vector<ScreenAdapter*> screens_; ///< all that have been on show, also those among no tabs now
+    QList<QObject*> tabs_;
+    ScreenAdapter* screen_ = nullptr;
+    LinkAdapter* link_;
+    AlertAdapter* alert_;
+    SettingsAdapter* settings_;
+    Subscription screenChange_;
+};
+
+} // namespace lumbra

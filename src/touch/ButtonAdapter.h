@@ -1,0 +1,30 @@
+#pragma once
+
+#include "toolkit/Button.h"
+#include "touch/Captions.h"
+#include "touch/ControlAdapter.h"
+
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows a button to QML; its title is its caption.
+class ButtonAdapter final : public ControlAdapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("a screen gives it")
+
+public:
+    ButtonAdapter(std::shared_ptr<Button> control, const QString& /*caption*/, RefreshQueue& queue,
+                  QObject* parent)
+        : ControlAdapter(control, translatedText(control->title()), queue, parent),
+          control_(std::move(control)) {}
+
+    /// A hand presses the button. False where it is disabled.
+    Q_INVOKABLE bool press() { return control_->pressByUser(); }
+
+private:
+    std::shared_ptr<Button> control_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+
+namespace lumbra {
+
+// The application's own English texts (UTF-8) in the person's language. A text that is not one of them, as a
+// name or a level from the unit, stays as it stands.
+
+/// Captions, titles, segments, labels and alerts. A number behind a caption ("Override 3") is kept.
+QString translatedText(std::string_view text);
+
+/// The same as a screen reader should say it: "50%" is "50 percent", "-40 dB" is "-40 decibels".
+QString spokenText(std::string_view text);
+
+} // namespace lumbra

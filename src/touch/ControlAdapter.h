@@ -1,0 +1,38 @@
+#pragma once
+
+#include "toolkit/Control.h"
+#include "touch/Adapter.h"
+
+#include <QString>
+
+#include <memory>
+#include <utility>
+
+namespace lumbra {
+
+/// What the adapters of all controls share: the caption in the person's language and whether a hand can move
+/// the control.
+class ControlAdapter : public Adapter {
+    Q_OBJECT
+    QML_ANONYMOUS
+    Q_PROPERTY(QString caption READ caption CONSTANT)
+    Q_PROPERTY(bool enabled READ isEnabled NOTIFY changed)
+
+public:
+    QString caption() const { return caption_; }
+    bool isEnabled() const { return watched_->isEnabled(); }
+
+protected:
+    ControlAdapter(std::shared_ptr<Control> control, QString caption, RefreshQueue& queue, QObject* parent)
+        : Adapter(queue, parent),
+          watched_(std::move(control)),
+          caption_(std::move(caption)),
+          subscription_(watched_->onChange([this] { mark(); })) {}
+
+private:
+    std::shared_ptr<Control> watched_;
+    QString caption_;
+    Subscription subscription_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "toolkit/Label.h"
+#include "touch/Captions.h"
+#include "touch/ControlAdapter.h"
+
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows a label to QML.
+class LabelAdapter final : public ControlAdapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("a screen gives it")
+    Q_PROPERTY(QString text READ text NOTIFY changed)
+    Q_PROPERTY(QString spoken READ spoken NOTIFY changed)
+
+public:
+    LabelAdapter(std::shared_ptr<Label> control, const QString& caption, RefreshQueue& queue, QObject* parent)
+        : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
+
+    /// Plain text, never to be interpreted.
+    QString text() const { return translatedText(control_->text()); }
+    /// The text as a screen reader says it: "50 percent".
+    QString spoken() const { return spokenText(control_->text()); }
+
+private:
+    std::shared_ptr<Label> control_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,56 @@
+#include "touch/PickerAdapter.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace lumbra {
+
+PickerAdapter::PickerAdapter(std::shared_ptr<Picker> control, const QString& caption, RefreshQueue& queue,
+                             QObject* parent)
+    : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {
+    takeRows();
+}
+
+QString PickerAdapter::selectedText() const {
+    const auto& rows = control_->rows();
+    const int row = control_->selected();
+    return row < 0 ? QString() : QString::fromStdString(rows[static_cast<std::size_t>(row)]);
+}
+
+bool PickerAdapter::pick(int row, const QString& text) {
+    const auto& rows = control_->rows();
+    if (row < 0 || row >= static_cast<int>(rows.size()) ||
+        QString::fromStdString(rows[static_cast<std::size_t>(row)]) != text)
+        return false;
+    return control_->pickByUser(row);
+}
+
+void PickerAdapter::refresh() {
+    if (takeRows())
+        Q_EMIT rowsChanged();
+    ControlAdapter::refresh();
+}
+
+bool PickerAdapter::takeRows() {
+    QStringList wanted;
+    for (const auto& row : control_->rows())
+        wanted << QString::fromStdString(row);
+    if (wanted == rows_.stringList())
+        return false;
+    const auto had = rows_.rowCount();
+    const auto has = static_cast<int>(wanted.size());
+    if (has < had)
+        rows_.removeRows(has, had - has);
+    for (int row = 0; row < std::min(had, has); ++row)
+        if (const auto index = rows_.index(row); index.data().toString() != wanted[row])
+            rows_.setData(index, wanted[row]);
+    if (has > had) {
+        rows_.insertRows(had, has - had);
+        for (int row = had; row < has; ++row)
+            rows_.setData(rows_.index(row), wanted[row]);
+    }
+    return true;
+}
+
+} // namespace lumbra

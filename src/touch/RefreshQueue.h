@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/MainQueue.h"
+
+#include <QPointer>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace lumbra {
+
+class Adapter;
+
+/// Gathers the changes of a burst: an adapter that is marked is refreshed in the next turn of the main loop,
+/// and after that at most once a frame. Idle, it wakes nothing. Main thread only.
+class RefreshQueue {
+public:
+    /// One frame at 60 Hz.
+    static constexpr std::chrono::microseconds FRAME{16'667};
+
+    /// `queue` outlives this; work of a queue that outlives it does nothing.
+    explicit RefreshQueue(MainQueue& queue) : queue_(queue), alive_(std::make_shared<int>(0)) {}
+    RefreshQueue(const RefreshQueue&) = delete;
+    RefreshQueue& operator=(const RefreshQueue&) = delete;
+
+    /// Has `adapter` refreshed once, soon. An adapter that is destroyed first is forgotten.
+    void mark(Adapter& adapter);
+
+private:
+    void refreshMarked();
+    void frameOver();
+    template <class Step>
+    auto guarded(Step step) {
+        return [alive = std::weak_ptr<int>(alive_), step] {
+            if (!alive.expired())
+                step();
+        };
+    }
+
+    MainQueue& queue_;
+    std::vector<QPointer<Adapter>> marked_;
+    bool waiting_ = false; ///< a refresh is posted, or the present frame is not over
+    std::shared_ptr<int> alive_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,68 @@
+#include "touch/ScreenAdapter.h"
+
+#include "touch/Captions.h"
+
+#include <QDebug>
+
+#include <algorithm>
+
+namespace lumbra {
+
+ScreenAdapter::ScreenAdapter(std::shared_ptr<ViewController> controller, RefreshQueue& queue, QObject* parent)
+    : QObject(parent), controller_(std::move(controller)), queue_(queue) {}
+
+QString ScreenAdapter::name() const {
+    return QString::fromStdString(controller_->view().name());
+}
+
+QString ScreenAdapter::title() const {
+    return translatedText(controller_->view().title());
+}
+
+template <class AdapterType, class ControlType>
+AdapterType* ScreenAdapter::adapter(const QString& name) {
+    if (auto* const known = qobject_cast<AdapterType*>(adapters_.value(name)))
+        return known;
+    const auto& items = controller_->view().items();
+    const auto item = std::find_if(items.begin(), items.end(),
+                                   [wanted = name.toStdString()](const auto& i) { return i.name == wanted; });
+    const auto control =
+        item == items.end() ? nullptr : std::dynamic_pointer_cast<ControlType>(item->control);
+    if (!control) {
+        qWarning() << "The" << this->name() << "screen has no such control:" << name;
+        return nullptr;
+    }
+    auto* const made = new AdapterType(control, translatedText(item->caption), queue_, this);
+    adapters_.insert(name, made);
+    return made;
+}
+
+PickerAdapter* ScreenAdapter::picker(const QString& name) {
+    return adapter<PickerAdapter, Picker>(name);
+}
+
+SliderAdapter* ScreenAdapter::slider(const QString& name) {
+    return adapter<SliderAdapter, Slider>(name);
+}
+
+SwitchAdapter* ScreenAdapter::onOff(const QString& name) {
+    return adapter<SwitchAdapter, Switch>(name);
+}
+
+SegmentedAdapter* ScreenAdapter::segmented(const QString& name) {
+    return adapter<SegmentedAdapter, SegmentedControl>(name);
+}
+
+LabelAdapter* ScreenAdapter::label(const QString& name) {
+    return adapter<LabelAdapter, Label>(name);
+}
+
+ActivityAdapter* ScreenAdapter::activity(const QString& name) {
+    return adapter<ActivityAdapter, ActivityIndicator>(name);
+}
+
+ButtonAdapter* ScreenAdapter::button(const QString& name) {
+    return adapter<ButtonAdapter, Button>(name);
+}
+
+} // namespace lumbra

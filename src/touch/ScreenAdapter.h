@@ -1,0 +1,58 @@
+#pragma once
+
+#include "toolkit/ViewController.h"
+#include "touch/ActivityAdapter.h"
+#include "touch/ButtonAdapter.h"
+#include "touch/LabelAdapter.h"
+#include "touch/PickerAdapter.h"
+#include "touch/SegmentedAdapter.h"
+#include "touch/SliderAdapter.h"
+#include "touch/SwitchAdapter.h"
+
+#include <QHash>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+namespace lumbra {
+
+/// Shows a screen to QML: its names, and its controls by the names that the layout gives them. An adapter is
+/// made when it is first asked for and lives as long as the screen; asking for a control that the layout
+/// lacks, or for another kind, gives null and a warning.
+class ScreenAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("the application gives it")
+    Q_PROPERTY(QString name READ name CONSTANT)
+    Q_PROPERTY(QString title READ title CONSTANT)
+
+public:
+    /// `queue` outlives the adapter.
+    ScreenAdapter(std::shared_ptr<ViewController> controller, RefreshQueue& queue, QObject* parent);
+
+    /// The short name ("zone").
+    QString name() const;
+    /// The title in the person's language ("Zones").
+    QString title() const;
+
+    Q_INVOKABLE lumbra::PickerAdapter* picker(const QString& name);
+    Q_INVOKABLE lumbra::SliderAdapter* slider(const QString& name);
+    Q_INVOKABLE lumbra::SwitchAdapter* onOff(const QString& name);
+    Q_INVOKABLE lumbra::SegmentedAdapter* segmented(const QString& name);
+    Q_INVOKABLE lumbra::LabelAdapter* label(const QString& name);
+    Q_INVOKABLE lumbra::ActivityAdapter* activity(const QString& name);
+    Q_INVOKABLE lumbra::ButtonAdapter* button(const QString& name);
+
+    const std::shared_ptr<ViewController>& controller() const { return controller_; }
+
+private:
+    template <class AdapterType, class ControlType>
+    AdapterType* adapter(const QString& name);
+
+    std::shared_ptr<ViewController> controller_;
+    RefreshQueue& queue_;
+    QHash<QString, ControlAdapter*> adapters_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "toolkit/SegmentedControl.h"
+#include "touch/Captions.h"
+#include "touch/ControlAdapter.h"
+
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows a segmented control to QML.
+class SegmentedAdapter final : public ControlAdapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("a screen gives it")
+    Q_PROPERTY(QStringList segments READ segments CONSTANT)
+    Q_PROPERTY(int selected READ selected NOTIFY changed)
+
+public:
+    SegmentedAdapter(std::shared_ptr<SegmentedControl> control, const QString& caption, RefreshQueue& queue,
+                     QObject* parent)
+        : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {
+        for (const auto& segment : control_->segments())
+            segments_ << translatedText(segment);
+    }
+
+    QStringList segments() const { return segments_; }
+    int selected() const { return control_->selected(); }
+    /// A hand taps a segment. False where the control is disabled or has no such segment.
+    Q_INVOKABLE bool tap(int segment) { return control_->tapByUser(segment); }
+
+private:
+    std::shared_ptr<SegmentedControl> control_;
+    QStringList segments_;
+};
+
+} // namespace lumbra

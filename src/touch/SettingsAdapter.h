@@ -1,0 +1,69 @@
+#pragma once
+
+#include "app/Application.h"
+#include "app/WindowLife.h"
+#include "touch/Adapter.h"
+
+#include <QString>
+#include <QStringList>
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows the six settings to QML. The settings screen is outside the application: opening it is leaving,
+/// closing it is coming back, when the application reads what was changed. Each change is stored at once.
+class SettingsAdapter final : public Adapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("the application gives it")
+    Q_PROPERTY(bool open READ isOpen NOTIFY changed)
+    Q_PROPERTY(QString address READ address WRITE setAddress NOTIFY changed)
+    Q_PROPERTY(QString addressHint READ addressHint NOTIFY changed)
+    Q_PROPERTY(int unit READ unit WRITE setUnit NOTIFY changed)
+    Q_PROPERTY(int minimumUnit READ minimumUnit CONSTANT)
+    Q_PROPERTY(int maximumUnit READ maximumUnit CONSTANT)
+    Q_PROPERTY(bool polling READ polling WRITE setPolling NOTIFY changed)
+    Q_PROPERTY(bool serialPort READ serialPort WRITE setSerialPort NOTIFY changed)
+    Q_PROPERTY(int startTab READ startTab WRITE setStartTab NOTIFY changed)
+    Q_PROPERTY(QStringList tabs READ tabs NOTIFY changed)
+    Q_PROPERTY(bool advancedMode READ advancedMode WRITE setAdvancedMode NOTIFY changed)
+
+public:
+    /// All outlive the adapter.
+    SettingsAdapter(Application& application, WindowLife& life, RefreshQueue& queue, QObject* parent);
+
+    bool isOpen() const { return open_; }
+    Q_INVOKABLE void open();
+    Q_INVOKABLE void close();
+
+    QString address() const;
+    void setAddress(const QString& address);
+    /// What is odd about the address, as a sentence; empty where nothing is.
+    QString addressHint() const;
+    int unit() const;
+    void setUnit(int unit);
+    static int minimumUnit();
+    static int maximumUnit();
+    bool polling() const;
+    void setPolling(bool polling);
+    bool serialPort() const;
+    void setSerialPort(bool serial);
+    int startTab() const;
+    void setStartTab(int position);
+    /// The titles of the tabs that will be on show.
+    QStringList tabs() const;
+    bool advancedMode() const;
+    void setAdvancedMode(bool advanced);
+
+    /// The caption of a setting in the person's language, by its key.
+    Q_INVOKABLE static QString caption(const QString& key);
+
+private:
+    void store(std::string_view key, SettingValue value);
+
+    Application& application_;
+    WindowLife& life_;
+    bool open_ = false;
+};
+
+} // namespace lumbra

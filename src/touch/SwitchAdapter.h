@@ -1,0 +1,30 @@
+#pragma once
+
+#include "toolkit/Switch.h"
+#include "touch/ControlAdapter.h"
+
+#include <QtQml/qqmlregistration.h>
+
+namespace lumbra {
+
+/// Shows a switch to QML.
+class SwitchAdapter final : public ControlAdapter {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("a screen gives it")
+    Q_PROPERTY(bool on READ isOn NOTIFY changed)
+
+public:
+    SwitchAdapter(std::shared_ptr<Switch> control, const QString& caption, RefreshQueue& queue,
+                  QObject* parent)
+        : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
+
+    bool isOn() const { return control_->isOn(); }
+    /// A hand flips the switch. False where it is disabled.
+    Q_INVOKABLE bool flip(bool on) { return control_->flipByUser(on); }
+
+private:
+    std::shared_ptr<Switch> control_;
+};
+
+} // namespace lumbra

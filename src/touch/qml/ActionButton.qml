@@ -1,0 +1,37 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// A button that does something at once.
+Button {
+    id: root
+
+    property bool prominent: false
+
+    implicitHeight: Theme.row
+    leftPadding: 16
+    rightPadding: 16
+    font.pixelSize: Theme.bodyText
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    contentItem: FittedText {
+        text: root.text
+        font: root.font
+        color: !root.enabled ? Theme.outline : root.prominent ? Theme.onAccent : Theme.text
+        horizontalAlignment: Text.AlignHCenter
+    }
+    background: Rectangle {
+        radius: Theme.radius
+        color: root.prominent ? Theme.accent : Theme.raised
+        opacity: root.down ? 0.7 : 1
+        border.color: root.prominent ? Theme.accent : Theme.outline
+        border.width: 1
+
+        FocusFrame {
+            of: root
+        }
+    }
+}

@@ -1,0 +1,75 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Lumbra.Touch
+
+/// The alert on show, with its one button; nothing else can be reached until it is pressed.
+Dialog {
+    id: root
+
+    required property AlertAdapter alert
+
+    anchors.centerIn: Overlay.overlay
+    width: Math.min(420, Overlay.overlay ? Overlay.overlay.width - 2 * Theme.gap : 420)
+    padding: 20
+    modal: true
+    closePolicy: Popup.NoAutoClose
+    enter: null
+    exit: null
+    visible: true
+    focus: true
+    onOpened: button.forceActiveFocus(Qt.PopupFocusReason)
+
+    Overlay.modal: Rectangle {
+        color: Theme.scrim
+    }
+    background: Rectangle {
+        color: Theme.surface
+        border.color: Theme.outline
+        radius: Theme.radius
+    }
+    header: null
+    footer: null
+
+    contentItem: Item {
+        implicitHeight: column.implicitHeight
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: qsTr("%1, %2").arg(root.alert.title).arg(root.alert.message)
+
+        Column {
+            id: column
+
+            width: parent.width
+            spacing: Theme.gap
+
+            Text {
+                width: parent.width
+                text: root.alert.title
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: Theme.text
+                font.pixelSize: Theme.titleText
+                font.bold: true
+            }
+            Text {
+                objectName: "alertMessage"
+                width: parent.width
+                text: root.alert.message
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: Theme.text
+                font.pixelSize: Theme.bodyText
+            }
+            ActionButton {
+                id: button
+
+                objectName: "alertButton"
+                width: parent.width
+                prominent: true
+                text: root.alert.button
+                focus: true
+                Keys.onEscapePressed: clicked()
+                onClicked: root.alert.dismiss()
+            }
+        }
+    }
+}

@@ -1,0 +1,28 @@
+import QtQuick
+
+/// Turns while something is awaited. It only exists while it turns, so that nothing moves when nothing happens.
+Loader {
+    id: root
+
+    property bool running: false
+
+    width: 28
+    height: 28
+    active: running
+    Accessible.role: Accessible.Indicator
+    Accessible.name: running ? qsTr("Waiting for the unit") : ""
+    Accessible.ignored: !running
+
+    sourceComponent: Image {
+        source: "../icons/busy.svg"
+        sourceSize.width: 28
+        sourceSize.height: 28
+
+        RotationAnimator on rotation {
+            from: 0
+            to: 360
+            duration: 1000
+            loops: Animation.Infinite
+        }
+    }
+}

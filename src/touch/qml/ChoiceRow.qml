@@ -1,0 +1,80 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+
+/// Segments of which one is selected, in as many rows as they need.
+Item {
+    id: root
+
+    required property list<string> choices
+    required property int selected
+    /// What a screen reader calls it.
+    required property string name
+    property int columns: Math.max(1, Math.min(choices.length, Math.floor(width / (88 * Theme.textScale))))
+    property int textSize: Theme.bodyText
+    property int rowHeight: Theme.row
+
+    signal chosen(choice: int)
+
+    implicitHeight: grid.implicitHeight
+    implicitWidth: 160
+    Accessible.role: Accessible.Grouping
+    Accessible.name: name
+
+    GridLayout {
+        id: grid
+
+        width: parent.width
+        columns: root.columns
+        columnSpacing: 2
+        rowSpacing: 2
+
+        Repeater {
+            model: root.choices
+
+            AbstractButton {
+                id: segment
+
+                required property int index
+                required property string modelData
+                readonly property bool selected: index === root.selected
+
+                objectName: "segment" + index
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                implicitHeight: root.rowHeight
+                text: modelData
+                Accessible.role: Accessible.RadioButton
+                Accessible.name: qsTr("%1, %2").arg(root.name).arg(text)
+                Accessible.checkable: true
+                Accessible.checked: selected
+                Accessible.onPressAction: clicked()
+                Keys.onReturnPressed: clicked()
+                Keys.onEnterPressed: clicked()
+                onClicked: root.chosen(index)
+
+                contentItem: FittedText {
+                    text: segment.text
+                    horizontalAlignment: Text.AlignHCenter
+                    font.pixelSize: root.textSize
+                    font.bold: segment.selected
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 11
+                    color: !segment.enabled ? Theme.outline : segment.selected ? Theme.onAccent : Theme.text
+                    Accessible.ignored: true
+                }
+                background: Rectangle {
+                    radius: 6
+                    color: segment.selected ? Theme.accent : Theme.raised
+                    opacity: segment.down ? 0.7 : 1
+
+                    FocusFrame {
+                        of: segment
+                        border.color: Theme.text
+                    }
+                }
+            }
+        }
+    }
+}

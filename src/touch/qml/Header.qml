@@ -1,0 +1,141 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Lumbra.Touch
+
+/// What is on show, where the unit is, how the link stands; and the way to the settings.
+Rectangle {
+    id: root
+
+    required property AppAdapter app
+    readonly property ActivityAdapter activity: app.screen ? app.screen.activity("spinner") : null
+
+    readonly property color stateColor: {
+        switch (app.link.state) {
+        case LinkAdapter.Connected:
+            return Theme.good;
+        case LinkAdapter.Connecting:
+            return Theme.waiting;
+        default:
+            return Theme.bad;
+        }
+    }
+    readonly property string stateText: {
+        switch (app.link.state) {
+        case LinkAdapter.Connected:
+            return qsTr("connected");
+        case LinkAdapter.Connecting:
+            return qsTr("connecting");
+        default:
+            return qsTr("not connected");
+        }
+    }
+
+    implicitHeight: Math.max(Theme.target + 8, texts.implicitHeight + 12) + (reconnect.visible ? reconnect.height + 8 : 0)
+    color: Theme.surface
+
+    RowLayout {
+        id: row
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: Theme.gap
+        anchors.rightMargin: 4
+        height: Math.max(Theme.target + 8, texts.implicitHeight + 12)
+        spacing: Theme.smallGap
+
+        ColumnLayout {
+            id: texts
+
+            Layout.fillWidth: true
+            spacing: 0
+
+            FittedText {
+                objectName: "screenTitle"
+                Layout.fillWidth: true
+                text: root.app.screen ? root.app.screen.title : ""
+                font.pixelSize: Theme.titleText
+                font.bold: true
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.smallGap
+                Accessible.role: Accessible.StaticText
+                Accessible.name: qsTr("Unit at %1, %2").arg(root.app.link.address).arg(root.stateText)
+
+                Rectangle {
+                    Layout.preferredWidth: 10
+                    Layout.preferredHeight: 10
+                    radius: 5
+                    color: root.stateColor
+                }
+                FittedText {
+                    objectName: "linkState"
+                    Layout.maximumWidth: implicitWidth
+                    Layout.fillWidth: true
+                    Layout.minimumWidth: Math.min(implicitWidth, 60)
+                    text: root.stateText
+                    color: root.stateColor
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
+                FittedText {
+                    objectName: "address"
+                    Layout.fillWidth: true
+                    text: root.app.link.address
+                    color: Theme.dimText
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
+            }
+        }
+        BusyArc {
+            objectName: "busy"
+            Layout.preferredWidth: 28
+            Layout.preferredHeight: 28
+            running: root.activity ? root.activity.animating : false
+        }
+        AbstractButton {
+            id: gear
+
+            objectName: "settingsButton"
+            Layout.preferredWidth: Theme.target
+            Layout.preferredHeight: Theme.target
+            text: qsTr("Settings")
+            Accessible.role: Accessible.Button
+            Accessible.name: text
+            Keys.onReturnPressed: clicked()
+            Keys.onEnterPressed: clicked()
+            onClicked: root.app.settings.open()
+
+            contentItem: Item {
+                Image {
+                    anchors.centerIn: parent
+                    source: "../icons/settings.svg"
+                    sourceSize.width: 24
+                    sourceSize.height: 24
+                }
+            }
+            background: Item {
+                FocusFrame {
+                    of: gear
+                    anchors.margins: 2
+                }
+            }
+        }
+    }
+    ActionButton {
+        id: reconnect
+
+        objectName: "reconnectButton"
+        anchors.top: row.bottom
+        x: Theme.gap
+        width: Math.min(parent.width - 2 * Theme.gap, 480)
+        visible: root.app.link.state === LinkAdapter.NotConnected
+        prominent: true
+        text: qsTr("Reconnect")
+        onClicked: root.app.link.reconnect()
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import Lumbra.Touch
+
+/// A slider with its caption and its level as the unit has it.
+Card {
+    id: root
+
+    required property SliderAdapter slider
+    required property LabelAdapter label
+    property string where: ""
+
+    implicitHeight: column.implicitHeight + 12
+    implicitWidth: 200
+
+    Column {
+        id: column
+
+        x: 14
+        y: 8
+        width: parent.width - 28
+
+        Item {
+            width: parent.width
+            height: Math.max(caption.implicitHeight, level.implicitHeight)
+
+            FittedText {
+                id: caption
+
+                anchors.left: parent.left
+                anchors.right: level.left
+                text: root.slider.caption
+                color: Theme.dimText
+                Accessible.ignored: true
+            }
+            FittedText {
+                id: level
+
+                anchors.right: parent.right
+                width: Math.min(implicitWidth, parent.width / 2)
+                text: root.label.text
+                Accessible.ignored: true
+            }
+        }
+        LevelSlider {
+            objectName: "levelSlider"
+            width: parent.width
+            slider: root.slider
+            label: root.where === "" ? root.slider.caption : qsTr("%1 %2").arg(root.where).arg(root.slider.caption)
+            spokenValue: root.label.spoken
+        }
+    }
+}

@@ -1,0 +1,149 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Lumbra.Touch
+
+/// A slider that never jumps: a drag moves the thumb by as much as the finger moves, wherever it was put down. The
+/// mouse wheel and the arrow keys step, the Page keys step further.
+Item {
+    id: root
+
+    required property SliderAdapter slider
+    /// What a screen reader calls it, and the value as it says it.
+    required property string label
+    required property string spokenValue
+    property real stepSize: 1
+    property real pageSize: 5
+    /// Whether Home and End go to the ends.
+    property bool endKeys: true
+    property int thickness: 6
+    property color color: Theme.accent
+
+    // The names under which assistive technology reads a slider.
+    readonly property real value: slider.value
+    readonly property real minimumValue: slider.minimum
+    readonly property real maximumValue: slider.maximum
+
+    function step(key: int): bool {
+        switch (key) {
+        case Qt.Key_Left:
+        case Qt.Key_Down:
+            slider.moveBy(-stepSize);
+            return true;
+        case Qt.Key_Right:
+        case Qt.Key_Up:
+            slider.moveBy(stepSize);
+            return true;
+        case Qt.Key_PageDown:
+            slider.moveBy(-pageSize);
+            return true;
+        case Qt.Key_PageUp:
+            slider.moveBy(pageSize);
+            return true;
+        case Qt.Key_Home:
+        case Qt.Key_End:
+            if (endKeys)
+                slider.moveToPosition(key === Qt.Key_Home ? 0 : 1);
+            return true;
+        }
+        return false;
+    }
+
+    implicitHeight: Theme.target
+    implicitWidth: 120
+    enabled: slider.enabled
+    activeFocusOnTab: true
+    Keys.onPressed: event => event.accepted = step(event.key)
+
+    Accessible.role: Accessible.Slider
+    Accessible.name: qsTr("%1, %2").arg(label).arg(spokenValue)
+    Accessible.focusable: true
+    Accessible.onIncreaseAction: slider.moveBy(stepSize)
+    Accessible.onDecreaseAction: slider.moveBy(-stepSize)
+
+    Item {
+        id: track
+
+        anchors.fill: parent
+        anchors.leftMargin: thumb.width / 2
+        anchors.rightMargin: thumb.width / 2
+        opacity: root.enabled ? 1 : 0.4
+
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width
+            height: root.thickness
+            radius: height / 2
+            color: Theme.raised
+            border.color: Theme.outline
+            border.width: 1
+        }
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            width: thumb.x + thumb.width / 2
+            height: root.thickness
+            radius: height / 2
+            color: root.color
+        }
+        Rectangle {
+            id: thumb
+
+            objectName: "thumb"
+            x: root.slider.position * parent.width - width / 2
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.max(24, root.thickness * 1.6)
+            height: width
+            radius: width / 2
+            color: root.slider.held ? root.color : Theme.text
+            border.color: root.color
+            border.width: 3
+        }
+    }
+    FocusFrame {
+        of: root
+    }
+
+    PointHandler {
+        id: finger
+
+        acceptedButtons: Qt.LeftButton
+        onActiveChanged: {
+            if (active) {
+                root.slider.grab();
+                root.forceActiveFocus(Qt.MouseFocusReason);
+            } else {
+                root.slider.release();
+            }
+        }
+    }
+    DragHandler {
+        id: drag
+
+        property real fromX: 0
+        property real fromPosition: 0
+
+        target: null
+        yAxis.enabled: false
+        acceptedButtons: Qt.LeftButton
+        onActiveChanged: {
+            fromX = centroid.position.x;
+            fromPosition = root.slider.position;
+        }
+        onCentroidChanged: {
+            if (active)
+                root.slider.moveToPosition(fromPosition + (centroid.position.x - fromX) / track.width);
+        }
+    }
+    WheelHandler {
+        property real turned: 0
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        onWheel: event => {
+            turned += event.angleDelta.y / 120;
+            const notches = Math.trunc(turned);
+            if (notches !== 0) {
+                turned -= notches;
+                root.slider.moveBy(notches * root.stepSize);
+            }
+        }
+    }
+}

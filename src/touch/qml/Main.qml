@@ -1,0 +1,85 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls.Basic
+import Lumbra.Touch
+
+/// The window: the header, the screen on show, the tabs, and over them the settings and the alert.
+ApplicationWindow {
+    id: window
+
+    required property AppAdapter app
+    readonly property bool rail: width >= Theme.railWidth
+
+    width: 1000
+    height: 700
+    minimumWidth: 320
+    minimumHeight: 360
+    title: qsTr("Lumbra Remote")
+    color: Theme.background
+
+    Item {
+        id: frame
+
+        anchors.fill: parent
+        visible: !window.app.settings.open
+
+        Header {
+            id: header
+
+            anchors.left: window.rail ? navigation.right : parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            app: window.app
+        }
+        Repeater {
+            model: window.app.tabs
+
+            Loader {
+                required property ScreenAdapter modelData
+                readonly property bool shown: window.app.screen === modelData
+
+                anchors.left: window.rail ? navigation.right : frame.left
+                anchors.right: frame.right
+                anchors.top: header.bottom
+                anchors.bottom: window.rail ? frame.bottom : navigation.top
+                visible: shown
+                clip: true
+                // A screen that has been on show stays.
+                onShownChanged: load()
+                Component.onCompleted: load()
+
+                function load() {
+                    if (!shown || item)
+                        return;
+                    const name = modelData.name;
+                    setSource(name.charAt(0).toUpperCase() + name.slice(1) + "Screen.qml", {
+                        screen: modelData
+                    });
+                }
+            }
+        }
+        Navigation {
+            id: navigation
+
+            anchors.left: parent.left
+            anchors.bottom: parent.bottom
+            width: window.rail ? implicitWidth : parent.width
+            height: window.rail ? parent.height : implicitHeight
+            app: window.app
+            rail: window.rail
+        }
+    }
+    Loader {
+        anchors.fill: parent
+        active: window.app.settings.open
+        sourceComponent: SettingsScreen {
+            settings: window.app.settings
+        }
+    }
+    Loader {
+        active: window.app.alert.shown
+        sourceComponent: AlertDialog {
+            alert: window.app.alert
+        }
+    }
+}

@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// One tab of the bar or the rail.
+AbstractButton {
+    id: root
+
+    required property url iconSource
+    property bool selected: false
+
+    implicitHeight: Math.max(56, column.implicitHeight + 12)
+    implicitWidth: 84
+    Accessible.role: Accessible.PageTab
+    Accessible.name: text
+    Accessible.selected: selected
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    background: Rectangle {
+        color: root.selected ? Theme.raised : "transparent"
+        radius: Theme.radius
+        opacity: root.down ? 0.7 : 1
+
+        FocusFrame {
+            of: root
+            anchors.margins: 1
+        }
+    }
+    contentItem: Item {
+        Column {
+            id: column
+
+            anchors.centerIn: parent
+            width: parent.width
+            spacing: 2
+
+            Image {
+                anchors.horizontalCenter: parent.horizontalCenter
+                source: root.iconSource
+                sourceSize.width: 24
+                sourceSize.height: 24
+                opacity: root.selected ? 1 : 0.75
+            }
+            FittedText {
+                width: parent.width
+                text: root.text
+                horizontalAlignment: Text.AlignHCenter
+                font.pixelSize: Theme.smallText
+                font.bold: root.selected
+                color: root.selected ? Theme.text : Theme.dimText
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 11
+                Accessible.ignored: true
+            }
+        }
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumbra.Touch
+
+/// The ten scenes, to recall and to store.
+ScreenPage {
+    id: page
+
+    required property ScreenAdapter screen
+    readonly property string where: screen.picker("scenePicker").selectedText
+
+    maximumWidth: 560
+
+    ColumnLayout {
+        width: parent.width
+        spacing: Theme.gap
+
+        WheelPicker {
+            objectName: "scenePicker"
+            Layout.fillWidth: true
+            picker: page.screen.picker("scenePicker")
+            visibleRows: page.height > 7 * Theme.row ? 5 : 3
+        }
+        ActionButton {
+            readonly property ButtonAdapter adapter: page.screen.button("loadSceneButton")
+
+            objectName: "loadSceneButton"
+            Layout.fillWidth: true
+            implicitHeight: Math.max(64, Theme.row)
+            prominent: true
+            text: adapter.caption
+            enabled: adapter.enabled
+            Accessible.name: qsTr("%1 %2").arg(text).arg(page.where)
+            onClicked: adapter.press()
+        }
+        ActionButton {
+            readonly property ButtonAdapter adapter: page.screen.button("saveSceneButton")
+
+            objectName: "saveSceneButton"
+            Layout.fillWidth: true
+            text: adapter.caption
+            enabled: adapter.enabled
+            Accessible.name: qsTr("%1 %2").arg(text).arg(page.where)
+            onClicked: adapter.press()
+        }
+    }
+}

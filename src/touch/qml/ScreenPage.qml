@@ -1,0 +1,59 @@
+import QtQuick
+
+/// A screen's page: its content scrolls where it is taller than the window and stands in the middle of a very wide one.
+Flickable {
+    id: root
+
+    default property alias content: holder.data
+    property int maximumWidth: 1120
+    /// Whether the parts stand side by side.
+    readonly property bool wide: width >= Theme.columnsWidth
+
+    contentWidth: width
+    contentHeight: holder.height + 2 * Theme.gap
+    boundsBehavior: Flickable.StopAtBounds
+    flickableDirection: Flickable.VerticalFlick
+
+    /// Brings what has the keyboard into view.
+    function reveal(item: Item) {
+        if (!item)
+            return;
+        let parent = item;
+        while (parent && parent !== holder)
+            parent = parent.parent;
+        if (!parent)
+            return;
+        const top = item.mapToItem(contentItem, 0, 0).y;
+        if (top < contentY + Theme.gap)
+            contentY = Math.max(0, top - Theme.gap);
+        else if (top + item.height > contentY + height - Theme.gap)
+            contentY = Math.min(Math.max(0, contentHeight - height), top + item.height + Theme.gap - height);
+    }
+
+    Connections {
+        target: root.Window.window
+        function onActiveFocusItemChanged() {
+            if (root.visible)
+                root.reveal(root.Window.window.activeFocusItem);
+        }
+    }
+    Item {
+        id: holder
+
+        x: (root.width - width) / 2
+        y: Theme.gap
+        width: Math.min(root.width - 2 * Theme.gap, root.maximumWidth)
+        height: childrenRect.height
+    }
+    Rectangle {
+        parent: root
+        anchors.right: parent.right
+        anchors.rightMargin: 2
+        y: root.visibleArea.yPosition * root.height
+        width: 4
+        height: root.visibleArea.heightRatio * root.height
+        radius: 2
+        visible: root.visibleArea.heightRatio < 1
+        color: Theme.outline
+    }
+}

@@ -1,0 +1,151 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Lumbra.Touch
+
+/// The six settings. They hold from the moment the screen is closed.
+FocusScope {
+    id: root
+
+    required property SettingsAdapter settings
+
+    focus: true
+    Keys.onEscapePressed: settings.close()
+    Keys.onBackPressed: settings.close()
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Settings")
+
+    Rectangle {
+        id: header
+
+        width: parent.width
+        height: Math.max(Theme.row, title.implicitHeight) + 8
+        color: Theme.surface
+
+        FittedText {
+            id: title
+
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.gap
+            anchors.right: done.left
+            anchors.verticalCenter: parent.verticalCenter
+            text: qsTr("Settings")
+            font.pixelSize: Theme.titleText
+            font.bold: true
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        ActionButton {
+            id: done
+
+            objectName: "doneButton"
+            anchors.right: parent.right
+            anchors.rightMargin: 4
+            anchors.verticalCenter: parent.verticalCenter
+            prominent: true
+            text: qsTr("Done")
+            onClicked: root.settings.close()
+        }
+    }
+    ScreenPage {
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        clip: true
+        maximumWidth: 560
+
+        ColumnLayout {
+            width: parent.width
+            spacing: Theme.gap
+
+            SettingCaption {
+                text: root.settings.caption("ip_address_preference")
+            }
+            TextField {
+                id: address
+
+                objectName: "addressField"
+                Layout.fillWidth: true
+                implicitHeight: Theme.row
+                focus: true
+                text: root.settings.address
+                onTextEdited: root.settings.address = text
+                onAccepted: root.settings.close()
+                inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhPreferNumbers
+                selectByMouse: true
+                font.pixelSize: Theme.bodyText
+                color: Theme.text
+                selectionColor: Theme.accent
+                selectedTextColor: Theme.onAccent
+                Accessible.role: Accessible.EditableText
+                Accessible.name: root.settings.caption("ip_address_preference")
+                Accessible.description: root.settings.addressHint
+                background: Rectangle {
+                    color: Theme.surface
+                    radius: Theme.radius
+                    border.color: address.activeFocus ? Theme.accent : Theme.outline
+                    border.width: address.activeFocus ? 2 : 1
+                }
+            }
+            Text {
+                objectName: "addressHint"
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.settings.addressHint
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: Theme.waiting
+                font.pixelSize: Theme.smallText
+            }
+            SettingCaption {
+                text: root.settings.caption("unit_number_preference")
+            }
+            ChoiceRow {
+                objectName: "unitChoice"
+                Layout.fillWidth: true
+                name: root.settings.caption("unit_number_preference")
+                choices: {
+                    const numbers = [];
+                    for (let unit = root.settings.minimumUnit; unit <= root.settings.maximumUnit; ++unit)
+                        numbers.push(unit.toString());
+                    return numbers;
+                }
+                selected: root.settings.unit - root.settings.minimumUnit
+                onChosen: choice => root.settings.unit = choice + root.settings.minimumUnit
+            }
+            SwitchBase {
+                objectName: "pollingSwitch"
+                Layout.fillWidth: true
+                text: root.settings.caption("polling_preference")
+                on: root.settings.polling
+                onFlipped: on => root.settings.polling = on
+            }
+            SwitchBase {
+                objectName: "serialSwitch"
+                Layout.fillWidth: true
+                text: root.settings.caption("serial_port_preference")
+                on: root.settings.serialPort
+                onFlipped: on => root.settings.serialPort = on
+            }
+            SettingCaption {
+                text: root.settings.caption("start_tab_preference")
+            }
+            ChoiceRow {
+                objectName: "startTabChoice"
+                Layout.fillWidth: true
+                name: root.settings.caption("start_tab_preference")
+                choices: root.settings.tabs
+                selected: root.settings.startTab
+                onChosen: choice => root.settings.startTab = choice
+            }
+            SwitchBase {
+                objectName: "advancedSwitch"
+                Layout.fillWidth: true
+                text: root.settings.caption("advanced_mode_preference")
+                on: root.settings.advancedMode
+                onFlipped: on => root.settings.advancedMode = on
+            }
+        }
+    }
+}

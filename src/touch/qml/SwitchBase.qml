@@ -1,0 +1,66 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// How every switch looks and is worked: it shows `on`, and asks for a change with `flipped`.
+Switch {
+    id: root
+
+    required property bool on
+    property string spokenName: text
+
+    signal flipped(on: bool)
+
+    implicitHeight: Math.max(Theme.row, 56)
+    implicitWidth: 140
+    leftPadding: 14
+    rightPadding: 14
+    font.pixelSize: Theme.bodyText
+    checked: on
+    onToggled: {
+        const wanted = checked;
+        checked = Qt.binding(() => root.on);
+        flipped(wanted);
+    }
+    Keys.onReturnPressed: flipped(!on)
+    Keys.onEnterPressed: flipped(!on)
+
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: qsTr("%1, %2").arg(spokenName).arg(on ? qsTr("on") : qsTr("off"))
+    Accessible.checkable: true
+    Accessible.checked: on
+    Accessible.onPressAction: flipped(!on)
+    Accessible.onToggleAction: flipped(!on)
+
+    contentItem: FittedText {
+        text: root.text
+        font: root.font
+        color: root.enabled ? Theme.text : Theme.outline
+        rightPadding: root.indicator.width + Theme.smallGap
+        Accessible.ignored: true
+    }
+    indicator: Rectangle {
+        x: root.width - width - root.rightPadding
+        y: (root.height - height) / 2
+        width: 52
+        height: 30
+        radius: height / 2
+        color: root.on ? Theme.accent : Theme.raised
+        border.color: root.on ? Theme.accent : Theme.outline
+        border.width: 2
+        opacity: root.enabled ? 1 : 0.4
+
+        Rectangle {
+            x: root.on ? parent.width - width - 4 : 4
+            anchors.verticalCenter: parent.verticalCenter
+            width: 22
+            height: 22
+            radius: 11
+            color: root.on ? Theme.onAccent : Theme.dimText
+        }
+    }
+    background: Card {
+        FocusFrame {
+            of: root
+        }
+    }
+}

@@ -1,0 +1,17 @@
+import QtQuick
+import Lumbra.Touch
+
+/// A control of the kind switch with its caption.
+SwitchBase {
+    id: root
+
+    required property SwitchAdapter adapter
+    /// The item that it belongs to, for a screen reader; may be empty.
+    property string where: ""
+
+    text: adapter.caption
+    enabled: adapter.enabled
+    on: adapter.on
+    spokenName: where === "" ? text : qsTr("%1 %2").arg(where).arg(text.toLowerCase())
+    onFlipped: on => adapter.flip(on)
+}

@@ -1,0 +1,40 @@
+pragma Singleton
+import QtQuick
+
+/// Colours, sizes and text sizes of the whole program. Each text colour has a contrast of 4.5:1 or better on each of
+/// the three surfaces.
+QtObject {
+    readonly property color background: "#101418"
+    readonly property color surface: "#1b2127"
+    readonly property color raised: "#28313a"
+    readonly property color outline: "#7d8b99"
+    readonly property color text: "#f2f5f7"
+    readonly property color dimText: "#b4c0cb"
+    readonly property color pickerText: "white"
+    readonly property color accent: "#5cc8ff"
+    readonly property color onAccent: "#06222f"
+    readonly property color good: "#6fdc8c"
+    readonly property color waiting: "#ffd166"
+    readonly property color bad: "#ff9d94"
+    readonly property color scrim: "#c0000000"
+
+    /// How much larger than usual the person has asked texts to be, 1 to 2; the usual font is 12 pixels high.
+    property real textScale: Math.max(1, Math.min(2, Qt.application.font.pixelSize / 12))
+    readonly property int smallText: Math.round(13 * textScale)
+    readonly property int bodyText: Math.round(15 * textScale)
+    readonly property int titleText: Math.round(20 * textScale)
+    readonly property int hugeText: Math.round(34 * textScale)
+
+    /// The least a finger needs.
+    readonly property int target: 48
+    /// The height of a row of text that can be touched.
+    readonly property int row: Math.max(target, Math.round(bodyText * 2.2))
+    readonly property int gap: 12
+    readonly property int smallGap: 6
+    readonly property int radius: 10
+
+    /// From this width of the window on, the tabs are a rail at the side.
+    readonly property int railWidth: 840
+    /// From this width of a screen on, its parts stand side by side.
+    readonly property int columnsWidth: 600
+}

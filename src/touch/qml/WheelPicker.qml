@@ -1,0 +1,193 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Lumbra.Touch
+
+/// A wheel of rows with the selected one in the middle. A fling picks once, where it ends; a touch on the moving wheel
+/// stops it without a pick; a tap on the middle row picks it again, a tap on another row picks that. The mouse wheel
+/// and the arrow keys turn it, and it picks when it has come to rest.
+Item {
+    id: root
+
+    required property PickerAdapter picker
+    property int visibleRows: 3
+
+    readonly property bool resting: !list.moving && !settle.running && !linger.running
+    readonly property int rowHeight: Theme.row
+    /// The row in the middle, which a person is turning to while the wheel does not rest.
+    readonly property alias middleRow: list.currentIndex
+
+    function follow() {
+        if (resting && list.currentIndex !== picker.selected)
+            list.currentIndex = picker.selected;
+    }
+    function pick(row: int) {
+        settle.stop();
+        linger.stop();
+        const item = list.itemAtIndex(row) as WheelRow;
+        if (item)
+            picker.pick(row, item.text);
+        follow();
+    }
+    function turnBy(rows: int) {
+        const row = Math.max(0, Math.min(list.count - 1, list.currentIndex + rows));
+        linger.stop();
+        settle.restart();
+        list.currentIndex = row;
+    }
+
+    implicitHeight: rowHeight * visibleRows + caption.height + Theme.smallGap
+    implicitWidth: 150
+    activeFocusOnTab: true
+
+    Keys.onUpPressed: turnBy(-1)
+    Keys.onDownPressed: turnBy(1)
+    Keys.onPressed: event => {
+        event.accepted = true;
+        switch (event.key) {
+        case Qt.Key_PageUp:
+            turnBy(-visibleRows);
+            break;
+        case Qt.Key_PageDown:
+            turnBy(visibleRows);
+            break;
+        case Qt.Key_Home:
+            turnBy(-list.count);
+            break;
+        case Qt.Key_End:
+            turnBy(list.count);
+            break;
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+        case Qt.Key_Space:
+            pick(list.currentIndex);
+            break;
+        default:
+            event.accepted = false;
+        }
+    }
+
+    Accessible.role: Accessible.SpinBox
+    Accessible.name: qsTr("%1, %2").arg(picker.caption).arg(picker.selectedText)
+    Accessible.focusable: true
+    Accessible.onIncreaseAction: turnBy(1)
+    Accessible.onDecreaseAction: turnBy(-1)
+    Accessible.onPressAction: pick(list.currentIndex)
+
+    Connections {
+        target: root.picker
+        function onChanged() {
+            root.follow();
+        }
+    }
+    // A turn by wheel or keys picks when no further one follows.
+    Timer {
+        id: settle
+
+        interval: 300
+        onTriggered: root.pick(list.currentIndex)
+    }
+    // A wheel that was stopped waits for the hand's next touch, then shows again what is selected.
+    Timer {
+        id: linger
+
+        interval: 4000
+        onTriggered: root.follow()
+    }
+
+    FittedText {
+        id: caption
+
+        width: parent.width
+        text: root.picker.caption
+        color: Theme.dimText
+        font.pixelSize: Theme.smallText
+        Accessible.ignored: true
+    }
+    Card {
+        anchors.fill: parent
+        anchors.topMargin: caption.height + Theme.smallGap
+
+        Rectangle {
+            y: list.preferredHighlightBegin
+            width: parent.width
+            height: root.rowHeight
+            color: root.resting ? Theme.raised : "transparent"
+            border.color: root.resting ? Theme.raised : Theme.accent
+            border.width: 1
+            radius: Theme.radius
+        }
+        ListView {
+            id: list
+
+            /// A fling that no touch has ended yet.
+            property bool flung: false
+
+            objectName: "list"
+            anchors.fill: parent
+            clip: true
+            model: root.picker.rows
+            keyNavigationEnabled: false
+            snapMode: ListView.SnapToItem
+            highlightRangeMode: ListView.StrictlyEnforceRange
+            preferredHighlightBegin: (height - root.rowHeight) / 2
+            preferredHighlightEnd: preferredHighlightBegin + root.rowHeight
+            highlightMoveDuration: 0
+            highlightMoveVelocity: -1
+            flickDeceleration: 2500
+            Accessible.ignored: true
+
+            onMovementStarted: {
+                settle.stop();
+                linger.stop();
+            }
+            onFlickStarted: flung = true
+            onFlickEnded: flung = false
+            onDraggingChanged: {
+                if (dragging)
+                    flung = false;
+            }
+            onMovementEnded: {
+                if (flung) {
+                    flung = false;
+                    if (currentIndex !== root.picker.selected)
+                        linger.restart();
+                } else {
+                    root.pick(currentIndex);
+                }
+            }
+            onCountChanged: root.follow()
+            Component.onCompleted: {
+                root.follow();
+                highlightMoveDuration = 150;
+            }
+
+            delegate: WheelRow {
+                width: ListView.view.width
+                height: root.rowHeight
+                inMiddle: ListView.isCurrentItem
+                color: root.picker.white ? Theme.pickerText : Theme.text
+                moving: list.moving
+                onPicked: row => {
+                    root.forceActiveFocus(Qt.MouseFocusReason);
+                    root.pick(row);
+                }
+            }
+        }
+        FocusFrame {
+            of: root
+        }
+    }
+    WheelHandler {
+        property real turned: 0
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        onWheel: event => {
+            turned += event.angleDelta.y / 120;
+            const notches = Math.trunc(turned);
+            if (notches !== 0) {
+                turned -= notches;
+                root.turnBy(-notches);
+            }
+        }
+    }
+}

@@ -1,0 +1,38 @@
+import QtQuick
+
+/// One row of a wheel.
+FittedText {
+    id: root
+
+    required property string display
+    required property int index
+    required property bool inMiddle
+    /// Whether the wheel moves: a touch then stops it and is no tap.
+    required property bool moving
+
+    signal picked(row: int)
+
+    text: display
+    leftPadding: 8
+    rightPadding: 8
+    horizontalAlignment: Text.AlignHCenter
+    font.pixelSize: inMiddle ? Math.round(Theme.bodyText * 1.15) : Theme.bodyText
+    font.bold: inMiddle
+    fontSizeMode: Text.HorizontalFit
+    minimumPixelSize: Theme.smallText
+    opacity: inMiddle ? 1 : 0.75
+    Accessible.ignored: true
+
+    TapHandler {
+        property bool wasMoving: false
+
+        onPressedChanged: {
+            if (pressed)
+                wasMoving = root.moving;
+        }
+        onTapped: {
+            if (!wasMoving)
+                root.picked(root.index);
+        }
+    }
+}

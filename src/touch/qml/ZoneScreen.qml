@@ -1,0 +1,83 @@
+import QtQuick
+import QtQuick.Layouts
+import Lumbra.Touch
+
+/// One of the unit's zones.
+ScreenPage {
+    id: page
+
+    required property ScreenAdapter screen
+    readonly property string where: screen.picker("zonePicker").selectedText
+
+    GridLayout {
+        width: parent.width
+        columns: page.wide ? 2 : 1
+        columnSpacing: Theme.gap
+        rowSpacing: Theme.gap
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.alignment: Qt.AlignTop
+            Layout.preferredWidth: 1
+            spacing: Theme.gap
+
+            WheelPicker {
+                objectName: "zonePicker"
+                Layout.fillWidth: true
+                picker: page.screen.picker("zonePicker")
+                visibleRows: page.wide ? 5 : 3
+            }
+            WheelPicker {
+                objectName: "sourcePicker"
+                Layout.fillWidth: true
+                picker: page.screen.picker("sourcePicker")
+                visibleRows: page.wide ? 5 : 3
+            }
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            Layout.alignment: Qt.AlignTop
+            Layout.preferredWidth: 1
+            spacing: Theme.gap
+
+            VolumeCard {
+                Layout.fillWidth: true
+                screen: page.screen
+                where: page.where
+            }
+            GridLayout {
+                Layout.fillWidth: true
+                columns: Theme.textScale > 1.3 && !page.wide ? 1 : 2
+                columnSpacing: Theme.gap
+                rowSpacing: Theme.gap
+
+                SwitchRow {
+                    objectName: "muteSwitch"
+                    Layout.fillWidth: true
+                    adapter: page.screen.onOff("muteSwitch")
+                    where: page.where
+                }
+                SwitchRow {
+                    objectName: "loudnessSwitch"
+                    Layout.fillWidth: true
+                    adapter: page.screen.onOff("loudnessSwitch")
+                    where: page.where
+                }
+            }
+            LevelCard {
+                objectName: "bass"
+                Layout.fillWidth: true
+                slider: page.screen.slider("bassSlider")
+                label: page.screen.label("bassLabel")
+                where: page.where
+            }
+            LevelCard {
+                objectName: "treble"
+                Layout.fillWidth: true
+                slider: page.screen.slider("trebleSlider")
+                label: page.screen.label("trebleLabel")
+                where: page.where
+            }
+        }
+    }
+}
