@@ -102,6 +102,25 @@ void removeStrayFiles(const QString& file) {
             folder.remove(name);
 }
 
+/// Gives `file` the first name of "FILE.unreadable-1", "-2" ... that is free, and returns it; nothing, with
+/// the reason in errno, where the system refuses.
+std::optional<QByteArray> renameAside(const QByteArray& file) {
+    for (int number = 1;; ++number) {
+        auto aside = file + ".unreadable-" + QByteArray::number(number);
+        if (renameat2(AT_FDCWD, file.constData(), AT_FDCWD, aside.constData(), RENAME_NOREPLACE) == 0)
+            return aside;
+        if (errno == EINVAL) { // a file system without a rename that spares existing files
+            struct stat existing {};
+            if (::lstat(aside.constData(), &existing) == 0)
+                continue;
+            if (::rename(file.constData(), aside.constData()) == 0)
+                return aside;
+        }
+        if (errno != EEXIST)
+            return std::nullopt;
+    }
+}
+
 /// Writes all of `text` to an unbuffered file.
 bool writeAll(QFileDevice& file, const QByteArray& text) {
     for (qsizetype done = 0; done < text.size();) {
@@ -122,10 +141,12 @@ void FileSettingsStore::reportOnStandardError(const std::string& sentence) {
 FileSettingsStore::FileSettingsStore(MainQueue& queue, const std::string& path, Report report)
     : queue_(queue), path_(QFile::decodeName(path.c_str())), report_(std::move(report)) {
     refresh();
-    if (!known_.problem.empty())
-        inMemoryOnly_ = !setAside();
-    if (!inMemoryOnly_)
-        removeStrayFiles(target(path_));
+    if (!known_.problem.empty()) {
+        const FolderLock lock(target(path_), LOCK_PATIENCE);
+        if (!makeReadable())
+            return;
+    }
+    removeStrayFiles(target(path_));
 }
 
 FileSettingsStore::~FileSettingsStore() {
@@ -216,11 +237,8 @@ void FileSettingsStore::flush() {
         return;
     QDir().mkpath(QFileInfo(path_).absolutePath()); // the write tells where this fails
     const FolderLock lock(target(path_), LOCK_PATIENCE);
-    refresh();
-    if (!known_.problem.empty() && !setAside()) {
-        inMemoryOnly_ = true;
+    if (!makeReadable())
         return;
-    }
     auto values = known_.values;
     for (const auto& [key, value] : changes_)
         values.insert(key, value); // an undefined value removes the key
@@ -235,10 +253,11 @@ void FileSettingsStore::write(const QJsonObject& values) {
     const auto text = QJsonDocument(values).toJson();
     // Buffered, a write that the disk takes only in part goes unnoticed, and the torn file is committed.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text) || !file.commit()) {
+        auto sentence = "The settings can't be saved in " + path_.toStdString();
+        sentence += " (" + file.errorString().toStdString();
+        sentence += "); they hold until the program ends, and the next change tries again.";
         if (!std::exchange(failureReported_, true))
-            report_("The settings can't be saved in " + path_.toStdString() + " (" +
-                    file.errorString().toStdString() +
-                    "); they hold until the program ends, and the next change tries again.");
+            report_(sentence);
         return;
     }
     failureReported_ = false;
@@ -249,29 +268,24 @@ void FileSettingsStore::write(const QJsonObject& values) {
         known_.stamp = stamp;
 }
 
-bool FileSettingsStore::setAside() {
-    const auto reason = std::exchange(known_.problem, {});
-    const auto file = path_.toStdString();
-    std::string cause = "it is no regular file";
-    if (!known_.stamp || S_ISREG(known_.stamp->st_mode)) {
-        const auto from = QFile::encodeName(path_);
-        for (int number = 1;; ++number) {
-            const auto to = from + ".unreadable-" + QByteArray::number(number);
-            if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) {
-                known_.stamp.reset();
-                report_("The settings in " + file + " can't be read (" + reason +
-                        "); the file was set aside as " + to.toStdString() + ".");
-                return true;
-            }
-            if (errno != EEXIST) {
-                cause = systemMessage(errno);
-                break;
-            }
-        }
+bool FileSettingsStore::makeReadable() {
+    refresh();
+    if (known_.problem.empty()) // another program was faster
+        return true;
+    auto sentence = "The settings in " + path_.toStdString();
+    sentence += " can't be read (" + std::exchange(known_.problem, {}) + ")";
+    const bool isFile = !known_.stamp || S_ISREG(known_.stamp->st_mode);
+    const auto aside = isFile ? renameAside(QFile::encodeName(path_)) : std::nullopt;
+    if (aside) {
+        known_.stamp.reset();
+        sentence += "; the file was set aside as " + aside->toStdString() + ".";
+    } else {
+        sentence += " and can't be set aside (" + (isFile ? systemMessage(errno) : "it is no regular file");
+        sentence += "); they are left alone, and changes hold only until the program ends.";
+        inMemoryOnly_ = true;
     }
-    report_("The settings in " + file + " can't be read (" + reason + ") and the file can't be set aside (" +
-            cause + "); it is left alone, and settings hold only until the program ends.");
-    return false;
+    report_(sentence);
+    return aside.has_value();
 }
 
 } // namespace lumbra

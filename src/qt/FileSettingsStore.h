@@ -68,7 +68,9 @@ private:
     void read() const;
     QJsonValue current(const QString& key) const;
     void change(const QString& key, const QJsonValue& value);
-    bool setAside();
+    /// Makes way for a file that can be read. False, and the store lives in memory from now on, where it can
+    /// not.
+    bool makeReadable();
     void write(const QJsonObject& values);
 
     MainQueue& queue_;

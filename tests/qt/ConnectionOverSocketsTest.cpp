@@ -23,6 +23,8 @@ namespace {
 /// A screen that notes what it is told.
 class NotingScreen final : public ServerConnectionDelegate {
 public:
+    virtual ~NotingScreen() = default;
+
     void displayConnectionError() override { ++errors; }
     void dataReceived(const ReceiveBuffer& buffer, std::size_t count) override {
         bytes.append(buffer.begin(), buffer.begin() + count);

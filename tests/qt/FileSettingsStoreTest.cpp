@@ -35,7 +35,7 @@ std::string contents(const fs::path& file) {
 }
 
 class FileSettings : public ::testing::Test {
-protected:
+public:
     FileSettings() {
         std::string name = fs::temp_directory_path() / "lumbra-settings-XXXXXX";
         folder = ::mkdtemp(name.data());
@@ -43,6 +43,7 @@ protected:
     }
     ~FileSettings() override { fs::remove_all(folder); }
 
+protected:
     FileSettingsStore store() {
         return FileSettingsStore(queue, file.string(),
                                  [this](const auto& sentence) { told.push_back(sentence); });
@@ -234,7 +235,7 @@ TEST_F(FileSettings, FollowsALinkToItsFile) {
     fs::create_symlink("synced/real.json", file);
     store().setValue("unit", std::int64_t{3});
     EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_NE(contents(folder / "synced" / "real.json").find("3"), std::string::npos);
+    EXPECT_NE(contents(folder / "synced" / "real.json").find('3'), std::string::npos);
 }
 
 TEST_F(FileSettings, SweepsOnlyTheTemporaryFilesOfItsOwnWrites) {

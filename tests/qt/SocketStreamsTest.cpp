@@ -41,7 +41,8 @@ public:
         for (auto& filler : fillers_) {
             filler = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
             const auto address = loopbackAddress(listener.port());
-            ::connect(filler, reinterpret_cast<const sockaddr*>(&address.storage), address.length);
+            static_cast<void>(
+                ::connect(filler, reinterpret_cast<const sockaddr*>(&address.storage), address.length));
         }
     }
     ~SilentHost() {
