@@ -160,7 +160,7 @@ template <class Move>
 Outcome choose(const std::string& control, std::string_view what, const std::string& text, std::size_t count,
                Move moveTo) {
     const auto position = parseWhole(text);
-    if (!position && text.find_first_not_of("+-0123456789") != std::string::npos)
+    if (!position && (text.empty() || text.find_first_not_of("+-0123456789") != std::string::npos))
         return Failed{control + ": \"" + text + "\" is not a whole number"};
     if (!position || *position < 0 || *position >= static_cast<std::int64_t>(count)) {
         const auto there = count == 0   ? " at all yet"

@@ -127,6 +127,11 @@ void LineEditor::show() {
 void LineEditor::windowChanged() {
     hide();
     rl_resize_terminal();
+    if (prompting_) {
+        // The shell has put its own settings in place while the program was stopped.
+        rl_deprep_terminal();
+        rl_prep_terminal(1);
+    }
     show();
 }
 

@@ -1,0 +1,445 @@
+#include "Session.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace lumbra;
+
+TEST(Console, PlaysItsTranscripts) {
+    const Scenario scenarios[] = {
+        {"only the screen on show tells of its controls", R"(
+            ~ > U1Z1V-30
+            < {"event":"control","screen":"zone","control":"volumeSlider","state":{"kind":"slider","value":-30.0,"min":-80.0,"max":0.0,"enabled":true}}
+            < {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%"}}
+            $ tab scene
+            < {"event":"screen","screen":"scene","tabs":["zone","group","override","scene"],"selected":3}
+            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
+            < {"reply":"tab","ok":true}
+            ~ sent [U1APPQ2]
+            ~ > U1Z1V-20
+            ~ > U1APPQ2
+            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":false}}
+            $ tab 0
+            < {"event":"screen","screen":"zone","tabs":["zone","group","override","scene"],"selected":0}
+            < {"event":"control","screen":"zone","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
+            < {"reply":"tab","ok":true}
+        )"},
+        {"the tab on show selected again is stored and nothing appears", R"(
+            $ set start_tab_preference 3
+            < {"reply":"set","ok":true}
+            ~ sent
+            $ tab zone
+            < {"reply":"tab","ok":true}
+            ~ sent
+            $ get start_tab_preference
+            < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}}
+        )"},
+        {"a slide is one event, its command leaves later, once", R"(
+            $ slide volumeSlider -30.5
+            < {"event":"control","screen":"zone","control":"volumeSlider","state":{"kind":"slider","value":-30.5,"min":-80.0,"max":0.0,"enabled":true}}
+            < {"reply":"slide","ok":true}
+            $ slide volumeSlider -30.5
+            < {"reply":"slide","ok":true}
+            ~ sent
+            ~ wait 0.75
+            ~ sent [U1Z1V-30]
+        )"},
+        {"a slide is held to the range", R"(
+            $ slide bassSlider 1e30
+            <~ "value":15.0
+            <~ "ok":true
+            $ slide bassSlider -1e300
+            <~ "value":-15.0
+            <~ "ok":true
+            $ slide volumeSlider +3
+            <~ "value":0.0
+            <~ "ok":true
+        )"},
+        {"a switch sends once, and nothing where it stands", R"(
+            $ switch muteSwitch on
+            < {"event":"control","screen":"zone","control":"muteSwitch","state":{"kind":"switch","on":true,"enabled":true}}
+            < {"reply":"switch","ok":true}
+            ~ sent [U1Z1M1]
+            $ switch muteSwitch on
+            < {"reply":"switch","ok":true}
+            ~ sent
+            $ switch muteSwitch toggle
+            <~ "on":false
+            < {"reply":"switch","ok":true}
+            ~ sent [U1Z1M0]
+        )"},
+        {"a row picked again is a pick", R"(
+            $ pick sourcePicker 2
+            <~ "selected":2
+            < {"reply":"pick","ok":true}
+            $ pick sourcePicker 2
+            < {"reply":"pick","ok":true}
+            ~ sent [U1Z1I3] [U1Z1I3]
+        )"},
+        {"segments, and the controls they enable", R"(
+            $ set advanced_mode_preference true
+            $ app away
+            $ app back
+            <...
+            ~ connect
+            <...
+            ~ sent [U1SERIAL0] [U1APPQ1]
+            $ segment filterType1 0
+            < {"reply":"segment","ok":true}
+            $ slide filterGain1 3
+            < {"reply":"slide","ok":false,"error":"filterGain1: disabled"}
+            ~ sent
+            $ segment filterType1 5
+            < {"event":"control","screen":"output","control":"filterType1","state":{"kind":"segmented","segments":["Bypass","High-pass","High shelf","Low-pass","Low shelf","Parametric"],"selected":5,"enabled":true}}
+            < {"reply":"segment","ok":true}
+            ~ sent [U1O1B1P0F1000]
+            ~ > U1O1B1P0F1000
+            < {"event":"control","screen":"output","control":"filterFreq1","state":{"kind":"slider","value":3000.0,"min":1301.03,"max":4301.0303,"enabled":true}}
+            < {"event":"control","screen":"output","control":"filterGain1","state":{"kind":"slider","value":0.0,"min":-15.0,"max":15.0,"enabled":true}}
+            $ slide filterGain1 3
+            <~ "value":3.0
+            < {"reply":"slide","ok":true}
+        )"},
+        {"a button, on the scene that is picked", R"(
+            $ tab scene
+            $ pick scenePicker 4
+            <...
+            ~ sent [U1APPQ2]
+            $ press loadSceneButton
+            < {"reply":"press","ok":true}
+            $ press saveSceneButton
+            < {"reply":"press","ok":true}
+            ~ sent [U1SP5LOAD] [U1SP5SAVE]
+        )"},
+        {"an alert is told each time it is asked for, one stands", R"(
+            $ dismiss
+            < {"reply":"dismiss","ok":false,"error":"no alert is on show"}
+            ~ error
+            < {"event":"link","link":"closed"}
+            < {"event":"alert","title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"}
+            ~ network off
+            $ tab group
+            <~ "event":"screen"
+            < {"reply":"tab","ok":true}
+            < {"event":"alert","title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"}
+            $ state
+            <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed"}
+            $ dismiss
+            < {"reply":"dismiss","ok":true}
+            $ dismiss
+            <~ "ok":false
+            $ state
+            <~ "alert":null,"link":"closed"}
+        )"},
+        {"the application leaves and comes back to another address", R"(
+            $ app away
+            < {"event":"link","link":"closed"}
+            < {"reply":"app","ok":true}
+            $ set ip_address_preference 10.0.0.9
+            < {"reply":"set","ok":true}
+            $ app back
+            < {"reply":"app","ok":true}
+            < {"event":"link","link":"opening"}
+            ~ error
+            < {"event":"link","link":"closed"}
+            < {"event":"alert","title":"Error","message":"Failed to connect to IP address 10.0.0.9.","button":"OK"}
+        )"},
+        {"single lifecycle events, and the mode that changes meanwhile", R"(
+            $ set advanced_mode_preference true
+            $ set start_tab_preference 2
+            $ app resign-active
+            $ app enter-background
+            $ app enter-foreground
+            <...
+            $ app become-active
+            < {"event":"screen","screen":"output","tabs":["output","group","override","scene"],"selected":0}
+            < {"event":"screen","screen":"override","tabs":["output","group","override","scene"],"selected":2}
+            < {"reply":"app","ok":true}
+            < {"event":"link","link":"opening"}
+        )"},
+        {"what a person stores is typed; the application is not told", R"(
+            $ set unit_number_preference 4
+            < {"reply":"set","ok":true}
+            $ set start_tab_preference -1
+            < {"reply":"set","ok":true}
+            $ set polling_preference false
+            < {"reply":"set","ok":true}
+            $ set ip_address_preference ""
+            < {"reply":"set","ok":true}
+            $ unset serial_port_preference
+            < {"reply":"unset","ok":true}
+            $ get
+            < {"reply":"get","ok":true,"settings":{"ip_address_preference":"","unit_number_preference":4,"polling_preference":false,"serial_port_preference":null,"start_tab_preference":-1,"advanced_mode_preference":null}}
+            $ switch muteSwitch on
+            <...
+            ~ sent [U1Z1M1]
+        )"},
+        {"names are UTF-8, escaped, and nothing breaks a line", R"(
+            $ tab scene
+            <...
+            ~ > U1SP1N"Caf)"
+                                                                "\xe9 \\ \x01\x7f \xc2\x85"
+                                                                R"("
+            <~ "rows":["Café \\ \u0001
+        )"},
+        {"empty lines and comments are nothing, the rest is said in words", R"(
+            $ # tab nowhere
+            $
+            $    
+            $ quit now
+            < {"reply":"quit","ok":false,"error":"quit stands alone"}
+            $ "tab" "group"
+            <~ "event":"screen"
+            <~ spinner
+            < {"reply":"tab","ok":true}
+        )"},
+    };
+    for (const auto& [name, script] : scenarios) {
+        SCOPED_TRACE(name);
+        Session session;
+        session.start();
+        EXPECT_EQ(session.play(script), "");
+    }
+}
+
+TEST(Console, LaunchesBeforeItReads) {
+    Session session;
+    session.type("get start_tab_preference\n");
+    session.start(false);
+    EXPECT_EQ(session.play(R"(
+        < {"event":"screen","screen":"zone","tabs":["zone","group","override","scene"],"selected":0}
+        < {"event":"link","link":"opening"}
+        < {"reply":"get","ok":true,"settings":{"start_tab_preference":null}}
+        ~ connect
+        < {"event":"link","link":"open"}
+        <~ "control":"spinner","state":{"kind":"activityIndicator","animating":true}
+    )"),
+              "");
+}
+
+TEST(Console, WaitsHoldBackCommandsOnly) {
+    const Scenario scenarios[] = {
+        {"time", R"(
+            $ wait 0.5
+            $ tab 9
+            ~ wait 0.499
+            ~ > U1Z1V-30
+            <~ volumeSlider
+            <~ volumeLabel
+            ~ wait 0.001
+            < {"reply":"wait","ok":true}
+            <~ "reply":"tab","ok":false
+        )"},
+        {"no time at all", R"(
+            $ wait 0
+            ~ wait 0
+            < {"reply":"wait","ok":true}
+        )"},
+        {"an answer", R"(
+            $ tab group
+            $ wait answer 2
+            $ dismiss
+            <...
+            ~ wait 1.9
+            ~ > U2APPQ4
+            ~ > U1APPQ4
+            <~ spinner
+            < {"reply":"wait","ok":true}
+            <~ "reply":"dismiss"
+            ~ wait 9
+        )"},
+        {"an answer that is there already", R"(
+            $ wait answer
+            < {"reply":"wait","ok":true}
+        )"},
+        {"an answer that does not come", R"(
+            $ tab group
+            $ wait answer
+            <...
+            ~ wait 4.999
+            ~ wait 0.001
+            < {"reply":"wait","ok":false,"error":"the unit has not answered in time; the link is open"}
+        )"},
+        {"a link, and the query that it starts", R"(
+            $ app away
+            $ wait closed
+            $ app back
+            $ wait open 1
+            $ wait answer
+            <...
+            ~ wait 0.9
+            ~ connect
+            < {"event":"link","link":"open"}
+            <~ "animating":true
+            < {"reply":"wait","ok":true}
+            ~ > U1APPQ0
+            <~ "animating":false
+            < {"reply":"wait","ok":true}
+        )"},
+        {"a link that does not open", R"(
+            ~ end
+            < {"event":"link","link":"closed"}
+            $ wait open 0.25
+            ~ wait 0.25
+            < {"reply":"wait","ok":false,"error":"the link is still closed, not open"}
+            $ wait closed 0
+            < {"reply":"wait","ok":true}
+        )"},
+        {"the end of the input is behind the last command", R"(
+            $ wait 3
+            $ switch muteSwitch on
+            $end
+            ~ wait 2.9
+            ~ sent
+            ~ wait 0.1
+            < {"reply":"wait","ok":true}
+            <~ muteSwitch
+            < {"reply":"switch","ok":true}
+        )"},
+    };
+    for (const auto& [name, script] : scenarios) {
+        SCOPED_TRACE(name);
+        Session session;
+        session.start();
+        EXPECT_EQ(session.play(script), "");
+    }
+}
+
+TEST(Console, AnswersBadInputInWords) {
+    struct Case {
+        const char* line;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"fly", R"(fly: no such command; \"help\" lists those there are)"},
+        {"State", R"(State: no such command; \"help\" lists those there are)"},
+        {R"("")", R"(: no such command; \"help\" lists those there are)"},
+        {"pick zonePicker", "usage: pick CONTROL ROW"},
+        {"pick zonePicker 1 2", "usage: pick CONTROL ROW"},
+        {"slide volumeSlide -3", "volumeSlide: no such control on the zone screen"},
+        {"press loadSceneButton", "loadSceneButton: no such control on the zone screen"},
+        {"slide volumeLabel -3", "volumeLabel: a label, not a slider"},
+        {"press spinner", "spinner: an activity indicator, not a button"},
+        {"segment muteSwitch 0", "muteSwitch: a switch, not a segmented control"},
+        {"switch zonePicker on", "zonePicker: a picker, not a switch"},
+        {"pick volumeSlider 1", "volumeSlider: a slider, not a picker"},
+        {"pick sourcePicker 20", "sourcePicker: no row 20; there are 0 to 19"},
+        {"pick sourcePicker -1", "sourcePicker: no row -1; there are 0 to 19"},
+        {"pick sourcePicker 99999999999999999999",
+         "sourcePicker: no row 99999999999999999999; there are 0 to 19"},
+        {"pick sourcePicker 1.0", R"(sourcePicker: \"1.0\" is not a whole number)"},
+        {R"(pick sourcePicker "")", R"(sourcePicker: \"\" is not a whole number)"},
+        {"slide volumeSlider nan", R"(volumeSlider: \"nan\" is not a number)"},
+        {"slide volumeSlider -inf", R"(volumeSlider: \"-inf\" is not a number)"},
+        {"slide volumeSlider 0x10", R"(volumeSlider: \"0x10\" is not a number)"},
+        {"slide volumeSlider -30dB", R"(volumeSlider: \"-30dB\" is not a number)"},
+        {"slide volumeSlider +-3", R"(volumeSlider: \"+-3\" is not a number)"},
+        {"slide volumeSlider 1,5", R"(volumeSlider: \"1,5\" is not a number)"},
+        {"switch muteSwitch ON", R"(muteSwitch: no position \"ON\"; there are on, off and toggle)"},
+        {"tab output", "output: no such tab; there are zone, group, override and scene"},
+        {"tab 4", "4: no such tab; there are zone, group, override and scene"},
+        {"tab -1", "-1: no such tab; there are zone, group, override and scene"},
+        {"get volume", "volume: no such setting; there are ip_address_preference, unit_number_preference, "
+                       "polling_preference, serial_port_preference, start_tab_preference and "
+                       "advanced_mode_preference"},
+        {"set unit_number_preference 1.5", R"(unit_number_preference: \"1.5\" is not a whole number)"},
+        {"set start_tab_preference 9223372036854775808",
+         R"(start_tab_preference: \"9223372036854775808\" is not a whole number)"},
+        {"set polling_preference yes", R"(polling_preference: \"yes\" is neither true nor false)"},
+        {"app start", "start: no such event; there are resign-active, enter-background, enter-foreground, "
+                      "become-active, away and back"},
+        {"wait long", R"(\"long\" is neither a time in seconds nor answer, open or closed)"},
+        {"wait -1", R"(\"-1\" is neither a time in seconds nor answer, open or closed)"},
+        {"wait nan", R"(\"nan\" is neither a time in seconds nor answer, open or closed)"},
+        {"wait 3 4", R"(\"3\" can't be waited for; there are answer, open and closed)"},
+        {"wait open soon", R"(\"soon\" is not a time in seconds)"},
+        {"wait open 1e10", R"(\"1e10\" is not a time in seconds)"},
+        {R"(tab "zone)", "a quote is opened and not closed"},
+        {R"(tab "zo"ne)", "a blank is missing behind a closing quote"},
+        {R"(tab zo"ne)", R"(a quote inside a word: put the whole word in quotes, and \\\" for the quote)"},
+        {"tab \xff", "this line is not UTF-8 text"},
+    };
+    Session session;
+    session.start();
+    for (const auto& [line, error] : cases) {
+        const std::string text = line;
+        const auto word = text.starts_with('"') ? "" : text.substr(0, text.find(' '));
+        EXPECT_EQ(session.play("$ " + text + "\n< {\"reply\":\"" + word + "\",\"ok\":false,\"error\":\"" +
+                               error + "\"}"),
+                  "");
+    }
+    EXPECT_EQ(session.play("~ sent"), "") << "a refused command reached the unit";
+    EXPECT_EQ(session.play("~ wait 9\n~ sent"), "");
+}
+
+TEST(Console, StateHoldsEveryControlInTheLayoutsOrder) {
+    Session session;
+    session.start();
+    EXPECT_EQ(session.play(R"(
+        $ tab override
+        <...
+        ~ > U1APPQ3
+        <...
+        $ state
+        < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"}
+        $ tab scene
+        <...
+        $ state
+        < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":true}},"alert":null,"link":"open"}
+    )"),
+              "");
+}
+
+TEST(Console, EndsWithTheStatusOfItsAnswers) {
+    struct Case {
+        const char* name;
+        std::vector<const char*> input;
+        int signal;
+        int status;
+        const char* output;
+    };
+    const Case cases[] = {
+        {"quit", {"quit\n", "tab group\n"}, 0, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
+        {"quit after an error", {"fly\n", "quit\n"}, 0, 1, nullptr},
+        {"an end without a line end", {"quit"}, 0, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
+        {"an end after an error", {"fly"}, 0, 1, nullptr},
+        {"an end", {}, 0, 0, ""},
+        {"a signal during a wait", {"wait 1000\n"}, SIGTERM, 0, ""},
+        {"a hang-up after an error", {"fly\n"}, SIGHUP, 1, nullptr},
+    };
+    for (const auto& [name, input, signal, status, output] : cases) {
+        SCOPED_TRACE(name);
+        Session session;
+        session.start();
+        session.remote.application.enterBackground();
+        for (const auto* bytes : input)
+            session.type(bytes);
+        if (signal != 0)
+            ::raise(signal);
+        else
+            session.endInput();
+        session.settle();
+        EXPECT_EQ(session.exitStatus, status);
+        EXPECT_FALSE(session.remote.application.tabs().appWasInBackground()) << "the delegate was not told";
+        if (output) {
+            EXPECT_EQ(session.read(), output);
+        }
+    }
+}
+
+TEST(Console, HelpListsEveryCommand) {
+    Session session;
+    session.start();
+    session.type("help\n");
+    const auto text = session.read();
+    for (const auto* name : {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss",
+                             "get", "set", "unset", "app", "wait", "quit"})
+        EXPECT_NE(text.find("{\"name\":\"" + std::string(name) + "\""), std::string::npos) << name;
+}
+
+} // namespace

@@ -1,0 +1,101 @@
+#include "Session.h"
+#include "console/Utf8.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace lumbra;
+
+TEST(Utf8, WhatIsNoneIsReplacedByteByByte) {
+    struct Case {
+        const char* bytes;
+        const char* valid;
+    };
+    const Case cases[] = {
+        {"plain", "plain"},
+        {"\xc3\xa9\xe2\x82\xac\xf0\x9f\x8e\xb5", "\xc3\xa9\xe2\x82\xac\xf0\x9f\x8e\xb5"},
+        {"\xe9", "\xef\xbf\xbd"},                                                 // a Latin-1 byte
+        {"\xc3", "\xef\xbf\xbd"},                                                 // cut off
+        {"\xc3x", "\xef\xbf\xbdx"},                                               // what follows is kept
+        {"\xc0\xaf", "\xef\xbf\xbd\xef\xbf\xbd"},                                 // overlong
+        {"\xed\xa0\x80", "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd"},                 // a surrogate
+        {"\xf4\x90\x80\x80", "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd"}, // beyond Unicode
+    };
+    for (const auto& [bytes, valid] : cases) {
+        EXPECT_EQ(toValidUtf8(bytes), valid);
+        EXPECT_EQ(isUtf8(bytes), std::string(bytes) == valid);
+    }
+}
+
+TEST(Utf8, NothingReachesIntoTheTerminal) {
+    struct Case {
+        const char* text;
+        const char* shown;
+    };
+    const Case cases[] = {
+        {"Caf\xc3\xa9 \"A\\B\"", "\"Caf\xc3\xa9 \\\"A\\\\B\\\"\""},
+        {"\x1b[2J\a\r\n", R"("\x1b[2J\x07\x0d\x0a")"},
+        {"\x7f", R"("\x7f")"},
+        {"\xc2\x9b"
+         "31m",
+         R"("\x9b31m")"},                // the one-byte form of ESC [
+        {"\xe2\x80\xae", R"("\u202e")"}, // turns the direction of writing
+        {"\xe2\x80\xa8\xe2\x81\xa6", R"("\u2028\u2066")"},
+        {"\xff", "\"\xef\xbf\xbd\""},
+    };
+    for (const auto& [text, shown] : cases)
+        EXPECT_EQ(quotedForTerminal(text), shown);
+}
+
+TEST(Text, PlaysItsTranscript) {
+    Session session(false);
+    session.start(false);
+    EXPECT_EQ(session.play(R"(
+        < screen: [zone] group override scene
+        < link: opening
+        $ tab scene
+        < screen: zone group override [scene]
+        < ok
+        ~ connect
+        < link: open
+        < spinner: turning
+        ~ > U1SP1N"Quiet)"
+                           "\x1b[2J"
+                           R"("
+        < scenePicker: 0 "Quiet\x1b[2J" of 10
+        ~ > U1SP2N"Loud"
+        $ pick scenePicker 1
+        < scenePicker: 1 "Loud" of 10
+        < ok
+        $ pick scenePicker 10
+        < error: scenePicker: no row 10; there are 0 to 9
+        $ state
+        < scene screen, link open; tabs: zone group override [scene]
+        <   scenePicker      picker     0 "Quiet\x1b[2J" [1 "Loud"] 2 "Scene 3" 3 "Scene 4" 4 "Scene 5" 5 "Scene 6" 6 "Scene 7" 7 "Scene 8" 8 "Scene 9" 9 "Scene 10"
+        <   loadSceneButton  button     "Recall"
+        <   saveSceneButton  button     "Store"
+        <   spinner          indicator  turning
+        $ set ip_address_preference "a b"
+        < ok
+        $ get ip_address_preference
+        <   ip_address_preference  "a b"
+        $ unset ip_address_preference
+        < ok
+        $ get ip_address_preference
+        <   ip_address_preference  absent
+        ~ error
+        < link: closed
+        < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
+        $ state
+        <...
+        $ dismiss
+        < ok
+        $ quit
+        < ok
+    )"),
+              "");
+    EXPECT_EQ(session.exitStatus, 1);
+}
+
+} // namespace
