@@ -8,7 +8,7 @@
 namespace lumbra {
 
 /// Shows an activity indicator to QML.
-class ActivityAdapter final : public ControlAdapter {
+class ActivityAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")

@@ -9,7 +9,7 @@
 namespace lumbra {
 
 /// Shows the alert on show, if there is one, to QML. All texts are plain and in the person's language.
-class AlertAdapter final : public Adapter {
+class AlertAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("the application gives it")

@@ -16,7 +16,7 @@ AppAdapter::AppAdapter(Application& application, WindowLife& life, QObject* pare
 }
 
 void AppAdapter::takeTabs() {
-    QList<QObject*> tabs;
+    QList<ScreenAdapter*> tabs;
     for (const auto& controller : application_.tabs().viewControllers())
         tabs << adapterOf(controller);
     const auto shown = application_.tabs().selectedViewController();

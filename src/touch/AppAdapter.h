@@ -10,6 +10,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QQmlListProperty>
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
@@ -23,7 +24,7 @@ class AppAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("the front end gives it")
-    Q_PROPERTY(QList<QObject*> tabs READ tabs NOTIFY tabsChanged)
+    Q_PROPERTY(QQmlListProperty<lumbra::ScreenAdapter> tabs READ tabs NOTIFY tabsChanged)
     Q_PROPERTY(int selected READ selected NOTIFY selectedChanged)
     Q_PROPERTY(lumbra::ScreenAdapter* screen READ screen NOTIFY selectedChanged)
     Q_PROPERTY(lumbra::LinkAdapter* link READ link CONSTANT)
@@ -34,8 +35,7 @@ public:
     /// Both outlive the adapter. The application may be launched before or after.
     AppAdapter(Application& application, WindowLife& life, QObject* parent = nullptr);
 
-    /// The screens of the tabs, each a ScreenAdapter.
-    QList<QObject*> tabs() const { return tabs_; }
+    QQmlListProperty<ScreenAdapter> tabs() { return {this, &tabs_}; }
     int selected() const { return application_.tabs().selectedIndex(); }
     ScreenAdapter* screen() const { return screen_; }
     LinkAdapter* link() const { return link_; }
@@ -56,7 +56,7 @@ private:
     Application& application_;
     RefreshQueue refreshQueue_;
     std::vector<ScreenAdapter*> screens_; ///< all that have been on show, also those among no tabs now
-    QList<QObject*> tabs_;
+    QList<ScreenAdapter*> tabs_;
     ScreenAdapter* screen_ = nullptr;
     LinkAdapter* link_;
     AlertAdapter* alert_;

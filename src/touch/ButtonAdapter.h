@@ -9,7 +9,7 @@
 namespace lumbra {
 
 /// Shows a button to QML; its title is its caption.
-class ButtonAdapter final : public ControlAdapter {
+class ButtonAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")

@@ -12,7 +12,7 @@ namespace lumbra {
 
 /// What the adapters of all controls share: the caption in the person's language and whether a hand can move
 /// the control.
-class ControlAdapter : public Adapter {
+class ControlAdapter : public lumbra::Adapter {
     Q_OBJECT
     QML_ANONYMOUS
     Q_PROPERTY(QString caption READ caption CONSTANT)

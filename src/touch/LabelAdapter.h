@@ -9,7 +9,7 @@
 namespace lumbra {
 
 /// Shows a label to QML.
-class LabelAdapter final : public ControlAdapter {
+class LabelAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")

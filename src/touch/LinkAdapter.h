@@ -9,7 +9,7 @@
 namespace lumbra {
 
 /// Shows the link to QML.
-class LinkAdapter final : public Adapter {
+class LinkAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("the application gives it")

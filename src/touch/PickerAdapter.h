@@ -10,7 +10,7 @@ namespace lumbra {
 
 /// Shows a picker to QML. Its rows are a list model that changes row by row, so that a wheel keeps its place
 /// while names arrive.
-class PickerAdapter final : public ControlAdapter {
+class PickerAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")

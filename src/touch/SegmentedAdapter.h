@@ -10,7 +10,7 @@
 namespace lumbra {
 
 /// Shows a segmented control to QML.
-class SegmentedAdapter final : public ControlAdapter {
+class SegmentedAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")

@@ -12,11 +12,11 @@ namespace lumbra {
 
 /// Shows the six settings to QML. The settings screen is outside the application: opening it is leaving,
 /// closing it is coming back, when the application reads what was changed. Each change is stored at once.
-class SettingsAdapter final : public Adapter {
+class SettingsAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("the application gives it")
-    Q_PROPERTY(bool open READ isOpen NOTIFY changed)
+    Q_PROPERTY(bool shown READ isShown NOTIFY changed)
     Q_PROPERTY(QString address READ address WRITE setAddress NOTIFY changed)
     Q_PROPERTY(QString addressHint READ addressHint NOTIFY changed)
     Q_PROPERTY(int unit READ unit WRITE setUnit NOTIFY changed)
@@ -32,7 +32,7 @@ public:
     /// All outlive the adapter.
     SettingsAdapter(Application& application, WindowLife& life, RefreshQueue& queue, QObject* parent);
 
-    bool isOpen() const { return open_; }
+    bool isShown() const { return open_; }
     Q_INVOKABLE void open();
     Q_INVOKABLE void close();
 

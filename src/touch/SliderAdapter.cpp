@@ -28,6 +28,10 @@ bool SliderAdapter::moveBy(qreal difference) {
     return moveTo(static_cast<float>(value() + difference));
 }
 
+bool SliderAdapter::moveToValue(qreal value) {
+    return moveTo(static_cast<float>(value));
+}
+
 bool SliderAdapter::moveTo(float value) {
     const float held = std::clamp(value, control_->minimum(), control_->maximum());
     if (!isEnabled())

@@ -9,7 +9,7 @@ namespace lumbra {
 
 /// Shows a slider to QML. While a hand holds it, it stands where the hand put it, whatever the program does
 /// to the control.
-class SliderAdapter final : public ControlAdapter {
+class SliderAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")
@@ -41,6 +41,8 @@ public:
     Q_INVOKABLE bool moveToPosition(qreal position);
     /// The same by a difference in the control's own units, from where it is shown.
     Q_INVOKABLE bool moveBy(qreal difference);
+    /// The same to a value in the control's own units.
+    Q_INVOKABLE bool moveToValue(qreal value);
 
 private:
     float shown() const { return isHeld() ? handValue_ : control_->value(); }

@@ -8,7 +8,7 @@
 namespace lumbra {
 
 /// Shows a switch to QML.
-class SwitchAdapter final : public ControlAdapter {
+class SwitchAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("a screen gives it")

@@ -20,7 +20,7 @@ Button {
     contentItem: FittedText {
         text: root.text
         font: root.font
-        color: !root.enabled ? Theme.outline : root.prominent ? Theme.onAccent : Theme.text
+        color: !root.enabled ? Theme.outline : root.prominent ? Theme.accentText : Theme.text
         horizontalAlignment: Text.AlignHCenter
     }
     background: Rectangle {

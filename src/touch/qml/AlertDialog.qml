@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Lumbra.Touch
 
 /// The alert on show, with its one button; nothing else can be reached until it is pressed.
@@ -8,8 +9,8 @@ Dialog {
 
     required property AlertAdapter alert
 
-    anchors.centerIn: Overlay.overlay
-    width: Math.min(420, Overlay.overlay ? Overlay.overlay.width - 2 * Theme.gap : 420)
+    anchors.centerIn: T.Overlay.overlay
+    width: Math.min(420, T.Overlay.overlay ? T.Overlay.overlay.width - 2 * Theme.gap : 420)
     padding: 20
     modal: true
     closePolicy: Popup.NoAutoClose
@@ -17,9 +18,8 @@ Dialog {
     exit: null
     visible: true
     focus: true
-    onOpened: button.forceActiveFocus(Qt.PopupFocusReason)
 
-    Overlay.modal: Rectangle {
+    T.Overlay.modal: Rectangle {
         color: Theme.scrim
     }
     background: Rectangle {
@@ -30,14 +30,13 @@ Dialog {
     header: null
     footer: null
 
-    contentItem: Item {
-        implicitHeight: column.implicitHeight
+    contentItem: FocusScope {
+        implicitHeight: children[0].implicitHeight
+        focus: true
         Accessible.role: Accessible.AlertMessage
         Accessible.name: qsTr("%1, %2").arg(root.alert.title).arg(root.alert.message)
 
         Column {
-            id: column
-
             width: parent.width
             spacing: Theme.gap
 
@@ -60,8 +59,6 @@ Dialog {
                 font.pixelSize: Theme.bodyText
             }
             ActionButton {
-                id: button
-
                 objectName: "alertButton"
                 width: parent.width
                 prominent: true

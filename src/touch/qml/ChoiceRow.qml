@@ -7,7 +7,7 @@ import QtQuick.Layouts
 Item {
     id: root
 
-    required property list<string> choices
+    required property var choices
     required property int selected
     /// What a screen reader calls it.
     required property string name
@@ -61,7 +61,7 @@ Item {
                     font.bold: segment.selected
                     fontSizeMode: Text.HorizontalFit
                     minimumPixelSize: 11
-                    color: !segment.enabled ? Theme.outline : segment.selected ? Theme.onAccent : Theme.text
+                    color: !segment.enabled ? Theme.outline : segment.selected ? Theme.accentText : Theme.text
                     Accessible.ignored: true
                 }
                 background: Rectangle {

@@ -122,6 +122,8 @@ Item {
         property real fromPosition: 0
 
         target: null
+        // Once it is this slider that moves, the page no longer scrolls.
+        grabPermissions: PointerHandler.CanTakeOverFromAnything
         yAxis.enabled: false
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {

@@ -21,7 +21,7 @@ ApplicationWindow {
         id: frame
 
         anchors.fill: parent
-        visible: !window.app.settings.open
+        visible: !window.app.settings.shown
 
         Header {
             id: header
@@ -71,7 +71,7 @@ ApplicationWindow {
     }
     Loader {
         anchors.fill: parent
-        active: window.app.settings.open
+        active: window.app.settings.shown
         sourceComponent: SettingsScreen {
             settings: window.app.settings
         }

@@ -8,7 +8,7 @@ AbstractButton {
     required property url iconSource
     property bool selected: false
 
-    implicitHeight: Math.max(56, column.implicitHeight + 12)
+    implicitHeight: Math.max(56, implicitContentHeight + 12)
     implicitWidth: 84
     Accessible.role: Accessible.PageTab
     Accessible.name: text
@@ -28,9 +28,9 @@ AbstractButton {
         }
     }
     contentItem: Item {
-        Column {
-            id: column
+        implicitHeight: children[0].implicitHeight
 
+        Column {
             anchors.centerIn: parent
             width: parent.width
             spacing: 2

@@ -1,10 +1,132 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Lumbra.Touch
 
-/// One of the unit's outputs.
+/// One of the unit's outputs with its equaliser.
 ScreenPage {
     id: page
 
     required property ScreenAdapter screen
+    readonly property string where: screen.picker("outputPicker").selectedText
+    /// The band on show where they are paged, and the one that is drawn lightly.
+    property int band: 0
+    readonly property bool allBands: width >= 980
+
+    maximumWidth: 1400
+
+    ColumnLayout {
+        width: parent.width
+        spacing: Theme.gap
+
+        GridLayout {
+            Layout.fillWidth: true
+            columns: page.wide ? 2 : 1
+            columnSpacing: Theme.gap
+            rowSpacing: Theme.gap
+
+            RowLayout {
+                Layout.fillWidth: true
+                Layout.alignment: Qt.AlignTop
+                Layout.preferredWidth: 1
+                spacing: Theme.gap
+
+                WheelPicker {
+                    objectName: "outputPicker"
+                    Layout.fillWidth: true
+                    picker: page.screen.picker("outputPicker")
+                }
+                WheelPicker {
+                    objectName: "sourcePicker"
+                    Layout.fillWidth: true
+                    picker: page.screen.picker("sourcePicker")
+                }
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                Layout.alignment: Qt.AlignTop
+                Layout.preferredWidth: 1
+                spacing: Theme.smallGap
+
+                VolumeCard {
+                    Layout.fillWidth: true
+                    screen: page.screen
+                    where: page.where
+                }
+                GridLayout {
+                    Layout.fillWidth: true
+                    columns: Theme.textScale > 1.3 && !page.wide ? 1 : 2
+                    columnSpacing: Theme.gap
+                    rowSpacing: Theme.gap
+
+                    SwitchRow {
+                        objectName: "muteSwitch"
+                        Layout.fillWidth: true
+                        adapter: page.screen.onOff("muteSwitch")
+                        where: page.where
+                    }
+                    SwitchRow {
+                        objectName: "powerSwitch"
+                        Layout.fillWidth: true
+                        adapter: page.screen.onOff("powerSwitch")
+                        where: page.where
+                    }
+                }
+            }
+        }
+        EqualiserView {
+            Layout.fillWidth: true
+            screen: page.screen
+            edited: page.band
+            onChosen: band => page.band = band
+        }
+        ChoiceRow {
+            objectName: "bandChoice"
+            Layout.fillWidth: true
+            visible: !page.allBands
+            name: qsTr("Band")
+            choices: ["1", "2", "3", "4", "5", "6", "7"]
+            columns: 7
+            selected: page.band
+            onChosen: choice => page.band = choice
+        }
+        Loader {
+            Layout.fillWidth: true
+            sourceComponent: page.allBands ? sideBySide : paged
+        }
+    }
+
+    Component {
+        id: paged
+
+        BandEditor {
+            objectName: "band"
+            screen: page.screen
+            band: page.band
+            edited: true
+        }
+    }
+    Component {
+        id: sideBySide
+
+        RowLayout {
+            spacing: Theme.smallGap
+
+            Repeater {
+                model: 7
+
+                BandEditor {
+                    required property int index
+
+                    objectName: "band" + (index + 1)
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    screen: page.screen
+                    band: index
+                    edited: index === page.band
+                    onChosen: page.band = index
+                }
+            }
+        }
+    }
 }

@@ -77,7 +77,7 @@ FocusScope {
                 font.pixelSize: Theme.bodyText
                 color: Theme.text
                 selectionColor: Theme.accent
-                selectedTextColor: Theme.onAccent
+                selectedTextColor: Theme.accentText
                 Accessible.role: Accessible.EditableText
                 Accessible.name: root.settings.caption("ip_address_preference")
                 Accessible.description: root.settings.addressHint

@@ -55,7 +55,7 @@ Switch {
             width: 22
             height: 22
             radius: 11
-            color: root.on ? Theme.onAccent : Theme.dimText
+            color: root.on ? Theme.accentText : Theme.dimText
         }
     }
     background: Card {

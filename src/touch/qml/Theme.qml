@@ -12,14 +12,15 @@ QtObject {
     readonly property color dimText: "#b4c0cb"
     readonly property color pickerText: "white"
     readonly property color accent: "#5cc8ff"
-    readonly property color onAccent: "#06222f"
+    readonly property color accentText: "#06222f"
     readonly property color good: "#6fdc8c"
     readonly property color waiting: "#ffd166"
     readonly property color bad: "#ff9d94"
     readonly property color scrim: "#c0000000"
 
     /// How much larger than usual the person has asked texts to be, 1 to 2; the usual font is 12 pixels high.
-    property real textScale: Math.max(1, Math.min(2, Qt.application.font.pixelSize / 12))
+    property real textScale: Math.max(1, Math.min(2, system.font.pixelSize / 12))
+    readonly property TextMetrics system: TextMetrics {}
     readonly property int smallText: Math.round(13 * textScale)
     readonly property int bodyText: Math.round(15 * textScale)
     readonly property int titleText: Math.round(20 * textScale)

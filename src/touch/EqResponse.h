@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace lumbra {
+
+/// The magnitude response of an equaliser of seven second-order sections over 20 Hz to 20 kHz.
+///
+/// The sections are those of Robert Bristow-Johnson's "Cookbook formulae for audio equalizer biquad filter
+/// coefficients" (https://www.w3.org/TR/audio-eq-cookbook/). The unit's own bandwidths are not known: the
+/// values below are assumed, so the response is approximate.
+class EqResponse {
+public:
+    static constexpr std::size_t BANDS = 7;
+    /// Points of a curve, evenly spaced on the logarithmic axis.
+    static constexpr std::size_t POINTS = 256;
+    static constexpr double MIN_FREQUENCY = 20;
+    static constexpr double MAX_FREQUENCY = 20'000;
+
+    // What is assumed of the unit.
+    static constexpr double SAMPLE_RATE = 48'000;
+    static constexpr double PASS_Q = 0.70710678118654752; ///< of high-pass and low-pass: no resonance
+    static constexpr double SHELF_SLOPE = 1;              ///< the steepest without overshoot
+    static constexpr double PARAMETRIC_OCTAVES = 1;       ///< between the half-gain frequencies
+
+    /// In the order of the segments of a band's type.
+    enum class Type : std::uint8_t { Bypass, HighPass, HighShelf, LowPass, LowShelf, Parametric };
+
+    struct Band {
+        Type type = Type::Bypass;
+        double frequency = 1000; ///< Hz, 20 to 20,000
+        double gain = 0;         ///< dB; high-pass and low-pass have none
+
+        bool operator==(const Band&) const = default;
+    };
+    /// Decibels at each point.
+    using Curve = std::array<double, POINTS>;
+
+    EqResponse();
+
+    /// Sets band `index` (from 0). False, and nothing is computed, where it is set so already.
+    bool setBand(std::size_t index, const Band& band);
+    const Curve& band(std::size_t index) const { return bands_[index].decibels; }
+    const Curve& sum() const { return sum_; }
+
+    /// Hz at a point.
+    static double frequencyAt(std::size_t point);
+    /// Decibels of one band at `frequency` Hz.
+    static double decibels(const Band& band, double frequency);
+
+private:
+    struct Section {
+        Band band;
+        Curve decibels{};
+    };
+    void addUp();
+
+    std::array<Section, BANDS> bands_;
+    Curve sum_{};
+};
+
+} // namespace lumbra

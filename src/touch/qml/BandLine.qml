@@ -1,0 +1,58 @@
+import QtQuick
+import Lumbra.Touch
+
+/// A slider of a band under its caption and what the unit says.
+Item {
+    id: line
+
+    required property SliderAdapter slider
+    required property LabelAdapter label
+    required property real stepSize
+    required property real pageSize
+
+    signal chosen
+
+    implicitHeight: texts.height + Theme.target
+
+    Item {
+        id: texts
+
+        width: parent.width
+        height: Math.max(caption.implicitHeight, level.implicitHeight)
+
+        FittedText {
+            id: caption
+
+            anchors.left: parent.left
+            anchors.right: level.left
+            anchors.rightMargin: 4
+            text: line.slider.caption
+            color: Theme.dimText
+            font.pixelSize: Theme.smallText
+            Accessible.ignored: true
+        }
+        FittedText {
+            id: level
+
+            anchors.right: parent.right
+            width: Math.min(implicitWidth, parent.width * 0.6)
+            text: line.label.text
+            font.pixelSize: Theme.smallText
+            Accessible.ignored: true
+        }
+    }
+    LevelSlider {
+        objectName: "levelSlider"
+        anchors.bottom: parent.bottom
+        width: parent.width
+        slider: line.slider
+        label: line.slider.caption
+        spokenValue: line.label.spoken
+        stepSize: line.stepSize
+        pageSize: line.pageSize
+        onActiveFocusChanged: {
+            if (activeFocus)
+                line.chosen();
+        }
+    }
+}
