@@ -277,7 +277,10 @@ bool FileSettingsStore::makeReadable() {
     const bool isFile = !known_.stamp || S_ISREG(known_.stamp->st_mode);
     const auto aside = isFile ? renameAside(QFile::encodeName(path_)) : std::nullopt;
     if (aside) {
-        known_.stamp.reset();
+        // What is known of the settings from before goes into the new file.
+        for (auto value = known_.values.begin(); value != known_.values.end(); ++value)
+            changes_.try_emplace(value.key(), value.value());
+        known_ = {};
         sentence += "; the file was set aside as " + aside->toStdString() + ".";
     } else {
         sentence += " and can't be set aside (" + (isFile ? systemMessage(errno) : "it is no regular file");

@@ -182,11 +182,13 @@ TEST_F(FileSettings, AFileThatBreaksDuringTheRunCostsNeitherSide) {
     EXPECT_EQ(settings.integer("unit"), 3);
     put(file, "{ broken for go");
     settings.setValue("polling", true);
+    settings.remove("more");
     settings.flush();
     EXPECT_EQ(contents(file.string() + ".unreadable-1"), "{ broken for go");
     EXPECT_EQ(told.size(), 1U);
     EXPECT_EQ(store().integer("unit"), 3);
     EXPECT_TRUE(store().flag("polling"));
+    EXPECT_EQ(store().value("more"), std::nullopt);
     fs::remove(file);
     EXPECT_EQ(settings.value("unit"), std::nullopt);
 }
