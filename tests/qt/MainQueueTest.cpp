@@ -3,6 +3,7 @@
 #include "qt/QtMainQueue.h"
 #include "qt/ThreadWorker.h"
 
+#include <QAbstractEventDispatcher>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -104,6 +105,8 @@ TEST(QtMainQueue, DelayedWorkIsNeverEarlyAndRunsByTimeThenByCall) {
     EXPECT_EQ(order, "");
     ASSERT_TRUE(runUntil([&] { return order.size() >= 7; }));
     EXPECT_EQ(order, "abcdefg");
+    settle();
+    EXPECT_FALSE(QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) << "idle";
 }
 
 TEST(QtMainQueue, WorkDueAtOneInstantRunsInTheOrderOfItsCalls) {

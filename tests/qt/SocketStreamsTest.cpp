@@ -4,6 +4,7 @@
 #include "qt/RedirectingStreamFactory.h"
 #include "qt/SocketStreamFactory.h"
 
+#include <QAbstractEventDispatcher>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -145,6 +146,7 @@ TEST_F(SocketStreams, CarryBytesBothWaysAndReportTheEndOnce) {
     peer.send("last");
     peer.close();
     ASSERT_TRUE(runUntil([&] { return log.ends_with("end "); }));
+    pair.input->scheduleOnMainQueue();
     settle();
     EXPECT_EQ(received, std::string("(U1\0\xff)last", 10));
     EXPECT_EQ(log, "in.bytes in.bytes in.end ");
@@ -155,7 +157,10 @@ TEST_F(SocketStreams, FailedConnectsAreOneErrorInALaterTurn) {
     Listener refusing;
     refusing.close();
     const SilentHost silent;
-    const Resolver unknown = [](const auto&, auto) { return std::vector<SocketAddress>(); };
+    const Resolver unknown = [](const std::string& host, auto) {
+        EXPECT_TRUE(isPossibleHost(host)) << "not worth asking for";
+        return std::vector<SocketAddress>();
+    };
     const struct {
         std::string name, host;
         std::uint16_t port;
@@ -188,17 +193,19 @@ TEST_F(SocketStreams, AddressesOfANameAreTriedInOrderWithinOneDeadline) {
     refusing.close();
     const SilentHost silent;
     Listener good;
+    Listener better; // but behind the good one
     const auto resolve = [&](const std::string& host, std::uint16_t port) {
         EXPECT_EQ(host, "unit.local");
         EXPECT_EQ(port, 23);
         return std::vector{loopbackAddress(refusing.port()), loopbackAddress(silent.listener.port()),
-                           loopbackAddress(good.port())};
+                           loopbackAddress(good.port()), loopbackAddress(better.port())};
     };
     SocketStreamFactory patient(queue, 200ms, resolve);
     open(patient, "unit.local", 23);
     ASSERT_TRUE(runUntil([&] { return !log.empty(); }));
     EXPECT_EQ(log, "in.open out.open ");
     EXPECT_TRUE(good.accept().accepted());
+    EXPECT_FALSE(better.accept(0).accepted());
 }
 
 TEST_F(SocketStreams, ClosingDuringALookupOrAConnectReportsNothingAndKeepsNothing) {
@@ -259,7 +266,6 @@ TEST_F(SocketStreams, ASlowReaderIsOfferedEverythingBeforeTheEnd) {
         auto peer = connect(listener);
         onBytes = [&, size = eachTime] { readSome(size); };
         peer.send("0123456789");
-        settle();
         peer.close();
         ASSERT_TRUE(runUntil([&] { return log.ends_with("end "); }));
         EXPECT_EQ(log, expected);
@@ -297,8 +303,12 @@ TEST_F(SocketStreams, AFloodHoldsATurnForNoMoreThan64KiB) {
         peer.sendNow(flood);
         QCoreApplication::processEvents();
     }
+    EXPECT_FALSE(QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents))
+        << "and nothing spins";
     readAll();
     EXPECT_EQ(received.size(), 65536U);
+    onBytes = [this] { readAll(); };
+    EXPECT_TRUE(runUntil([&] { return received.size() > 65536; })) << "a reader that is back gets the rest";
 }
 
 TEST_F(SocketStreams, NothingIsKeptForAPeerThatDoesNotRead) {
