@@ -92,13 +92,13 @@ QString translatedText(std::string_view text) {
 QString spokenText(std::string_view text) {
     const QString shown = translatedText(text);
     if (shown.endsWith(u'%'))
-        return QCoreApplication::translate(CONTEXT, "%1 percent").arg(shown.chopped(1));
+        return QCoreApplication::translate("System", "%1 percent").arg(shown.chopped(1));
     if (shown.endsWith(QStringLiteral(" dB")))
-        return QCoreApplication::translate(CONTEXT, "%1 decibels").arg(shown.chopped(3));
+        return QCoreApplication::translate("System", "%1 decibels").arg(shown.chopped(3));
     if (shown.endsWith(QStringLiteral(" kHz")))
-        return QCoreApplication::translate(CONTEXT, "%1 kilohertz").arg(shown.chopped(4));
+        return QCoreApplication::translate("System", "%1 kilohertz").arg(shown.chopped(4));
     if (shown.endsWith(QStringLiteral(" Hz")))
-        return QCoreApplication::translate(CONTEXT, "%1 hertz").arg(shown.chopped(3));
+        return QCoreApplication::translate("System", "%1 hertz").arg(shown.chopped(3));
     return shown;
 }
 

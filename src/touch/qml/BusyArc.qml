@@ -12,17 +12,5 @@ Loader {
     Accessible.role: Accessible.Indicator
     Accessible.name: running ? qsTr("Waiting for the unit") : ""
     Accessible.ignored: !running
-
-    sourceComponent: Image {
-        source: "../icons/busy.svg"
-        sourceSize.width: 28
-        sourceSize.height: 28
-
-        RotationAnimator on rotation {
-            from: 0
-            to: 360
-            duration: 1000
-            loops: Animation.Infinite
-        }
-    }
+    source: "BusyImage.qml"
 }

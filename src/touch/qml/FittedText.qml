@@ -1,6 +1,4 @@
-pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Controls.Basic
 
 /// A line of plain text that ends in an ellipsis where it doesn't fit; the whole text then shows while the pointer
 /// rests on it or a finger stays on it.
@@ -16,17 +14,7 @@ Text {
     Loader {
         anchors.fill: parent
         active: root.truncated
-        sourceComponent: Item {
-            ToolTip.visible: hover.hovered || point.active
-            ToolTip.delay: 500
-            ToolTip.text: root.text
-
-            HoverHandler {
-                id: hover
-            }
-            PointHandler {
-                id: point
-            }
-        }
+        source: "TextTip.qml"
+        onLoaded: (item as TextTip).text = Qt.binding(() => root.text)
     }
 }

@@ -70,16 +70,27 @@ ApplicationWindow {
         }
     }
     Loader {
+        readonly property bool shown: window.app.settings.shown
+
         anchors.fill: parent
-        active: window.app.settings.shown
-        sourceComponent: SettingsScreen {
+        onShownChanged: shown ? setSource("SettingsScreen.qml", {
             settings: window.app.settings
-        }
+        }) : setSource("")
+        onLoaded: (item as Item).forceActiveFocus()
     }
     Loader {
-        active: window.app.alert.shown
-        sourceComponent: AlertDialog {
-            alert: window.app.alert
+        readonly property bool shown: window.app.alert.shown
+
+        onShownChanged: load()
+        Component.onCompleted: load()
+
+        function load() {
+            if (shown)
+                setSource("AlertDialog.qml", {
+                    alert: window.app.alert
+                });
+            else
+                setSource("");
         }
     }
 }

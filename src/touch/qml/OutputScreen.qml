@@ -90,30 +90,20 @@ ScreenPage {
             selected: page.band
             onChosen: choice => page.band = choice
         }
-        Loader {
-            Layout.fillWidth: true
-            sourceComponent: page.allBands ? sideBySide : paged
-        }
-    }
-
-    Component {
-        id: paged
-
         BandEditor {
             objectName: "band"
+            Layout.fillWidth: true
+            visible: !page.allBands
             screen: page.screen
             band: page.band
             edited: true
         }
-    }
-    Component {
-        id: sideBySide
-
         RowLayout {
+            visible: page.allBands
             spacing: Theme.smallGap
 
             Repeater {
-                model: 7
+                model: page.allBands ? 7 : 0
 
                 BandEditor {
                     required property int index

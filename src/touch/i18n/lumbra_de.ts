@@ -1,0 +1,346 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>AddressHint</name>
+    <message>
+        <source>An address has four numbers, as in 192.168.1.50.</source>
+        <translation>Eine Adresse hat vier Zahlen, wie 192.168.1.50.</translation>
+    </message>
+    <message>
+        <source>Each number of an address is 255 at most.</source>
+        <translation>Jede Zahl einer Adresse ist höchstens 255.</translation>
+    </message>
+    <message>
+        <source>Without an address there is no unit to reach.</source>
+        <translation>Ohne Adresse ist keine Einheit zu erreichen.</translation>
+    </message>
+    <message>
+        <source>An address has no blanks.</source>
+        <translation>Eine Adresse hat keine Leerzeichen.</translation>
+    </message>
+    <message>
+        <source>A port can't be given; the unit is always reached on port 23.</source>
+        <translation>Ein Port kann nicht angegeben werden; die Einheit ist immer über Port 23 zu erreichen.</translation>
+    </message>
+    <message>
+        <source>This is neither an address, as 192.168.1.50, nor a host's name.</source>
+        <translation>Das ist weder eine Adresse, wie 192.168.1.50, noch ein Rechnername.</translation>
+    </message>
+</context>
+<context>
+    <name>AlertDialog</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>BandHandle</name>
+    <message>
+        <source>Band %1, %2, %3</source>
+        <translation>Band %1, %2, %3</translation>
+    </message>
+</context>
+<context>
+    <name>BusyArc</name>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Warten auf die Einheit</translation>
+    </message>
+</context>
+<context>
+    <name>ChoiceRow</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>EqualiserView</name>
+    <message>
+        <source>Equaliser response, approximate</source>
+        <translation>Verlauf des Equalizers, ungefähr</translation>
+    </message>
+    <message>
+        <source>approximate</source>
+        <translation>ungefähr</translation>
+    </message>
+</context>
+<context>
+    <name>Header</name>
+    <message>
+        <source>connected</source>
+        <translation>verbunden</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>verbindet</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Unit at %1, %2</source>
+        <translation>Einheit unter %1, %2</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>Neu verbinden</translation>
+    </message>
+</context>
+<context>
+    <name>LevelCard</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>LevelSlider</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Lumbra Remote</source>
+        <translation>Lumbra Remote</translation>
+    </message>
+</context>
+<context>
+    <name>OutputScreen</name>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+</context>
+<context>
+    <name>SceneScreen</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsScreen</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchBase</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchRow</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>System</name>
+    <message>
+        <source>Zones</source>
+        <translation>Zonen</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgänge</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>Overrides</source>
+        <translation>Vorränge</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Szenen</translation>
+    </message>
+    <message>
+        <source>Zone</source>
+        <translation>Zone</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Override</source>
+        <translation>Vorrang</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Loudness</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Ein/Aus</translation>
+    </message>
+    <message>
+        <source>Bass</source>
+        <translation>Bass</translation>
+    </message>
+    <message>
+        <source>Treble</source>
+        <translation>Höhen</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>Bypass</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>High-pass</source>
+        <translation>Hochpass</translation>
+    </message>
+    <message>
+        <source>High shelf</source>
+        <translation>Höhen-Shelf</translation>
+    </message>
+    <message>
+        <source>Low-pass</source>
+        <translation>Tiefpass</translation>
+    </message>
+    <message>
+        <source>Low shelf</source>
+        <translation>Tiefen-Shelf</translation>
+    </message>
+    <message>
+        <source>Parametric</source>
+        <translation>Parametrisch</translation>
+    </message>
+    <message>
+        <source>Recall</source>
+        <translation>Abrufen</translation>
+    </message>
+    <message>
+        <source>Store</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>Unit number</source>
+        <translation>Nummer der Einheit</translation>
+    </message>
+    <message>
+        <source>State queries</source>
+        <translation>Zustandsabfragen</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Serielle Schnittstelle</translation>
+    </message>
+    <message>
+        <source>Start tab</source>
+        <translation>Startseite</translation>
+    </message>
+    <message>
+        <source>Advanced mode</source>
+        <translation>Erweiterter Modus</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Failed to connect to IP address %1.</source>
+        <translation>Keine Verbindung zur IP-Adresse %1.</translation>
+    </message>
+    <message>
+        <source>%1 percent</source>
+        <translation>%1 Prozent</translation>
+    </message>
+    <message>
+        <source>%1 decibels</source>
+        <translation>%1 Dezibel</translation>
+    </message>
+    <message>
+        <source>%1 kilohertz</source>
+        <translation>%1 Kilohertz</translation>
+    </message>
+    <message>
+        <source>%1 hertz</source>
+        <translation>%1 Hertz</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>WheelPicker</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,346 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>AddressHint</name>
+    <message>
+        <source>An address has four numbers, as in 192.168.1.50.</source>
+        <translation>Una dirección tiene cuatro números, como 192.168.1.50.</translation>
+    </message>
+    <message>
+        <source>Each number of an address is 255 at most.</source>
+        <translation>Cada número de una dirección es 255 como máximo.</translation>
+    </message>
+    <message>
+        <source>Without an address there is no unit to reach.</source>
+        <translation>Sin dirección no hay unidad que alcanzar.</translation>
+    </message>
+    <message>
+        <source>An address has no blanks.</source>
+        <translation>Una dirección no tiene espacios.</translation>
+    </message>
+    <message>
+        <source>A port can't be given; the unit is always reached on port 23.</source>
+        <translation>No se puede indicar un puerto; la unidad siempre se alcanza en el puerto 23.</translation>
+    </message>
+    <message>
+        <source>This is neither an address, as 192.168.1.50, nor a host's name.</source>
+        <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
+    </message>
+</context>
+<context>
+    <name>AlertDialog</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>BandHandle</name>
+    <message>
+        <source>Band %1, %2, %3</source>
+        <translation>Banda %1, %2, %3</translation>
+    </message>
+</context>
+<context>
+    <name>BusyArc</name>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Esperando a la unidad</translation>
+    </message>
+</context>
+<context>
+    <name>ChoiceRow</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>EqualiserView</name>
+    <message>
+        <source>Equaliser response, approximate</source>
+        <translation>Respuesta del ecualizador, aproximada</translation>
+    </message>
+    <message>
+        <source>approximate</source>
+        <translation>aproximado</translation>
+    </message>
+</context>
+<context>
+    <name>Header</name>
+    <message>
+        <source>connected</source>
+        <translation>conectado</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>conectando</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>sin conexión</translation>
+    </message>
+    <message>
+        <source>Unit at %1, %2</source>
+        <translation>Unidad en %1, %2</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>Reconectar</translation>
+    </message>
+</context>
+<context>
+    <name>LevelCard</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>LevelSlider</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Lumbra Remote</source>
+        <translation>Lumbra Remote</translation>
+    </message>
+</context>
+<context>
+    <name>OutputScreen</name>
+    <message>
+        <source>Band</source>
+        <translation>Banda</translation>
+    </message>
+</context>
+<context>
+    <name>SceneScreen</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsScreen</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Hecho</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchBase</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>encendido</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>apagado</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchRow</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>System</name>
+    <message>
+        <source>Zones</source>
+        <translation>Zonas</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Salidas</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Grupos</translation>
+    </message>
+    <message>
+        <source>Overrides</source>
+        <translation>Prioridades</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Escenas</translation>
+    </message>
+    <message>
+        <source>Zone</source>
+        <translation>Zona</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Salida</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Grupo</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Escena</translation>
+    </message>
+    <message>
+        <source>Override</source>
+        <translation>Prioridad</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrada</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Silencio</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Sonoridad</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Encendido</translation>
+    </message>
+    <message>
+        <source>Bass</source>
+        <translation>Graves</translation>
+    </message>
+    <message>
+        <source>Treble</source>
+        <translation>Agudos</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Frecuencia</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Ganancia</translation>
+    </message>
+    <message>
+        <source>Bypass</source>
+        <translation>Anulado</translation>
+    </message>
+    <message>
+        <source>High-pass</source>
+        <translation>Paso alto</translation>
+    </message>
+    <message>
+        <source>High shelf</source>
+        <translation>Shelf de agudos</translation>
+    </message>
+    <message>
+        <source>Low-pass</source>
+        <translation>Paso bajo</translation>
+    </message>
+    <message>
+        <source>Low shelf</source>
+        <translation>Shelf de graves</translation>
+    </message>
+    <message>
+        <source>Parametric</source>
+        <translation>Paramétrico</translation>
+    </message>
+    <message>
+        <source>Recall</source>
+        <translation>Recuperar</translation>
+    </message>
+    <message>
+        <source>Store</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>Dirección IP</translation>
+    </message>
+    <message>
+        <source>Unit number</source>
+        <translation>Número de unidad</translation>
+    </message>
+    <message>
+        <source>State queries</source>
+        <translation>Consultas de estado</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Puerto serie</translation>
+    </message>
+    <message>
+        <source>Start tab</source>
+        <translation>Pestaña inicial</translation>
+    </message>
+    <message>
+        <source>Advanced mode</source>
+        <translation>Modo avanzado</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Failed to connect to IP address %1.</source>
+        <translation>No se pudo conectar con la dirección IP %1.</translation>
+    </message>
+    <message>
+        <source>%1 percent</source>
+        <translation>%1 por ciento</translation>
+    </message>
+    <message>
+        <source>%1 decibels</source>
+        <translation>%1 decibelios</translation>
+    </message>
+    <message>
+        <source>%1 kilohertz</source>
+        <translation>%1 kilohercios</translation>
+    </message>
+    <message>
+        <source>%1 hertz</source>
+        <translation>%1 hercios</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>WheelPicker</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,346 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>AddressHint</name>
+    <message>
+        <source>An address has four numbers, as in 192.168.1.50.</source>
+        <translation>Une adresse comporte quatre nombres, comme 192.168.1.50.</translation>
+    </message>
+    <message>
+        <source>Each number of an address is 255 at most.</source>
+        <translation>Chaque nombre d’une adresse vaut 255 au plus.</translation>
+    </message>
+    <message>
+        <source>Without an address there is no unit to reach.</source>
+        <translation>Sans adresse, aucune unité ne peut être jointe.</translation>
+    </message>
+    <message>
+        <source>An address has no blanks.</source>
+        <translation>Une adresse ne comporte pas d’espace.</translation>
+    </message>
+    <message>
+        <source>A port can't be given; the unit is always reached on port 23.</source>
+        <translation>Aucun port ne peut être indiqué ; l’unité est toujours jointe sur le port 23.</translation>
+    </message>
+    <message>
+        <source>This is neither an address, as 192.168.1.50, nor a host's name.</source>
+        <translation>Ce n’est ni une adresse, comme 192.168.1.50, ni un nom d’hôte.</translation>
+    </message>
+</context>
+<context>
+    <name>AlertDialog</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>BandHandle</name>
+    <message>
+        <source>Band %1, %2, %3</source>
+        <translation>Bande %1, %2, %3</translation>
+    </message>
+</context>
+<context>
+    <name>BusyArc</name>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>En attente de l’unité</translation>
+    </message>
+</context>
+<context>
+    <name>ChoiceRow</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>EqualiserView</name>
+    <message>
+        <source>Equaliser response, approximate</source>
+        <translation>Réponse de l’égaliseur, approximative</translation>
+    </message>
+    <message>
+        <source>approximate</source>
+        <translation>approximatif</translation>
+    </message>
+</context>
+<context>
+    <name>Header</name>
+    <message>
+        <source>connected</source>
+        <translation>connecté</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>connexion</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connecté</translation>
+    </message>
+    <message>
+        <source>Unit at %1, %2</source>
+        <translation>Unité à %1, %2</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>Reconnecter</translation>
+    </message>
+</context>
+<context>
+    <name>LevelCard</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>LevelSlider</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Lumbra Remote</source>
+        <translation>Lumbra Remote</translation>
+    </message>
+</context>
+<context>
+    <name>OutputScreen</name>
+    <message>
+        <source>Band</source>
+        <translation>Bande</translation>
+    </message>
+</context>
+<context>
+    <name>SceneScreen</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsScreen</name>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchBase</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>activé</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>désactivé</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchRow</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>System</name>
+    <message>
+        <source>Zones</source>
+        <translation>Zones</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Sorties</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Groupes</translation>
+    </message>
+    <message>
+        <source>Overrides</source>
+        <translation>Priorités</translation>
+    </message>
+    <message>
+        <source>Scenes</source>
+        <translation>Scènes</translation>
+    </message>
+    <message>
+        <source>Zone</source>
+        <translation>Zone</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Sortie</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Groupe</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Scène</translation>
+    </message>
+    <message>
+        <source>Override</source>
+        <translation>Priorité</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Muet</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Loudness</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Marche</translation>
+    </message>
+    <message>
+        <source>Bass</source>
+        <translation>Graves</translation>
+    </message>
+    <message>
+        <source>Treble</source>
+        <translation>Aigus</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Fréquence</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Gain</translation>
+    </message>
+    <message>
+        <source>Bypass</source>
+        <translation>Inactif</translation>
+    </message>
+    <message>
+        <source>High-pass</source>
+        <translation>Passe-haut</translation>
+    </message>
+    <message>
+        <source>High shelf</source>
+        <translation>Plateau haut</translation>
+    </message>
+    <message>
+        <source>Low-pass</source>
+        <translation>Passe-bas</translation>
+    </message>
+    <message>
+        <source>Low shelf</source>
+        <translation>Plateau bas</translation>
+    </message>
+    <message>
+        <source>Parametric</source>
+        <translation>Paramétrique</translation>
+    </message>
+    <message>
+        <source>Recall</source>
+        <translation>Rappeler</translation>
+    </message>
+    <message>
+        <source>Store</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>Adresse IP</translation>
+    </message>
+    <message>
+        <source>Unit number</source>
+        <translation>Numéro de l’unité</translation>
+    </message>
+    <message>
+        <source>State queries</source>
+        <translation>Requêtes d’état</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Port série</translation>
+    </message>
+    <message>
+        <source>Start tab</source>
+        <translation>Onglet de départ</translation>
+    </message>
+    <message>
+        <source>Advanced mode</source>
+        <translation>Mode avancé</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Failed to connect to IP address %1.</source>
+        <translation>Échec de la connexion à l’adresse IP %1.</translation>
+    </message>
+    <message>
+        <source>%1 percent</source>
+        <translation>%1 pour cent</translation>
+    </message>
+    <message>
+        <source>%1 decibels</source>
+        <translation>%1 décibels</translation>
+    </message>
+    <message>
+        <source>%1 kilohertz</source>
+        <translation>%1 kilohertz</translation>
+    </message>
+    <message>
+        <source>%1 hertz</source>
+        <translation>%1 hertz</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>WheelPicker</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,15 @@
+import QtQuick
+
+/// The arc, turning.
+Image {
+    source: "../icons/busy.svg"
+    sourceSize.width: 28
+    sourceSize.height: 28
+
+    RotationAnimator on rotation {
+        from: 0
+        to: 360
+        duration: 1000
+        loops: Animation.Infinite
+    }
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Remote.h"
+#include "app/WindowLife.h"
+#include "touch/AppAdapter.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace lumbra {
+
+/// Gives a QML test the real application on virtual time and scripted streams, launched and connected.
+class Harness : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(lumbra::AppAdapter* app READ app NOTIFY appChanged)
+
+public:
+    AppAdapter* app() const { return app_.get(); }
+
+    /// A fresh application. `settings` are lines of "set KEY VALUE".
+    Q_INVOKABLE void start(const QString& settings = {}, bool connected = true);
+    /// Ends it.
+    Q_INVOKABLE void stop();
+    /// Plays lines as Remote has them, and lets one frame of virtual time pass. What went wrong.
+    Q_INVOKABLE QString play(const QString& script);
+    /// What was sent since the last call.
+    Q_INVOKABLE QStringList sent();
+    /// Lets virtual time pass.
+    Q_INVOKABLE void pass(int milliseconds);
+    /// What became of the window.
+    Q_INVOKABLE void setWindowHidden(bool hidden);
+    /// The life events since the last call.
+    Q_INVOKABLE QStringList lifeEvents() { return std::exchange(lifeEvents_, {}); }
+    /// How many value-changed events a slider sent since the last call: each has its deferred step wait.
+    Q_INVOKABLE int sliderEvents();
+
+Q_SIGNALS:
+    void appChanged();
+
+private:
+    std::unique_ptr<Remote> remote_;
+    std::unique_ptr<WindowLife> life_;
+    std::unique_ptr<AppAdapter> app_;
+    QStringList lifeEvents_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,366 @@
+import QtQuick
+import QtTest
+import Lumbra.Touch
+
+// The window over the real application: presses, drags, wheel turns and keys, and what they send.
+TestCase {
+    id: test
+
+    property Main window: null
+
+    name: "Touch"
+    when: windowShown
+
+    Component {
+        id: mainWindow
+
+        Main {
+            visible: true
+        }
+    }
+
+    function open(width, height, settings, connected) {
+        harness.start(settings || "", connected === undefined ? true : connected);
+        window = createTemporaryObject(mainWindow, test, {
+            app: harness.app,
+            width: width || 360,
+            height: height || 640
+        });
+        verify(window);
+        waitForRendering(window.contentItem);
+        harness.sent();
+    }
+    function cleanup() {
+        if (window) {
+            window.destroy();
+            window = null;
+            wait(0);
+        }
+        harness.stop();
+    }
+    function find(name) {
+        const item = findChild(window.contentItem, name);
+        verify(item, name);
+        return item;
+    }
+    function sentNow() {
+        return harness.sent().join(" ");
+    }
+    // Everything that sliders have put off.
+    function sentLater() {
+        harness.pass(800);
+        return sentNow();
+    }
+    function play(script) {
+        compare(harness.play(script), "");
+    }
+    function listOf(name) {
+        return findChild(find(name), "list");
+    }
+
+    // A press on the track, far from the thumb: a jump here would be a blast.
+    function test_track_never_jumps() {
+        open();
+        const slider = find("volumeSlider");
+        mouseClick(slider, slider.width - 4, slider.height / 2);
+        mouseClick(slider, 4, slider.height / 2);
+        compare(sentLater(), "");
+        compare(slider.value, -40);
+    }
+
+    function test_drag_is_relative() {
+        open();
+        const slider = find("volumeSlider");
+        const y = slider.height / 2;
+        mousePress(slider, 20, y);
+        for (let x = 20; x <= 60; x += 4)
+            mouseMove(slider, x, y);
+        const value = slider.value;
+        verify(value > -40 && value < -20, value);
+        // The finger stays; the unit speaks.
+        play("> U1Z1V-70");
+        compare(slider.value, value);
+        harness.sent();
+        mouseRelease(slider, 60, y);
+        compare(slider.value, value);
+        compare(sentLater(), "[U1Z1V" + Math.trunc(value) + "]");
+    }
+
+    function test_touch_drag_two_fingers() {
+        open(1280, 800);
+        const bass = findChild(find("bass"), "levelSlider");
+        const treble = findChild(find("treble"), "levelSlider");
+        const touch = touchEvent(window);
+        touch.press(1, bass, 100, 20).commit();
+        touch.press(2, treble, 100, 20).commit();
+        for (let step = 1; step <= 10; ++step)
+            touch.move(1, bass, 100 + 6 * step, 20).move(2, treble, 100 - 6 * step, 20).commit();
+        verify(bass.value > 0 && treble.value < 0, bass.value + " " + treble.value);
+        touch.release(1, bass, 160, 20).release(2, treble, 40, 20).commit();
+    }
+
+    function test_keys_and_wheel_data() {
+        return [
+            { tag: "right", key: Qt.Key_Right, value: -39 },
+            { tag: "up", key: Qt.Key_Up, value: -39 },
+            { tag: "left", key: Qt.Key_Left, value: -41 },
+            { tag: "down", key: Qt.Key_Down, value: -41 },
+            { tag: "page up", key: Qt.Key_PageUp, value: -35 },
+            { tag: "page down", key: Qt.Key_PageDown, value: -45 },
+            { tag: "home", key: Qt.Key_Home, value: -40 },
+            { tag: "end", key: Qt.Key_End, value: -40 },
+            { tag: "wheel up", wheel: 120, value: -39 },
+            { tag: "wheel down", wheel: -240, value: -42 },
+            { tag: "part of a notch", wheel: 60, value: -40 }
+        ];
+    }
+    function test_keys_and_wheel(data) {
+        open();
+        const slider = find("volumeSlider");
+        slider.forceActiveFocus();
+        if (data.key)
+            keyClick(data.key);
+        else
+            mouseWheel(slider, 30, 30, 0, data.wheel);
+        compare(slider.value, data.value);
+        compare(sentLater(), data.value === -40 ? "" : "[U1Z1V" + data.value + "]");
+    }
+
+    function test_tap_on_wheel_rows() {
+        open();
+        const list = listOf("sourcePicker");
+        const row = find("sourcePicker").rowHeight;
+        mouseClick(list, list.width / 2, row * 1.5);
+        compare(sentNow(), "[U1Z1I1]", "the middle row is picked again");
+        mouseClick(list, list.width / 2, row * 2.5);
+        compare(sentNow(), "[U1Z1I2]", "the row below turns to the middle");
+        tryCompare(list, "currentIndex", 1);
+        compare(sentNow(), "");
+    }
+
+    function test_lone_row_can_be_picked() {
+        open(360, 640);
+        play("> U1Z2N\"Attic\"\n> U1O1Z2");
+        const picker = find("zonePicker");
+        tryCompare(picker.picker, "count", 1);
+        play("> U1Z2V-12");
+        compare(find("volumeText").text, "50%");
+        wait(200);
+        const list = listOf("zonePicker");
+        mouseClick(list, list.width / 2, picker.rowHeight * 1.5);
+        harness.pass(20);
+        compare(find("volumeText").text, "85%");
+    }
+
+    function fling(list) {
+        mousePress(list, 40, 100);
+        for (let y = 100; y >= 30; y -= 14) {
+            mouseMove(list, 40, y);
+            wait(12);
+        }
+        mouseRelease(list, 40, 30);
+    }
+    function test_fling_picks_once_where_it_ends() {
+        open();
+        const list = listOf("sourcePicker");
+        fling(list);
+        tryCompare(list, "moving", false, 8000);
+        verify(list.currentIndex > 0);
+        compare(sentNow(), "[U1Z1I" + (list.currentIndex + 1) + "]");
+        compare(list.currentIndex, find("sourcePicker").picker.selected);
+    }
+    function test_touch_stops_a_fling_without_a_pick() {
+        open();
+        const list = listOf("sourcePicker");
+        fling(list);
+        verify(list.flicking);
+        wait(30);
+        mousePress(list, 40, 70);
+        verify(!list.flicking);
+        mouseRelease(list, 40, 70);
+        tryCompare(list, "moving", false, 8000);
+        compare(sentNow(), "");
+        // What it stopped at can then be picked with a tap.
+        wait(100);
+        mouseClick(list, 40, find("sourcePicker").rowHeight * 1.5);
+        compare(sentNow(), "[U1Z1I" + (list.currentIndex + 1) + "]");
+    }
+
+    function test_picker_by_keys_picks_where_it_rests() {
+        open();
+        const picker = find("sourcePicker");
+        picker.forceActiveFocus();
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        mouseWheel(picker, 30, 60, 0, -120);
+        compare(sentNow(), "", "nothing is picked on the way");
+        tryCompare(picker, "resting", true);
+        compare(sentNow(), "[U1Z1I4]");
+        keyClick(Qt.Key_Return);
+        compare(sentNow(), "[U1Z1I4]", "Return picks again at once");
+    }
+
+    function test_switches_follow_the_unit() {
+        open();
+        const mute = find("muteSwitch");
+        mouseClick(mute);
+        compare(sentNow(), "[U1Z1M1]");
+        harness.pass(20);
+        verify(mute.checked);
+        play("> U1Z1M0");
+        verify(!mute.checked, "a click must not cut the switch off from the unit");
+        mute.forceActiveFocus();
+        keyClick(Qt.Key_Space);
+        compare(sentNow(), "[U1Z1M1]");
+        play("> U1Z1M0");
+        verify(!mute.checked);
+    }
+
+    function test_tabs_and_scenes() {
+        open();
+        mouseClick(find("tab-scene"));
+        compare(harness.app.screen.name, "scene");
+        tryVerify(() => findChild(window.contentItem, "loadSceneButton") !== null);
+        harness.sent();
+        waitForRendering(window.contentItem);
+        mouseClick(find("loadSceneButton"));
+        verify(sentNow() !== "");
+        play("stored start_tab_preference 3");
+        mouseClick(find("tab-override"));
+        tryVerify(() => findChild(window.contentItem, "ovrSwitch10") !== null);
+        compare(find("screenTitle").text, "Overrides");
+    }
+
+    function test_rail_from_840() {
+        open(839, 640);
+        verify(!window.rail);
+        window.width = 840;
+        verify(window.rail);
+    }
+
+    function test_reconnect_runs_the_connect_step_alone() {
+        open(360, 640, "", true);
+        verify(!find("reconnectButton").visible);
+        play("error");
+        compare(find("linkState").text, "not connected");
+        const dismiss = findChild(window, "alertButton");
+        verify(dismiss);
+        const button = find("reconnectButton");
+        verify(button.visible);
+        mouseClick(button);
+        play("link closed");
+        verify(findChild(window, "alertButton"), "an alert lets nothing else be reached");
+        mouseClick(dismiss);
+        wait(0);
+        tryVerify(() => !harness.app.alert.shown);
+        mouseClick(button);
+        play("link opening\nconnect\nsent [U1SERIAL0] [U1APPQ0]");
+        compare(find("linkState").text, "connected");
+        compare(harness.lifeEvents().length, 0);
+    }
+
+    function test_alert_by_keyboard() {
+        open(360, 640, "", true);
+        play("error");
+        keyClick(Qt.Key_Return);
+        verify(!harness.app.alert.shown);
+    }
+
+    function test_settings_are_leaving_and_returning() {
+        open();
+        mouseClick(find("settingsButton"));
+        compare(harness.lifeEvents().join(), "resign active,enter background");
+        harness.setWindowHidden(true);
+        harness.setWindowHidden(false);
+        compare(harness.lifeEvents().length, 0);
+        tryVerify(() => findChild(window.contentItem, "addressField") !== null);
+        const field = find("addressField");
+        field.forceActiveFocus();
+        field.selectAll();
+        for (const letter of "10.0.0.999")
+            keyClick(letter);
+        verify(find("addressHint").visible, "a number above 255");
+        keyClick(Qt.Key_Backspace);
+        verify(!find("addressHint").visible);
+        play("stored ip_address_preference 10.0.0.99");
+        keyClick(Qt.Key_Escape);
+        compare(harness.lifeEvents().join(), "enter foreground,become active");
+        harness.pass(20);
+        compare(harness.app.link.address, "10.0.0.99");
+    }
+
+    function test_handle_moves_both_sliders_of_its_band() {
+        open(1280, 800, "set advanced_mode_preference true");
+        compare(harness.app.screen.name, "output");
+        const handle = find("handle2");
+        verify(!handle.visible, "a bypassed band has none");
+        play("> U1O1B2P0F1000");
+        verify(handle.visible);
+        const frequency = harness.app.screen.slider("filterFreq2");
+        const gain = harness.app.screen.slider("filterGain2");
+        const plot = find("plot");
+        const computed = plot.computations;
+        harness.sent();
+        mousePress(handle, 24, 24);
+        for (let step = 1; step <= 8; ++step)
+            mouseMove(handle.parent, handle.parent.width * 0.566 + 6 * step, handle.parent.height / 2 - 4 * step);
+        verify(frequency.value > 3000 && gain.value > 0, frequency.value + " " + gain.value);
+        verify(frequency.held && gain.held);
+        // The unit says something else; the handle stays under the finger.
+        const at = frequency.value;
+        play("> U1O1B2P0F100");
+        compare(frequency.value, at);
+        mouseRelease(handle.parent, handle.parent.width * 0.566 + 48, handle.parent.height / 2 - 32);
+        verify(!frequency.held);
+        compare(frequency.value, at);
+        compare(harness.app.screen.slider("filterFreq1").value, 3000);
+        verify(/^\[U1O1B2P.*\]$/.test(sentLater()));
+        // A pass has no gain: its handle moves along the axis alone.
+        play("> U1O1B2HPF500");
+        const before = gain.value;
+        handle.forceActiveFocus();
+        keyClick(Qt.Key_Up);
+        compare(gain.value, before);
+        keyClick(Qt.Key_Right);
+        verify(frequency.value > 2700);
+    }
+
+    function test_focus_goes_round() {
+        open();
+        let seen = 0;
+        const first = find("zonePicker");
+        first.forceActiveFocus();
+        for (let step = 0; step < 30; ++step) {
+            keyClick(Qt.Key_Tab);
+            ++seen;
+            if (first.activeFocus)
+                break;
+        }
+        verify(first.activeFocus, "Tab must come round");
+        verify(seen >= 10, seen);
+    }
+
+    function test_names_for_screen_readers() {
+        open();
+        play("> U1Z1N\"Kitchen\"\n> U1O1Z1");
+        tryCompare(find("zonePicker").picker, "selectedText", "Kitchen");
+        compare(find("volumeSlider").Accessible.name, "Kitchen volume, 50 percent");
+        compare(find("muteSwitch").Accessible.name, "Kitchen mute, off");
+    }
+
+    function test_nothing_turns_while_idle() {
+        open();
+        const busy = find("busy");
+        verify(busy.item, "the query is out");
+        play("> U1APPQ0");
+        compare(busy.item, null);
+    }
+
+    function test_a_finger_needs_48_pixels() {
+        open();
+        for (const name of ["tab-zone", "tab-scene", "settingsButton", "muteSwitch", "volumeSlider"]) {
+            const item = find(name);
+            verify(item.height >= 48 && item.width >= 48, name);
+        }
+    }
+}
