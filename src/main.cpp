@@ -2,11 +2,15 @@
 #include "Options.h"
 #include "console/ConsoleFrontEnd.h"
 #include "qt/QtDescriptorWatcher.h"
+#include "touch/DisplayGuard.h"
+#include "touch/TouchFrontEnd.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <fcntl.h>
+#include <optional>
 #include <unistd.h>
 
 using namespace lumbra;
@@ -41,9 +45,18 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
-int runTouch(int&, char**, const Options&) {
-    complain(QStringLiteral("This build has no touch screens; --console runs it without."));
-    return FAILURE;
+int runTouch(int& argc, char** argv, const Options& options) {
+    std::optional<DisplayGuard> guard(std::in_place);
+    const QGuiApplication qt(argc, argv);
+    guard.reset();
+    TouchFrontEnd::installTranslation();
+    ApplicationHost host(options);
+    if (!host.error().isEmpty()) {
+        complain(host.error());
+        return FAILURE;
+    }
+    TouchFrontEnd touch(host.application(), {.fullscreen = options.fullscreen});
+    return touch.show() ? QGuiApplication::exec() : FAILURE;
 }
 
 } // namespace
