@@ -1,0 +1,183 @@
+// The window from outside: time from exec to the first frame and memory, against the smallest possible window
+// in the same run; wake-ups while idle; frames that take too long while the unit sends a thousand reports a
+// second.
+//
+// A frame is seen in the line that Qt's scene graph logs of each when it is told to.
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int RUNS = 9;
+constexpr int PATIENCE = 20000;        // ms for anything to happen at all
+constexpr int SETTLE = 500;            // ms from the first frame until memory is read
+constexpr double LONGEST_FRAME = 16.7; // ms
+
+[[noreturn]] void giveUp(const QString& what) {
+    std::fprintf(stderr, "error: %s\n", qPrintable(what));
+    std::exit(1);
+}
+
+/// Starts a window and ends it with its own object.
+class Window {
+public:
+    Window(const QString& program, const QStringList& arguments) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"),
+                           QStringLiteral("qt.scenegraph.time.renderloop=true"));
+        environment.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
+        process_.setProcessEnvironment(environment);
+        clock_.start();
+        process_.start(program, arguments);
+    }
+    ~Window() {
+        process_.kill();
+        process_.waitForFinished();
+    }
+
+    /// Waits for the first frame: ms from exec.
+    double firstFrame() {
+        while (!process_.readAllStandardError().contains("Frame rendered"))
+            if (!process_.waitForReadyRead(PATIENCE))
+                giveUp(process_.program() + QStringLiteral(" shows no frame"));
+        return static_cast<double>(clock_.nsecsElapsed()) / 1e6;
+    }
+    /// The durations in ms of the frames of the next `time` ms.
+    std::vector<double> frames(int time) {
+        process_.readAllStandardError();
+        QByteArray text;
+        for (QElapsedTimer timer = started(); timer.elapsed() < time;)
+            if (process_.waitForReadyRead(50))
+                text += process_.readAllStandardError();
+        std::vector<double> durations;
+        static const QRegularExpression line(QStringLiteral("renderloop in (\\d+)ms"));
+        for (auto match = line.globalMatch(QString::fromUtf8(text)); match.hasNext();)
+            durations.push_back(match.next().captured(1).toDouble());
+        return durations;
+    }
+    void let(int time) { static_cast<void>(frames(time)); }
+
+    /// Resident memory in MiB.
+    double memory() const { return number(statusOf(process_.processId()), "VmRSS:") / 1024; }
+    /// How often any of its threads has waited for something so far.
+    double wakeUps() const {
+        double sum = 0;
+        const QDir tasks(QStringLiteral("/proc/%1/task").arg(process_.processId()));
+        for (const auto& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            QFile file(tasks.filePath(task + QStringLiteral("/status")));
+            if (file.open(QFile::ReadOnly))
+                sum += number(file.readAll(), "\nvoluntary_ctxt_switches:");
+        }
+        return sum;
+    }
+
+private:
+    static QElapsedTimer started() {
+        QElapsedTimer timer;
+        timer.start();
+        return timer;
+    }
+    static QByteArray statusOf(qint64 pid) {
+        QFile file(QStringLiteral("/proc/%1/status").arg(pid));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static double number(const QByteArray& status, const char* key) {
+        const auto at = status.indexOf(key);
+        return at < 0 ? 0
+                      : status.mid(at + qstrlen(key))
+                            .trimmed()
+                            .split('\n')
+                            .front()
+                            .split(' ')
+                            .front()
+                            .toDouble();
+    }
+
+    QProcess process_;
+    QElapsedTimer clock_;
+};
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+void compareStarts(const QString& remote, const QString& smallest) {
+    struct Contestant {
+        QString program;
+        QStringList arguments;
+        std::vector<double> times{};
+        std::vector<double> memories{};
+    };
+    Contestant ours{remote, {QStringLiteral("--demo")}};
+    Contestant floor{smallest, {}};
+    for (int run = 0; run < RUNS; ++run)
+        for (auto* contestant : {&ours, &floor}) {
+            Window window(contestant->program, contestant->arguments);
+            contestant->times.push_back(window.firstFrame());
+            window.let(SETTLE);
+            contestant->memories.push_back(window.memory());
+        }
+    std::printf("exec to first frame: %.0f ms, the smallest window %.0f ms: %.2f times\n", median(ours.times),
+                median(floor.times), median(ours.times) / median(floor.times));
+    std::printf("memory: %.0f MiB, the smallest window %.0f MiB: %.2f times\n", median(ours.memories),
+                median(floor.memories), median(ours.memories) / median(floor.memories));
+}
+
+void countWakeUps(const QString& remote) {
+    constexpr int SECONDS = 5;
+    Window window(remote, {QStringLiteral("--demo")});
+    window.firstFrame();
+    window.let(3000);
+    const auto before = window.wakeUps();
+    window.let(SECONDS * 1000);
+    std::printf("idle: %.1f wake-ups a second\n", (window.wakeUps() - before) / SECONDS);
+}
+
+void countLongFrames(const QString& remote, const QString& unit) {
+    QProcess simulator;
+    simulator.start(unit, {QStringLiteral("--flood"), QStringLiteral("1000")});
+    if (!simulator.waitForReadyRead(PATIENCE))
+        giveUp(unit + QStringLiteral(" does not start"));
+    const auto place = QString::fromUtf8(simulator.readLine()).trimmed().section(QLatin1Char(' '), -1);
+    QTemporaryDir folder;
+    {
+        Window window(remote, {QStringLiteral("--connect-to"), place, QStringLiteral("--settings"),
+                               folder.filePath(QStringLiteral("settings.json"))});
+        window.firstFrame();
+        window.let(1000);
+        const auto frames = window.frames(5000);
+        const auto isLong = [](double duration) { return duration > LONGEST_FRAME; };
+        std::printf(
+            "1000 reports a second: %zu frames in 5 s, %td of them over %.1f ms, the longest %.0f ms\n",
+            frames.size(), std::count_if(frames.begin(), frames.end(), isLong), LONGEST_FRAME,
+            frames.empty() ? 0.0 : *std::max_element(frames.begin(), frames.end()));
+    }
+    simulator.kill();
+    simulator.waitForFinished();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const auto arguments = QCoreApplication::arguments();
+    if (arguments.size() != 4)
+        giveUp(QStringLiteral("usage: bench_window REMOTE SIMULATOR SMALLEST"));
+    compareStarts(arguments[1], arguments[3]);
+    countWakeUps(arguments[1]);
+    countLongFrames(arguments[1], arguments[2]);
+}
