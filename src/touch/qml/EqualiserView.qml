@@ -17,7 +17,7 @@ Card {
     Accessible.name: qsTr("Equaliser response, approximate")
 
     EqPlot {
-        id: plot
+        id: response
 
         objectName: "plot"
         anchors.fill: parent
@@ -31,16 +31,16 @@ Card {
         textSize: Math.round(Theme.smallText * 0.85)
     }
     FittedText {
-        anchors.top: plot.top
-        anchors.right: plot.right
-        width: Math.min(implicitWidth, plot.width / 2)
+        anchors.top: response.top
+        anchors.right: response.right
+        width: Math.min(implicitWidth, response.width / 2)
         text: qsTr("approximate")
         color: Theme.dimText
         font.pixelSize: Theme.smallText
         Accessible.ignored: true
     }
     Item {
-        anchors.fill: plot
+        anchors.fill: response
 
         Repeater {
             model: 7
@@ -51,7 +51,7 @@ Card {
                 objectName: "handle" + (index + 1)
                 band: index
                 screen: root.screen
-                plot: plot
+                plot: response
                 edited: index === root.edited
                 onChosen: root.chosen(index)
             }

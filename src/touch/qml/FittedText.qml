@@ -12,9 +12,11 @@ Text {
     verticalAlignment: Text.AlignVCenter
 
     Loader {
+        readonly property bool needed: root.truncated
+
         anchors.fill: parent
-        active: root.truncated
-        source: "TextTip.qml"
-        onLoaded: (item as TextTip).text = Qt.binding(() => root.text)
+        onNeededChanged: needed ? setSource("TextTip.qml", {
+            of: root
+        }) : setSource("")
     }
 }

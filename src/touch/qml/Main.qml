@@ -76,7 +76,8 @@ ApplicationWindow {
         onShownChanged: shown ? setSource("SettingsScreen.qml", {
             settings: window.app.settings
         }) : setSource("")
-        onLoaded: (item as Item).forceActiveFocus()
+        onLoaded: forceActiveFocus()
+        focus: shown
     }
     Loader {
         readonly property bool shown: window.app.alert.shown

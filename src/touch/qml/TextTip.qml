@@ -5,11 +5,11 @@ import QtQuick.Controls.Basic
 Item {
     id: root
 
-    property string text
+    required property Text of
 
     ToolTip.visible: hover.hovered || finger.active
     ToolTip.delay: 500
-    ToolTip.text: text
+    ToolTip.text: root.of.text
 
     HoverHandler {
         id: hover
