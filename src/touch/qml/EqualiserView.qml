@@ -11,7 +11,7 @@ Card {
 
     signal chosen(band: int)
 
-    implicitHeight: 220
+    implicitHeight: 190
     implicitWidth: 320
     Accessible.role: Accessible.Graphic
     Accessible.name: qsTr("Equaliser response, approximate")

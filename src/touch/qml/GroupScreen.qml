@@ -24,14 +24,16 @@ ScreenPage {
             WheelPicker {
                 objectName: "groupPicker"
                 Layout.fillWidth: true
+                Layout.preferredWidth: 1
                 picker: page.screen.picker("groupPicker")
-                visibleRows: page.wide ? 5 : 3
+                visibleRows: page.wheelRows
             }
             WheelPicker {
                 objectName: "sourcePicker"
                 Layout.fillWidth: true
+                Layout.preferredWidth: 1
                 picker: page.screen.picker("sourcePicker")
-                visibleRows: page.wide ? 5 : 3
+                visibleRows: page.wheelRows
             }
         }
         ColumnLayout {
@@ -54,12 +56,14 @@ ScreenPage {
                 SwitchRow {
                     objectName: "muteSwitch"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     adapter: page.screen.onOff("muteSwitch")
                     where: page.where
                 }
                 SwitchRow {
                     objectName: "powerSwitch"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     adapter: page.screen.onOff("powerSwitch")
                     where: page.where
                 }

@@ -73,9 +73,8 @@ Rectangle {
                 }
                 FittedText {
                     objectName: "linkState"
-                    Layout.maximumWidth: implicitWidth
-                    Layout.fillWidth: true
-                    Layout.minimumWidth: Math.min(implicitWidth, 60)
+                    Layout.preferredWidth: implicitWidth
+                    Layout.maximumWidth: texts.width * 0.6
                     text: root.stateText
                     color: root.stateColor
                     font.pixelSize: Theme.smallText

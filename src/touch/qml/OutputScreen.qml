@@ -34,11 +34,13 @@ ScreenPage {
                 WheelPicker {
                     objectName: "outputPicker"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     picker: page.screen.picker("outputPicker")
                 }
                 WheelPicker {
                     objectName: "sourcePicker"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     picker: page.screen.picker("sourcePicker")
                 }
             }
@@ -62,12 +64,14 @@ ScreenPage {
                     SwitchRow {
                         objectName: "muteSwitch"
                         Layout.fillWidth: true
+                        Layout.preferredWidth: 1
                         adapter: page.screen.onOff("muteSwitch")
                         where: page.where
                     }
                     SwitchRow {
                         objectName: "powerSwitch"
                         Layout.fillWidth: true
+                        Layout.preferredWidth: 1
                         adapter: page.screen.onOff("powerSwitch")
                         where: page.where
                     }

@@ -8,6 +8,8 @@ Flickable {
     property int maximumWidth: 1120
     /// Whether the parts stand side by side.
     readonly property bool wide: width >= Theme.columnsWidth
+    /// How many rows a wheel shows that stands beside the other parts.
+    readonly property int wheelRows: wide ? Math.max(3, Math.min(9, 2 * Math.floor((height - Theme.row) / Theme.row / 2) - 1)) : 3
 
     contentWidth: width
     contentHeight: holder.height + 2 * Theme.gap

@@ -15,6 +15,8 @@ Item {
     readonly property int rowHeight: Theme.row
     /// The row in the middle, which a person is turning to while the wheel does not rest.
     readonly property alias middleRow: list.currentIndex
+    /// Where wheel turns and keys have asked it to go.
+    property int target: -1
 
     function follow() {
         if (resting && list.currentIndex !== picker.selected)
@@ -29,10 +31,11 @@ Item {
         follow();
     }
     function turnBy(rows: int) {
-        const row = Math.max(0, Math.min(list.count - 1, list.currentIndex + rows));
+        const from = settle.running ? target : list.currentIndex;
+        target = Math.max(0, Math.min(list.count - 1, from + rows));
         linger.stop();
         settle.restart();
-        list.currentIndex = row;
+        list.currentIndex = target;
     }
 
     implicitHeight: rowHeight * visibleRows + caption.height + Theme.smallGap
@@ -84,7 +87,7 @@ Item {
         id: settle
 
         interval: 300
-        onTriggered: root.pick(list.currentIndex)
+        onTriggered: root.pick(root.target)
     }
     // A wheel that was stopped waits for the hand's next touch, then shows again what is selected.
     Timer {
@@ -119,8 +122,8 @@ Item {
         ListView {
             id: list
 
-            /// A fling that no touch has ended yet.
-            property bool flung: false
+            /// The last touch stopped the moving wheel and has not turned it since.
+            property bool stopped: false
 
             objectName: "list"
             anchors.fill: parent
@@ -140,15 +143,13 @@ Item {
                 settle.stop();
                 linger.stop();
             }
-            onFlickStarted: flung = true
-            onFlickEnded: flung = false
             onDraggingChanged: {
                 if (dragging)
-                    flung = false;
+                    stopped = false;
             }
             onMovementEnded: {
-                if (flung) {
-                    flung = false;
+                if (stopped) {
+                    stopped = false;
                     if (currentIndex !== root.picker.selected)
                         linger.restart();
                 } else {
@@ -173,21 +174,32 @@ Item {
                 }
             }
         }
+        // Above the list, so that it sees a press before the list stops, and turns by rows.
+        Item {
+            anchors.fill: list
+
+            PointHandler {
+                onActiveChanged: {
+                    if (active)
+                        list.stopped = list.moving;
+                }
+            }
+            WheelHandler {
+                property real turned: 0
+
+                acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+                onWheel: event => {
+                    turned += event.angleDelta.y / 120;
+                    const notches = Math.trunc(turned);
+                    if (notches !== 0) {
+                        turned -= notches;
+                        root.turnBy(-notches);
+                    }
+                }
+            }
+        }
         FocusFrame {
             of: root
-        }
-    }
-    WheelHandler {
-        property real turned: 0
-
-        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-        onWheel: event => {
-            turned += event.angleDelta.y / 120;
-            const notches = Math.trunc(turned);
-            if (notches !== 0) {
-                turned -= notches;
-                root.turnBy(-notches);
-            }
         }
     }
 }

@@ -24,14 +24,16 @@ ScreenPage {
             WheelPicker {
                 objectName: "zonePicker"
                 Layout.fillWidth: true
+                Layout.preferredWidth: 1
                 picker: page.screen.picker("zonePicker")
-                visibleRows: page.wide ? 5 : 3
+                visibleRows: page.wheelRows
             }
             WheelPicker {
                 objectName: "sourcePicker"
                 Layout.fillWidth: true
+                Layout.preferredWidth: 1
                 picker: page.screen.picker("sourcePicker")
-                visibleRows: page.wide ? 5 : 3
+                visibleRows: page.wheelRows
             }
         }
         ColumnLayout {
@@ -54,29 +56,40 @@ ScreenPage {
                 SwitchRow {
                     objectName: "muteSwitch"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     adapter: page.screen.onOff("muteSwitch")
                     where: page.where
                 }
                 SwitchRow {
                     objectName: "loudnessSwitch"
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     adapter: page.screen.onOff("loudnessSwitch")
                     where: page.where
                 }
             }
-            LevelCard {
-                objectName: "bass"
+            GridLayout {
                 Layout.fillWidth: true
-                slider: page.screen.slider("bassSlider")
-                label: page.screen.label("bassLabel")
-                where: page.where
-            }
-            LevelCard {
-                objectName: "treble"
-                Layout.fillWidth: true
-                slider: page.screen.slider("trebleSlider")
-                label: page.screen.label("trebleLabel")
-                where: page.where
+                columns: page.wide || Theme.textScale > 1.3 ? 1 : 2
+                columnSpacing: Theme.gap
+                rowSpacing: Theme.gap
+
+                LevelCard {
+                    objectName: "bass"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    slider: page.screen.slider("bassSlider")
+                    label: page.screen.label("bassLabel")
+                    where: page.where
+                }
+                LevelCard {
+                    objectName: "treble"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    slider: page.screen.slider("trebleSlider")
+                    label: page.screen.label("trebleLabel")
+                    where: page.where
+                }
             }
         }
     }
