@@ -32,6 +32,7 @@ Button {
 
         FocusFrame {
             of: root
+            border.color: root.prominent ? Theme.text : Theme.accent
         }
     }
 }

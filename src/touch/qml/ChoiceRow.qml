@@ -11,7 +11,7 @@ Item {
     required property int selected
     /// What a screen reader calls it.
     required property string name
-    property int columns: Math.max(1, Math.min(choices.length, Math.floor(width / (88 * Theme.textScale))))
+    property int columns: Math.max(1, Math.min(choices.length, Math.floor(width / (80 * Theme.textScale))))
     property int textSize: Theme.bodyText
     property int rowHeight: Theme.row
 

@@ -59,26 +59,32 @@ Rectangle {
                 Accessible.role: Accessible.Heading
                 Accessible.name: text
             }
-            RowLayout {
+            GridLayout {
                 Layout.fillWidth: true
-                spacing: Theme.smallGap
+                // Large texts on a small window stand in two lines.
+                columns: root.width < 340 * Theme.textScale ? 1 : 2
+                columnSpacing: Theme.gap
+                rowSpacing: 0
                 Accessible.role: Accessible.StaticText
                 Accessible.name: qsTr("Unit at %1, %2").arg(root.app.link.address).arg(root.stateText)
 
-                Rectangle {
-                    Layout.preferredWidth: 10
-                    Layout.preferredHeight: 10
-                    radius: 5
-                    color: root.stateColor
-                }
                 FittedText {
                     objectName: "linkState"
-                    Layout.preferredWidth: implicitWidth
-                    Layout.maximumWidth: texts.width * 0.6
+                    // A layout rounds widths down, which would cost the last letters.
+                    Layout.preferredWidth: Math.ceil(implicitWidth) + 1
+                    leftPadding: 16
                     text: root.stateText
                     color: root.stateColor
                     font.pixelSize: Theme.smallText
                     Accessible.ignored: true
+
+                    Rectangle {
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: 10
+                        height: 10
+                        radius: 5
+                        color: root.stateColor
+                    }
                 }
                 FittedText {
                     objectName: "address"

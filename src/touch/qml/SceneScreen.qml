@@ -19,7 +19,7 @@ ScreenPage {
             objectName: "scenePicker"
             Layout.fillWidth: true
             picker: page.screen.picker("scenePicker")
-            visibleRows: page.height > 7 * Theme.row ? 5 : 3
+            visibleRows: page.height > 200 + 5 * Theme.row ? 5 : 3
         }
         ActionButton {
             readonly property ButtonAdapter adapter: page.screen.button("loadSceneButton")

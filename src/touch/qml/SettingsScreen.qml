@@ -104,6 +104,7 @@ FocusScope {
             ChoiceRow {
                 objectName: "unitChoice"
                 Layout.fillWidth: true
+                columns: choices.length
                 name: root.settings.caption("unit_number_preference")
                 choices: {
                     const numbers = [];

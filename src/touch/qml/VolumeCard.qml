@@ -43,6 +43,8 @@ Card {
                 horizontalAlignment: Text.AlignRight
                 text: root.level.text
                 font.pixelSize: Theme.hugeText
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 20
                 font.bold: true
                 Accessible.ignored: true
             }

@@ -70,7 +70,7 @@ ScreenPage {
             }
             GridLayout {
                 Layout.fillWidth: true
-                columns: page.wide || Theme.textScale > 1.3 ? 1 : 2
+                columns: (page.wide && page.height > 440) || Theme.textScale > 1.3 ? 1 : 2
                 columnSpacing: Theme.gap
                 rowSpacing: Theme.gap
 
