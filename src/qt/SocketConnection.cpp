@@ -64,6 +64,7 @@ void SocketConnection::open() {
     deadline_ = std::chrono::steady_clock::now() + timeToConnect_;
     attemptTimer_ = std::make_unique<QTimer>();
     attemptTimer_->setSingleShot(true);
+    attemptTimer_->setTimerType(Qt::PreciseTimer);
     QObject::connect(attemptTimer_.get(), &QTimer::timeout, [this] { connectNext(); });
     if (!isPossibleHost(host_)) {
         fail();
@@ -91,16 +92,16 @@ void SocketConnection::connectTo(std::vector<SocketAddress> addresses) {
 void SocketConnection::connectNext() {
     dropSocket();
     while (!addresses_.empty()) {
-        const auto address = addresses_.back();
-        // An address that does not answer must not use up the time of those behind it.
-        const auto attemptsLeft = static_cast<std::int64_t>(addresses_.size());
-        addresses_.pop_back();
-        if (!startConnect(address))
-            continue;
         const auto timeLeft =
             std::chrono::ceil<std::chrono::milliseconds>(deadline_ - std::chrono::steady_clock::now());
-        attemptTimer_->start(std::max(timeLeft / attemptsLeft, std::chrono::milliseconds::zero()));
-        return;
+        if (timeLeft <= std::chrono::milliseconds::zero())
+            break;
+        // An address that does not answer must not use up the time of those behind it.
+        attemptTimer_->start(timeLeft / static_cast<int>(addresses_.size()));
+        const auto address = addresses_.back();
+        addresses_.pop_back();
+        if (startConnect(address))
+            return;
     }
     fail();
 }
