@@ -7,10 +7,10 @@ void Harness::start(const QString& settings, bool connected) {
     remote_ = std::make_unique<Remote>();
     remote_->play(settings.toStdString());
     auto* const application = &remote_->application;
-    const auto tell = [this, application](const char* name, void (Application::*event)()) {
-        return [this, application, name, event] {
+    const auto tell = [this, application](const char* name, void (Application::*method)()) {
+        return [this, application, name, method] {
             lifeEvents_ << QString::fromLatin1(name);
-            (application->*event)();
+            (application->*method)();
         };
     };
     life_ = std::make_unique<WindowLife>(
