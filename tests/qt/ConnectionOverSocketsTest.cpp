@@ -78,15 +78,6 @@ TEST_F(ConnectionOverSockets, CarriesCommandsAndReportsUntilTheUnitEndsIt) {
     EXPECT_EQ(screen->connects, 1);
 }
 
-TEST_F(ConnectionOverSockets, ARefusedConnectIsOneError) {
-    listener.close();
-    openOnWorker();
-    ASSERT_TRUE(runUntil([&] { return screen->errors > 0; }));
-    settle();
-    EXPECT_EQ(screen->errors, 1);
-    EXPECT_EQ(connection->linkState(), LinkState::Closed);
-}
-
 TEST_F(ConnectionOverSockets, ACloseWhileTheWorkerOpensLeavesNothingOpen) {
     const int before = openSockets();
     // The close falls before, into and after the worker's work, as the threads happen to run.
