@@ -33,8 +33,8 @@ public:
     bool isWhite() const { return control_->color() == Color::White; }
 
     /// A hand turns the wheel to `row`, also to the one that is selected. False where there is no such row,
-    /// or where the row no longer reads as `text`, what the person saw.
-    Q_INVOKABLE bool pick(int row, const QString& text);
+    /// or where its name has changed and the list does not show that yet: the person meant another.
+    Q_INVOKABLE bool pick(int row);
 
 Q_SIGNALS:
     /// Rows have come, gone or changed their texts.

@@ -25,9 +25,7 @@ Item {
     function pick(row: int) {
         settle.stop();
         linger.stop();
-        const item = list.itemAtIndex(row) as WheelRow;
-        if (item)
-            picker.pick(row, item.text);
+        picker.pick(row);
         follow();
     }
     function turnBy(rows: int) {
