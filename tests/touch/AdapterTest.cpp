@@ -94,7 +94,7 @@ TEST_F(Adapters, APickIsWhatThePersonSaw) {
     frame();
     remote.report("U1Z1V-20");
     remote.queue.runPosted();
-    remote.report("U1IN3N\"Radio\"");
+    remote.report("U1I3N\"Radio\"");
     EXPECT_FALSE(picker->pick(2)) << "the new name is not on show yet";
     frame();
     EXPECT_FALSE(picker->pick(99));
