@@ -1,16 +1,17 @@
 #include "ApplicationHost.h"
 #include "Options.h"
+#include "TouchModule.h"
 #include "console/ConsoleFrontEnd.h"
 #include "qt/QtDescriptorWatcher.h"
-#include "touch/DisplayGuard.h"
-#include "touch/TouchFrontEnd.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLibrary>
 
 #include <cstdio>
 #include <fcntl.h>
-#include <optional>
 #include <unistd.h>
 
 using namespace lumbra;
@@ -28,8 +29,7 @@ void complain(const QString& sentence) {
 void openStandardDescriptors() {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(descriptor, F_GETFD) == -1)
-            ::open("/dev/null",
-                   O_RDWR); // NOLINT(cppcoreguidelines-pro-type-vararg): takes the lowest free one
+            ::open("/dev/null", O_RDWR); // takes the lowest one that is free
 }
 
 int runConsole(int& argc, char** argv, const Options& options) {
@@ -45,18 +45,23 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
+/// Beside the program where it was built, in the library folder where it is installed.
+QString touchModule() {
+    const QDir folder = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).dir();
+    const QString name = QStringLiteral("lumbra-touch.so");
+    return folder.exists(name) ? folder.filePath(name)
+                               : folder.filePath(QStringLiteral("../" LUMBRA_MODULE_FOLDER "/") + name);
+}
+
 int runTouch(int& argc, char** argv, const Options& options) {
-    std::optional<DisplayGuard> guard(std::in_place);
-    const QGuiApplication qt(argc, argv);
-    guard.reset();
-    TouchFrontEnd::installTranslation();
-    ApplicationHost host(options);
-    if (!host.error().isEmpty()) {
-        complain(host.error());
+    QLibrary module(touchModule());
+    const auto run = reinterpret_cast<RunTouch>(module.resolve("runTouch"));
+    if (!run) {
+        complain(QStringLiteral("The touch screens can't be loaded; --console runs without them. (%1)")
+                     .arg(module.errorString()));
         return FAILURE;
     }
-    TouchFrontEnd touch(host.application(), {.fullscreen = options.fullscreen});
-    return touch.show() ? QGuiApplication::exec() : FAILURE;
+    return run(argc, argv, options);
 }
 
 } // namespace
