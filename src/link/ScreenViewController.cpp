@@ -36,7 +36,7 @@ void ScreenViewController::applicationDidBecomeActive() {
 }
 
 void ScreenViewController::connectServer() {
-    const auto self = shared(this);
+    auto self = shared(this);
     serverConn_->setDelegate(self);
     if (serverConn_->isConnected()) {
         poll();
