@@ -71,7 +71,7 @@ QString known(std::string_view text) {
 } // namespace
 
 QString translatedText(std::string_view text) {
-    if (const QString whole = known(text); !whole.isNull())
+    if (QString whole = known(text); !whole.isNull())
         return whole;
     if (const auto blank = text.rfind(' '); blank != std::string_view::npos) {
         const auto number = text.substr(blank);
@@ -90,7 +90,7 @@ QString translatedText(std::string_view text) {
 }
 
 QString spokenText(std::string_view text) {
-    const QString shown = translatedText(text);
+    QString shown = translatedText(text);
     if (shown.endsWith(u'%'))
         return QCoreApplication::translate("System", "%1 percent").arg(shown.chopped(1));
     if (shown.endsWith(QStringLiteral(" dB")))
