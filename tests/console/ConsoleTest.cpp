@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -369,9 +370,10 @@ TEST(Console, AnswersBadInputInWords) {
     for (const auto& [line, error] : cases) {
         const std::string text = line;
         const auto word = text.starts_with('"') ? "" : text.substr(0, text.find(' '));
-        EXPECT_EQ(session.play("$ " + text + "\n< {\"reply\":\"" + word + "\",\"ok\":false,\"error\":\"" +
-                               error + "\"}"),
-                  "");
+        std::ostringstream transcript;
+        transcript << "$ " << text << "\n< {\"reply\":\"" << word << "\",\"ok\":false,\"error\":\"" << error
+                   << "\"}";
+        EXPECT_EQ(session.play(transcript.str()), "");
     }
     EXPECT_EQ(session.play("~ sent"), "") << "a refused command reached the unit";
     EXPECT_EQ(session.play("~ wait 9\n~ sent"), "");

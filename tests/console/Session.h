@@ -147,7 +147,7 @@ public:
                 continue;
             step.erase(0, begin);
             if (const auto problem = run(step); !problem.empty())
-                problems += step + "\n    " + problem + "\n";
+                problems.append(step).append("\n    ").append(problem).append("\n");
         }
         settle();
         takeLines(problems);

@@ -275,6 +275,13 @@ TEST(EndToEnd, ADemoNeedsNothingAndLeavesNothing) {
         EXPECT_EQ(demo.wait(), 0);
         EXPECT_FALSE(fs::exists(folder / "config") || fs::exists(folder / "home"));
     }
+    {
+        std::ofstream(folder / "third.json")
+            << R"({"ip_address_preference": "10.1.2.3", "unit_number_preference": 3})";
+        Remote demo({REMOTE_PROGRAM, "--console", "--json", "--demo", "--settings", folder / "third.json"});
+        EXPECT_TRUE(demo.tell("wait open"));
+        EXPECT_TRUE(demo.tell("wait answer")) << "the demo's unit does not answer to the stored number";
+    }
     const ClosedPort nowhere;
     Process own({REMOTE_PROGRAM, "--console", "--connect-to", nowhere.place()}, Process::Streams::Pipes,
                 environment);

@@ -45,6 +45,7 @@ Process::Process(std::vector<std::string> arguments, Streams streams, std::vecto
     if (::pipe2(error.data(), O_CLOEXEC) != 0)
         std::abort();
     std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (auto& argument : arguments)
         argv.push_back(argument.data());
     argv.push_back(nullptr);
