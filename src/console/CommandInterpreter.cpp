@@ -22,51 +22,26 @@ struct CommandTable {
     using I = CommandInterpreter;
     using A = Argument;
     static constexpr std::array<ConsoleCommand, 15> COMMANDS{{
-        {"help", "", "lists the commands", 0, 0, {}, &I::help},
-        {"state", "", "shows the screen with its controls, the alert and the link", 0, 0, {}, &I::state},
-        {"tab", "NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
-        {"pick",
-         "CONTROL ROW",
-         "turns a picker to a row, counted from 0",
-         2,
-         2,
-         {A::Picker, A::Number},
-         &I::pick},
-        {"slide", "CONTROL VALUE", "moves a slider", 2, 2, {A::Slider, A::Number}, &I::slide},
-        {"switch", "CONTROL on|off|toggle", "flips a switch", 2, 2, {A::Switch, A::Position}, &I::flip},
-        {"segment",
-         "CONTROL INDEX",
-         "taps a segment, counted from 0",
-         2,
-         2,
-         {A::Segmented, A::Number},
-         &I::segment},
-        {"press", "CONTROL", "presses a button", 1, 1, {A::Button}, &I::press},
-        {"dismiss", "", "presses the button of the alert on show", 0, 0, {}, &I::dismiss},
-        {"get", "[KEY]", "shows the stored settings, or one", 0, 1, {A::SettingKey}, &I::get},
-        {"set",
-         "KEY VALUE",
-         "stores a setting; the application reads it when it comes back",
-         2,
-         2,
-         {A::SettingKey, A::StoredValue},
-         &I::set},
-        {"unset", "KEY", "removes a stored setting", 1, 1, {A::SettingKey}, &I::unset},
-        {"app",
-         "EVENT",
-         "sends the application away or back, in one step or in single ones",
-         1,
-         1,
-         {A::LifecycleEvent},
-         &I::app},
-        {"wait",
-         "SECONDS | answer|open|closed [SECONDS]",
-         "lets time pass, or waits for the unit's answer or the link, 5 seconds at most unless told",
+        {"help", "lists the commands", 0, 0, {}, &I::help},
+        {"state", "shows the screen with its controls, the alert and the link", 0, 0, {}, &I::state},
+        {"tab NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
+        {"pick CONTROL ROW", "turns a picker to a row, from 0", 2, 2, {A::Picker, A::Number}, &I::pick},
+        {"slide CONTROL VALUE", "moves a slider", 2, 2, {A::Slider, A::Number}, &I::slide},
+        {"switch CONTROL on|off|toggle", "flips a switch", 2, 2, {A::Switch, A::Position}, &I::flip},
+        {"segment CONTROL INDEX", "taps a segment, from 0", 2, 2, {A::Segmented, A::Number}, &I::segment},
+        {"press CONTROL", "presses a button", 1, 1, {A::Button}, &I::press},
+        {"dismiss", "presses the button of the alert on show", 0, 0, {}, &I::dismiss},
+        {"get [KEY]", "shows the stored settings, or one", 0, 1, {A::SettingKey}, &I::get},
+        {"set KEY VALUE", "stores a setting; see app", 2, 2, {A::SettingKey, A::StoredValue}, &I::set},
+        {"unset KEY", "removes a stored setting; see app", 1, 1, {A::SettingKey}, &I::unset},
+        {"app EVENT", "away, back, or one step of these; back reads the settings", 1, 1, {A::Event}, &I::app},
+        {"wait SECONDS|answer|open|closed [SECONDS]",
+         "lets time pass, or waits, at most 5 s unless told",
          1,
          2,
          {A::Awaited, A::Number},
          &I::wait},
-        {"quit", "", "ends the application", 0, 0, {}, &I::quit},
+        {"quit", "ends the application", 0, 0, {}, &I::quit},
     }};
 };
 
@@ -202,7 +177,7 @@ void CommandInterpreter::execute(const Line& line) {
         return;
     command_ = words.empty() ? std::string() : words.front();
     const auto* command = std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
-                                       [&](const ConsoleCommand& known) { return known.name == command_; });
+                                       [&](const ConsoleCommand& known) { return known.name() == command_; });
     const auto arguments = Arguments(words).subspan(words.empty() ? 0 : 1);
     if (line.tooLong)
         answer(command_,
@@ -212,9 +187,8 @@ void CommandInterpreter::execute(const Line& line) {
     else if (command == CommandTable::COMMANDS.end())
         answer(command_, Failed{command_ + ": no such command; \"help\" lists those there are"});
     else if (arguments.size() < command->fewest || arguments.size() > command->most)
-        answer(command_,
-               Failed{command->most == 0 ? command_ + " stands alone"
-                                         : "usage: " + command_ + " " + std::string(command->arguments)});
+        answer(command_, Failed{command->most == 0 ? command_ + " stands alone"
+                                                   : "usage: " + std::string(command->usage)});
     else
         answer(command_, (this->*command->run)(arguments));
 }
@@ -455,11 +429,12 @@ std::vector<std::string> CommandInterpreter::completions(std::string_view line) 
     };
     if (before.empty()) {
         for (const auto& command : commands())
-            offer(command.name);
+            offer(command.name());
         return words;
     }
-    const auto* command = std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
-                                       [&](const ConsoleCommand& known) { return known.name == before[0]; });
+    const auto* command =
+        std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
+                     [&](const ConsoleCommand& known) { return known.name() == before[0]; });
     if (command == CommandTable::COMMANDS.end() || before.size() > command->kinds.size())
         return words;
     const auto argument = command->kinds[before.size() - 1];
@@ -479,7 +454,7 @@ std::vector<std::string> CommandInterpreter::completions(std::string_view line) 
         if (const auto* entry = findSetting(before[1]); entry && entry->type == SettingEntry::Type::Flag)
             std::for_each(FLAGS.begin(), FLAGS.end(), offer);
         break;
-    case Argument::LifecycleEvent:
+    case Argument::Event:
         for (const auto& event : LIFECYCLE_EVENTS)
             offer(event.name);
         break;

@@ -24,7 +24,7 @@ enum class Argument : std::uint8_t {
     Position, ///< of a switch
     SettingKey,
     StoredValue,
-    LifecycleEvent,
+    Event, ///< of the application's life
     Awaited,
     Number,
 };
@@ -40,13 +40,14 @@ using Outcome = std::variant<Done, Failed, Answered, Held>;
 
 /// A command's name, its arguments and what it does: all that the console knows of it.
 struct ConsoleCommand {
-    std::string_view name;
-    std::string_view arguments; ///< as a person is told
+    std::string_view usage; ///< its name and its arguments, as a person is told
     std::string_view help;
     std::size_t fewest; ///< arguments
     std::size_t most;
     std::array<Argument, 2> kinds;
     Outcome (CommandInterpreter::*run)(std::span<const std::string> arguments);
+
+    constexpr std::string_view name() const { return usage.substr(0, usage.find(' ')); }
 };
 
 } // namespace lumbra

@@ -185,9 +185,7 @@ void JsonReport::help(std::string_view command, std::span<const ConsoleCommand> 
         json.field("reply", command).field("ok", true);
         json.array("commands", commands, [](Json& array, const ConsoleCommand& entry) {
             array.element([&](Json& fields) {
-                fields.field("name", entry.name)
-                    .field("arguments", entry.arguments)
-                    .field("help", entry.help);
+                fields.field("name", entry.name()).field("usage", entry.usage).field("help", entry.help);
             });
         });
     });

@@ -187,8 +187,7 @@ void TextReport::settings(std::string_view, std::span<const StoredSetting> setti
 void TextReport::help(std::string_view, std::span<const ConsoleCommand> commands) {
     Table<2> table;
     for (const auto& command : commands)
-        table.add(
-            {std::string(command.name) + " " + std::string(command.arguments), std::string(command.help)});
+        table.add({std::string(command.usage), std::string(command.help)});
     output_.write(table.text());
 }
 
