@@ -10,11 +10,15 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -40,6 +44,7 @@ public:
                            QStringLiteral("qt.scenegraph.time.renderloop=true"));
         environment.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
         process_.setProcessEnvironment(environment);
+        process_.setReadChannel(QProcess::StandardError);
         clock_.start();
         process_.start(program, arguments);
     }
@@ -55,12 +60,13 @@ public:
                 giveUp(process_.program() + QStringLiteral(" shows no frame"));
         return static_cast<double>(clock_.nsecsElapsed()) / 1e6;
     }
-    /// The durations in ms of the frames of the next `time` ms.
-    std::vector<double> frames(int time) {
+    /// The durations in ms of the frames of the next `time` ms; `meanwhile` is called all along.
+    std::vector<double> frames(
+        int time, const std::function<void()>& meanwhile = [] {}) {
         process_.readAllStandardError();
         QByteArray text;
-        for (QElapsedTimer timer = started(); timer.elapsed() < time;)
-            if (process_.waitForReadyRead(50))
+        for (QElapsedTimer timer = started(); timer.elapsed() < time; meanwhile())
+            if (process_.waitForReadyRead(5))
                 text += process_.readAllStandardError();
         std::vector<double> durations;
         static const QRegularExpression line(QStringLiteral("renderloop in (\\d+)ms"));
@@ -147,27 +153,56 @@ void countWakeUps(const QString& remote) {
     std::printf("idle: %.1f wake-ups a second\n", (window.wakeUps() - before) / SECONDS);
 }
 
-void countLongFrames(const QString& remote, const QString& unit) {
-    QProcess simulator;
-    simulator.start(unit, {QStringLiteral("--flood"), QStringLiteral("1000")});
-    if (!simulator.waitForReadyRead(PATIENCE))
-        giveUp(unit + QStringLiteral(" does not start"));
-    const auto place = QString::fromUtf8(simulator.readLine()).trimmed().section(QLatin1Char(' '), -1);
-    QTemporaryDir folder;
-    {
-        Window window(remote, {QStringLiteral("--connect-to"), place, QStringLiteral("--settings"),
-                               folder.filePath(QStringLiteral("settings.json"))});
-        window.firstFrame();
-        window.let(1000);
-        const auto frames = window.frames(5000);
-        const auto isLong = [](double duration) { return duration > LONGEST_FRAME; };
-        std::printf(
-            "1000 reports a second: %zu frames in 5 s, %td of them over %.1f ms, the longest %.0f ms\n",
-            frames.size(), std::count_if(frames.begin(), frames.end(), isLong), LONGEST_FRAME,
-            frames.empty() ? 0.0 : *std::max_element(frames.begin(), frames.end()));
+/// A unit that reports without being asked, each time something else of what the Zone screen shows.
+class BusyUnit {
+public:
+    explicit BusyUnit(int reportsPerSecond) : rate_(reportsPerSecond) {
+        if (!server_.listen(QHostAddress::LocalHost))
+            giveUp(server_.errorString());
     }
-    simulator.kill();
-    simulator.waitForFinished();
+    QString place() const { return QStringLiteral("127.0.0.1:%1").arg(server_.serverPort()); }
+    void accept() {
+        if (!server_.waitForNewConnection(PATIENCE))
+            giveUp(QStringLiteral("the window does not connect"));
+        client_.reset(server_.nextPendingConnection());
+        clock_.start();
+    }
+    /// Sends what is due.
+    void report() {
+        QByteArray bytes;
+        for (const auto due = clock_.elapsed() * rate_ / 1000; sent_ < due; ++sent_) {
+            const auto level = QByteArray::number(-(sent_ % 60));
+            const auto tone = QByteArray::number(sent_ % 31 - 15);
+            const auto input = QByteArray::number(sent_ % 20 + 1);
+            bytes +=
+                "(U1Z1" + std::array{"V" + level, "BASS" + tone, "TREB" + tone, "I" + input}[sent_ % 4] + ")";
+        }
+        client_->write(bytes);
+        client_->flush();
+    }
+
+private:
+    qint64 rate_;
+    qint64 sent_ = 0;
+    QTcpServer server_;
+    std::unique_ptr<QTcpSocket> client_;
+    QElapsedTimer clock_;
+};
+
+void countLongFrames(const QString& remote) {
+    BusyUnit unit(1000);
+    const QTemporaryDir folder;
+    Window window(remote, {QStringLiteral("--connect-to"), unit.place(), QStringLiteral("--settings"),
+                           folder.filePath(QStringLiteral("settings.json"))});
+    window.firstFrame();
+    unit.accept();
+    const auto report = [&unit] { unit.report(); };
+    window.frames(1000, report);
+    const auto frames = window.frames(5000, report);
+    const auto isLong = [](double duration) { return duration > LONGEST_FRAME; };
+    std::printf("1000 reports a second: %zu frames in 5 s, %td of them over %.1f ms, the longest %.0f ms\n",
+                frames.size(), std::count_if(frames.begin(), frames.end(), isLong), LONGEST_FRAME,
+                frames.empty() ? 0.0 : *std::max_element(frames.begin(), frames.end()));
 }
 
 } // namespace
@@ -175,9 +210,9 @@ void countLongFrames(const QString& remote, const QString& unit) {
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const auto arguments = QCoreApplication::arguments();
-    if (arguments.size() != 4)
-        giveUp(QStringLiteral("usage: bench_window REMOTE SIMULATOR SMALLEST"));
-    compareStarts(arguments[1], arguments[3]);
+    if (arguments.size() != 3)
+        giveUp(QStringLiteral("usage: bench_window REMOTE SMALLEST"));
+    compareStarts(arguments[1], arguments[2]);
     countWakeUps(arguments[1]);
-    countLongFrames(arguments[1], arguments[2]);
+    countLongFrames(arguments[1]);
 }
