@@ -1,5 +1,9 @@
 #include "Harness.h"
 
+#include "Session.h"
+
+#include <fstream>
+
 namespace lumbra {
 
 void Harness::start(const QString& settings, bool connected) {
@@ -43,6 +47,45 @@ QStringList Harness::sent() {
     for (const auto& text : remote_->sent())
         all << QString::fromStdString(text);
     return all;
+}
+
+QStringList Harness::scenario() const {
+    std::ifstream file(LUMBRA_SCENARIO);
+    QStringList lines;
+    for (std::string line; std::getline(file, line);)
+        if (!line.empty() && !line.starts_with('#'))
+            lines << QString::fromStdString(line);
+    return lines;
+}
+
+QStringList Harness::playOnConsole() const {
+    Session session;
+    session.console->start();
+    session.settle();
+    session.remote.streams.last().connect();
+    session.settle();
+    session.remote.sent();
+    QStringList left;
+    for (const auto& line : scenario()) {
+        const auto text = line.toStdString();
+        const auto problem = session.play((text.starts_with('~') ? text : "$ " + text) + "\n<...");
+        if (!problem.empty() || session.exitStatus)
+            left << QString::fromStdString(problem);
+        if (text.starts_with("~ wait"))
+            left << leftBehind(session.remote);
+    }
+    return left;
+}
+
+QString Harness::leftBehind(Remote& remote) {
+    std::string all;
+    for (const auto& command : remote.sent())
+        all += command;
+    const auto& view = remote.application.tabs().selectedViewController()->view();
+    all += "\n" + view.name();
+    for (const auto& item : view.items())
+        all += "\n" + item.name + " " + remote.shown(item.name);
+    return QString::fromStdString(all);
 }
 
 void Harness::pass(int milliseconds) {

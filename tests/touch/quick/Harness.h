@@ -28,6 +28,13 @@ public:
     Q_INVOKABLE QString play(const QString& script);
     /// What was sent since the last call.
     Q_INVOKABLE QStringList sent();
+    /// The lines of the scenario that both front ends play.
+    Q_INVOKABLE QStringList scenario() const;
+    /// Plays the scenario on the console, over an application of its own: what it leaves behind at each "~
+    /// wait".
+    Q_INVOKABLE QStringList playOnConsole() const;
+    /// What was sent since the last call and what every control on show shows.
+    Q_INVOKABLE QString leftBehind() { return leftBehind(*remote_); }
     /// Lets virtual time pass.
     Q_INVOKABLE void pass(int milliseconds);
     /// What became of the window.
@@ -41,6 +48,8 @@ Q_SIGNALS:
     void appChanged();
 
 private:
+    static QString leftBehind(Remote& remote);
+
     std::unique_ptr<Remote> remote_;
     std::unique_ptr<WindowLife> life_;
     std::unique_ptr<AppAdapter> app_;
