@@ -133,7 +133,7 @@ TEST(SignalTest, ObserversComeAndGoDuringAnEmission) {
 }
 
 struct Page final : ViewController {
-    Page(std::string name, std::string& calls)
+    Page(const std::string& name, std::string& calls)
         : ViewController(std::make_shared<View>(name, name)), log(calls) {}
     std::string& log;
     void note(const char* what) { log += view().name() + what + " "; }
