@@ -8,12 +8,12 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <fcntl.h>
 #include <functional>
 #include <future>
 #include <memory>
 #include <string>
+#include <sys/mman.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -148,12 +148,13 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
 TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
     int ends[2];
     ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
-    std::FILE* file = std::tmpfile();
+    const int file = ::memfd_create("empty", MFD_CLOEXEC); // regular, and needs no folder to write to
+    ASSERT_GE(file, 0);
     const int closed = ::dup(ends[0]);
     ::close(closed);
     QtDescriptorWatcher watcher;
     for (const auto& [name, fd, ready] :
-         {std::tuple("a regular file at its end", ::fileno(file), true),
+         {std::tuple("a regular file at its end", file, true),
           std::tuple("a closed descriptor", closed, true), std::tuple("an empty pipe", ends[0], false)}) {
         int count = 0;
         const auto watch = watcher.watchReadable(fd, [&] { ++count; });
@@ -180,7 +181,7 @@ TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
     settle();
     EXPECT_EQ(count, 1) << "a watch ended inside its own callback";
     ::close(ends[0]);
-    std::fclose(file);
+    ::close(file);
 }
 
 } // namespace
