@@ -186,11 +186,14 @@ std::optional<Memory> fromJson(const QByteArray& json, QString& error) {
 bool StateFile::load(Memory& memory, QString& message) const {
     if (!QFileInfo::exists(path_))
         return true;
+    if (!QFileInfo(path_).isFile()) {
+        message = QStringLiteral("The state file %1 can't be used: it is no regular file. It is left alone.")
+                      .arg(path_);
+        return false;
+    }
     QFile file(path_);
     QString error;
-    if (!QFileInfo(path_).isFile())
-        error = QStringLiteral("it is no file");
-    else if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly))
         error = file.errorString();
     else if (file.size() > LONGEST)
         error = QStringLiteral("it is too long for one");
@@ -213,11 +216,11 @@ bool StateFile::load(Memory& memory, QString& message) const {
 
 bool StateFile::save(const Memory& memory, QString& message) const {
     QSaveFile file(path_);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(toJson(memory));
-        if (file.commit())
-            return true;
-    }
+    const QByteArray json = toJson(memory);
+    // Buffered, a write that the disk takes only in part goes unnoticed, and the torn file is committed.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(json) == json.size() &&
+        file.commit())
+        return true;
     message = QStringLiteral("The state file %1 can't be written: %2.").arg(path_, file.errorString());
     return false;
 }

@@ -27,8 +27,8 @@ public:
 
     /// Reads the file into `memory`; true also when there is none yet, `memory` is then left as it is. A file
     /// that can't be read or makes no sense is set aside under another name, `memory` is left as it is, and
-    /// `message` is a sentence that tells so. False when it could not even be set aside: the caller must not
-    /// save then.
+    /// `message` is a sentence that tells so. False when it could not even be set aside, or is no regular
+    /// file and thus nobody's memory: the caller must not save then.
     bool load(Memory& memory, QString& message) const;
 
     /// Writes `memory`; false with a sentence in `message` when that fails, the old file is then as it was.

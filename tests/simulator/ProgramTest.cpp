@@ -102,7 +102,7 @@ TEST(Program, tellsWhatIsWrongInOneLine) {
         {list("extra"), 2, "\"extra\""},
         {list("--reset-after 1 --end-after 2"), 2, "exclude each other"},
         {list("--listen 192.0.2.1"), 1, "Can't listen on 192.0.2.1:0: "},
-        {list("--state /proc"), 1, "can't be set aside"},
+        {list("--state /proc/version"), 1, "can't be set aside"},
     };
     for (const Case& test : CASES) {
         Program program(test.arguments);

@@ -95,6 +95,15 @@ TEST_F(StateFileTest, setsAsideWhatItCannotUseAndSaysWhy) {
     }
 }
 
+// A mistyped path must not have a folder full of other things renamed.
+TEST_F(StateFileTest, leavesAFolderAlone) {
+    QDir(directory_.path()).mkdir(QStringLiteral("unit.state"));
+    Memory memory;
+    EXPECT_FALSE(file_.load(memory, message_));
+    EXPECT_TRUE(message_.contains(QStringLiteral("it is no regular file"))) << message_.toStdString();
+    EXPECT_EQ(files(), QStringList{QStringLiteral("unit.state")});
+}
+
 TEST_F(StateFileTest, tellsWhatItCannotWrite) {
     const StateFile nowhere(directory_.filePath(QStringLiteral("no/such/folder")));
     EXPECT_FALSE(nowhere.save(unit_.memory(), message_));
