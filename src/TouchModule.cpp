@@ -1,11 +1,14 @@
 #include "TouchModule.h"
 
 #include "ApplicationHost.h"
+#include "platform/SignalPipe.h"
+#include "qt/QtDescriptorWatcher.h"
 #include "touch/DisplayGuard.h"
 #include "touch/TouchFrontEnd.h"
 
 #include <QGuiApplication>
 
+#include <csignal>
 #include <cstdio>
 #include <optional>
 
@@ -24,6 +27,10 @@ int run(int& argc, char** argv, const Options& options) {
         return 1;
     }
     TouchFrontEnd touch(host.application(), {.fullscreen = options.fullscreen});
+    // A signal ends it as the closed window does: the unit's link is closed and the settings are written.
+    const SignalPipe signals({SIGTERM, SIGINT, SIGHUP});
+    QtDescriptorWatcher watcher;
+    const auto watch = watcher.watchReadable(signals.descriptor(), &QCoreApplication::quit);
     return touch.show() ? QGuiApplication::exec() : 1;
 }
 

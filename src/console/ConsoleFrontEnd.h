@@ -7,7 +7,7 @@
 #include "console/LineBuffer.h"
 #include "console/LineEditor.h"
 #include "console/Report.h"
-#include "console/SignalPipe.h"
+#include "platform/SignalPipe.h"
 #include "platform/DescriptorWatch.h"
 
 #include <deque>

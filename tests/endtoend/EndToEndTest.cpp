@@ -44,6 +44,8 @@ public:
         place_ = "127.0.0.1:" + ready.substr(ready.rfind(':') + 1);
     }
     const std::string& place() const { return place_; }
+    /// Waits for `text` in what it prints under --verbose.
+    bool tells(std::string_view text) { return process_.readUntil(text).has_value(); }
 
 private:
     static std::vector<std::string> command(std::vector<std::string> options) {
@@ -325,6 +327,20 @@ TEST(EndToEnd, SettingsAreWholeWheneverItIsKilled) {
         EXPECT_EQ(later.process.wait(), 0);
         EXPECT_EQ(later.process.errors(), "");
     }
+}
+
+// Without a handler a signal would end the window with its settings unwritten and its status a failure.
+TEST(EndToEnd, ASignalEndsTheWindowAsClosingItDoes) {
+    const Folder folder;
+    Simulator unit({"--verbose"});
+    Process window({REMOTE_PROGRAM, "--connect-to", unit.place(), "--settings", folder / "a.json"},
+                   Process::Streams::Pipes, {"QT_QPA_PLATFORM=offscreen"});
+    ASSERT_TRUE(unit.tells("! connected"));
+    window.signal(SIGTERM);
+    EXPECT_EQ(window.wait(), 0);
+    EXPECT_EQ(window.errors(), "");
+    EXPECT_TRUE(unit.tells("! closed by the client"));
+    EXPECT_TRUE(fs::exists(folder / "a.json"));
 }
 
 TEST(EndToEnd, AClosedOutputStopsNoCommand) {

@@ -1,4 +1,4 @@
-#include "console/SignalPipe.h"
+#include "platform/SignalPipe.h"
 
 #include <cerrno>
 #include <csignal>
