@@ -15,8 +15,8 @@ class ActivityAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(bool animating READ isAnimating NOTIFY changed)
 
 public:
-    ActivityAdapter(std::shared_ptr<ActivityIndicator> control, const QString& caption, RefreshQueue& queue,
-                    QObject* parent)
+    ActivityAdapter(std::shared_ptr<ActivityIndicator> control, const std::string& caption,
+                    RefreshQueue& queue, QObject* parent)
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
     bool isAnimating() const { return control_->isAnimating(); }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "toolkit/Button.h"
-#include "touch/Captions.h"
 #include "touch/ControlAdapter.h"
 
 #include <QtQml/qqmlregistration.h>
@@ -15,10 +14,9 @@ class ButtonAdapter final : public lumbra::ControlAdapter {
     QML_UNCREATABLE("a screen gives it")
 
 public:
-    ButtonAdapter(std::shared_ptr<Button> control, const QString& /*caption*/, RefreshQueue& queue,
+    ButtonAdapter(std::shared_ptr<Button> control, const std::string& /*caption*/, RefreshQueue& queue,
                   QObject* parent)
-        : ControlAdapter(control, translatedText(control->title()), queue, parent),
-          control_(std::move(control)) {}
+        : ControlAdapter(control, control->title(), queue, parent), control_(std::move(control)) {}
 
     /// A hand presses the button. False where it is disabled.
     Q_INVOKABLE bool press() { return control_->pressByUser(); }

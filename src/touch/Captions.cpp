@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <string>
 
 namespace lumbra {
 
@@ -56,34 +58,45 @@ constexpr std::array TEXTS{
     QT_TRANSLATE_NOOP("System", "Error"),
     QT_TRANSLATE_NOOP("System", "OK"),
 };
+/// Captions behind the name of what they belong to, which some languages write as they stand alone and some
+/// not.
+constexpr std::array IN_A_SENTENCE{
+    QT_TRANSLATE_NOOP("Sentence", "input"),     QT_TRANSLATE_NOOP("Sentence", "volume"),
+    QT_TRANSLATE_NOOP("Sentence", "mute"),      QT_TRANSLATE_NOOP("Sentence", "loudness"),
+    QT_TRANSLATE_NOOP("Sentence", "power"),     QT_TRANSLATE_NOOP("Sentence", "bass"),
+    QT_TRANSLATE_NOOP("Sentence", "treble"),    QT_TRANSLATE_NOOP("Sentence", "type"),
+    QT_TRANSLATE_NOOP("Sentence", "frequency"), QT_TRANSLATE_NOOP("Sentence", "gain"),
+};
 constexpr const char* CONNECTION_ALERT = QT_TRANSLATE_NOOP("System", "Failed to connect to IP address %1.");
 
-QString translate(const char* text) {
-    return QCoreApplication::translate(CONTEXT, text);
-}
-
-/// The translation of a text of the table; null where it is none.
-QString known(std::string_view text) {
-    const auto* const found = std::find(TEXTS.begin(), TEXTS.end(), text);
-    return found == TEXTS.end() ? QString() : translate(*found);
+/// The translation of a text of the table, with or without a number behind it; null where it is none.
+template <class Table>
+QString known(const char* context, const Table& table, std::string_view text) {
+    const auto find = [&](std::string_view wanted) {
+        const auto found = std::find(table.begin(), table.end(), wanted);
+        return found == table.end() ? QString() : QCoreApplication::translate(context, *found);
+    };
+    const auto blank = text.rfind(' ');
+    if (blank == std::string_view::npos ||
+        text.find_first_not_of("0123456789", blank + 1) != std::string_view::npos)
+        return find(text);
+    const auto caption = find(text.substr(0, blank));
+    const auto number = text.substr(blank);
+    return caption.isNull()
+               ? caption
+               : caption + QString::fromUtf8(number.data(), static_cast<qsizetype>(number.size()));
 }
 
 } // namespace
 
 QString translatedText(std::string_view text) {
-    if (QString whole = known(text); !whole.isNull())
-        return whole;
-    if (const auto blank = text.rfind(' '); blank != std::string_view::npos) {
-        const auto number = text.substr(blank);
-        if (const QString caption = known(text.substr(0, blank));
-            !caption.isNull() && number.find_first_not_of("0123456789", 1) == std::string_view::npos)
-            return caption + QString::fromUtf8(number.data(), static_cast<qsizetype>(number.size()));
-    }
+    if (const auto translated = known(CONTEXT, TEXTS, text); !translated.isNull())
+        return translated;
     constexpr std::string_view pattern = "Failed to connect to IP address %1.";
     constexpr auto prefix = pattern.substr(0, pattern.find('%'));
     if (text.starts_with(prefix) && text.ends_with('.') && text.size() > prefix.size()) {
         const auto address = text.substr(prefix.size(), text.size() - prefix.size() - 1);
-        return translate(CONNECTION_ALERT)
+        return QCoreApplication::translate(CONTEXT, CONNECTION_ALERT)
             .arg(QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())));
     }
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -100,6 +113,18 @@ QString spokenText(std::string_view text) {
     if (shown.endsWith(QStringLiteral(" Hz")))
         return QCoreApplication::translate("System", "%1 hertz").arg(shown.chopped(3));
     return shown;
+}
+
+QString spokenName(const QString& where, std::string_view caption) {
+    if (where.isEmpty())
+        return translatedText(caption);
+    std::string lower(caption);
+    if (!lower.empty())
+        lower.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(lower.front())));
+    const auto within = known("Sentence", IN_A_SENTENCE, lower);
+    //: %1 is the name of a zone, an output ..., %2 what of it: "Kitchen volume"
+    return QCoreApplication::translate("Sentence", "%1 %2")
+        .arg(where, within.isNull() ? translatedText(caption) : within);
 }
 
 } // namespace lumbra

@@ -15,4 +15,8 @@ QString translatedText(std::string_view text);
 /// The same as a screen reader should say it: "50%" is "50 percent", "-40 dB" is "-40 decibels".
 QString spokenText(std::string_view text);
 
+/// The name of a control with this English caption, of the item `where` (which may be empty), as a screen
+/// reader should say it: "Kitchen volume".
+QString spokenName(const QString& where, std::string_view caption);
+
 } // namespace lumbra

@@ -2,10 +2,12 @@
 
 #include "toolkit/Control.h"
 #include "touch/Adapter.h"
+#include "touch/Captions.h"
 
 #include <QString>
 
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace lumbra {
@@ -19,11 +21,14 @@ class ControlAdapter : public lumbra::Adapter {
     Q_PROPERTY(bool enabled READ isEnabled NOTIFY changed)
 
 public:
-    QString caption() const { return caption_; }
+    QString caption() const { return translatedText(caption_); }
+    /// Its name as a screen reader says it: what it is, and of what. `where` may be empty.
+    Q_INVOKABLE QString spokenName(const QString& where) const { return lumbra::spokenName(where, caption_); }
     bool isEnabled() const { return watched_->isEnabled(); }
 
 protected:
-    ControlAdapter(std::shared_ptr<Control> control, QString caption, RefreshQueue& queue, QObject* parent)
+    ControlAdapter(std::shared_ptr<Control> control, std::string caption, RefreshQueue& queue,
+                   QObject* parent)
         : Adapter(queue, parent),
           watched_(std::move(control)),
           caption_(std::move(caption)),
@@ -31,7 +36,7 @@ protected:
 
 private:
     std::shared_ptr<Control> watched_;
-    QString caption_;
+    std::string caption_; ///< English
     Subscription subscription_;
 };
 

@@ -17,7 +17,8 @@ class LabelAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(QString spoken READ spoken NOTIFY changed)
 
 public:
-    LabelAdapter(std::shared_ptr<Label> control, const QString& caption, RefreshQueue& queue, QObject* parent)
+    LabelAdapter(std::shared_ptr<Label> control, const std::string& caption, RefreshQueue& queue,
+                 QObject* parent)
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
     /// Plain text, never to be interpreted.

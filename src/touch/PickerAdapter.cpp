@@ -6,7 +6,7 @@
 
 namespace lumbra {
 
-PickerAdapter::PickerAdapter(std::shared_ptr<Picker> control, const QString& caption, RefreshQueue& queue,
+PickerAdapter::PickerAdapter(std::shared_ptr<Picker> control, const std::string& caption, RefreshQueue& queue,
                              QObject* parent)
     : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {
     takeRows();

@@ -21,7 +21,7 @@ class PickerAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(bool white READ isWhite NOTIFY changed)
 
 public:
-    PickerAdapter(std::shared_ptr<Picker> control, const QString& caption, RefreshQueue& queue,
+    PickerAdapter(std::shared_ptr<Picker> control, const std::string& caption, RefreshQueue& queue,
                   QObject* parent);
 
     /// The role "display" holds a row's plain text.

@@ -32,7 +32,7 @@ AdapterType* ScreenAdapter::adapter(const QString& name) {
         qWarning() << "The" << this->name() << "screen has no such control:" << name;
         return nullptr;
     }
-    auto* const made = new AdapterType(control, translatedText(item->caption), queue_, this);
+    auto* const made = new AdapterType(control, item->caption, queue_, this);
     adapters_.insert(name, made);
     return made;
 }

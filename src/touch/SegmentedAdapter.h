@@ -18,8 +18,8 @@ class SegmentedAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(int selected READ selected NOTIFY changed)
 
 public:
-    SegmentedAdapter(std::shared_ptr<SegmentedControl> control, const QString& caption, RefreshQueue& queue,
-                     QObject* parent)
+    SegmentedAdapter(std::shared_ptr<SegmentedControl> control, const std::string& caption,
+                     RefreshQueue& queue, QObject* parent)
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {
         for (const auto& segment : control_->segments())
             segments_ << translatedText(segment);

@@ -20,7 +20,7 @@ class SliderAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(bool held READ isHeld NOTIFY changed)
 
 public:
-    SliderAdapter(std::shared_ptr<Slider> control, const QString& caption, RefreshQueue& queue,
+    SliderAdapter(std::shared_ptr<Slider> control, const std::string& caption, RefreshQueue& queue,
                   QObject* parent)
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 

@@ -15,7 +15,7 @@ class SwitchAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(bool on READ isOn NOTIFY changed)
 
 public:
-    SwitchAdapter(std::shared_ptr<Switch> control, const QString& caption, RefreshQueue& queue,
+    SwitchAdapter(std::shared_ptr<Switch> control, const std::string& caption, RefreshQueue& queue,
                   QObject* parent)
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 

@@ -4,6 +4,8 @@
 #include "touch/AppAdapter.h"
 #include "touch/Captions.h"
 
+#include <QCoreApplication>
+#include <QTranslator>
 #include <gtest/gtest.h>
 
 namespace lumbra {
@@ -143,6 +145,33 @@ TEST(Captions, TheSystemsTextsAndNoOthersAreTranslated) {
     EXPECT_EQ(spokenText("-40 dB"), QStringLiteral("-40 decibels"));
     EXPECT_EQ(spokenText("12 kHz"), QStringLiteral("12 kilohertz"));
     EXPECT_EQ(spokenText("Gain"), QStringLiteral("Gain"));
+}
+
+// Languages differ in what they write small and in what comes first.
+TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
+    struct Case {
+        const char* language;
+        const char* where;
+        const char* caption;
+        const char* spoken;
+    };
+    int argc = 0;
+    const QCoreApplication qt(argc, nullptr);
+    for (const auto& [language, where, caption, spoken] : {
+             Case{"en", "Kitchen", "Volume", "Kitchen volume"},
+             Case{"en", "", "Volume", "Volume"},
+             Case{"en", "Patio", "Frequency 3", "Patio frequency 3"},
+             Case{"en", "%2 %1", "Mute", "%2 %1 mute"},
+             Case{"de", "Bad", "Volume", "Bad Lautstärke"},
+             Case{"de", "Bad", "Gain 7", "Bad Verstärkung 7"},
+             Case{"fr", "Salon", "Volume", "volume Salon"},
+             Case{"es", "Patio", "Frequency 3", "frecuencia 3 Patio"},
+         }) {
+        QTranslator translator;
+        if (translator.load(QStringLiteral(":/i18n/lumbra_%1.qm").arg(QLatin1String(language))))
+            QCoreApplication::installTranslator(&translator);
+        EXPECT_EQ(spokenName(QString::fromUtf8(where), caption).toStdString(), spoken) << language;
+    }
 }
 
 TEST(AddressHint, TellsWhatIsOddAndNothingElse) {

@@ -20,11 +20,11 @@
         <translation>Eine Adresse hat keine Leerzeichen.</translation>
     </message>
     <message>
-        <source>A port can't be given; the unit is always reached on port 23.</source>
+        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
         <translation>Ein Port kann nicht angegeben werden; die Einheit ist immer über Port 23 zu erreichen.</translation>
     </message>
     <message>
-        <source>This is neither an address, as 192.168.1.50, nor a host's name.</source>
+        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
         <translation>Das ist weder eine Adresse, wie 192.168.1.50, noch ein Rechnername.</translation>
     </message>
 </context>
@@ -95,13 +95,6 @@
     </message>
 </context>
 <context>
-    <name>LevelCard</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-</context>
-<context>
     <name>LevelSlider</name>
     <message>
         <source>%1, %2</source>
@@ -130,6 +123,54 @@
     </message>
 </context>
 <context>
+    <name>Sentence</name>
+    <message>
+        <source>input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>loudness</source>
+        <translation>Loudness</translation>
+    </message>
+    <message>
+        <source>power</source>
+        <translation>Ein/Aus</translation>
+    </message>
+    <message>
+        <source>bass</source>
+        <translation>Bass</translation>
+    </message>
+    <message>
+        <source>treble</source>
+        <translation>Höhen</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>frequency</source>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>%1 is the name of a zone, an output ..., %2 what of it: &quot;Kitchen volume&quot;</extracomment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
     <name>SettingsScreen</name>
     <message>
         <source>Settings</source>
@@ -153,13 +194,6 @@
     <message>
         <source>off</source>
         <translation>aus</translation>
-    </message>
-</context>
-<context>
-    <name>SwitchRow</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -327,13 +361,6 @@
     <message>
         <source>%1 hertz</source>
         <translation>%1 Hertz</translation>
-    </message>
-</context>
-<context>
-    <name>VolumeCard</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
     </message>
 </context>
 <context>

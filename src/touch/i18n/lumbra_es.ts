@@ -20,11 +20,11 @@
         <translation>Una dirección no tiene espacios.</translation>
     </message>
     <message>
-        <source>A port can't be given; the unit is always reached on port 23.</source>
+        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
         <translation>No se puede indicar un puerto; la unidad siempre se alcanza en el puerto 23.</translation>
     </message>
     <message>
-        <source>This is neither an address, as 192.168.1.50, nor a host's name.</source>
+        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
         <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
     </message>
 </context>
@@ -95,13 +95,6 @@
     </message>
 </context>
 <context>
-    <name>LevelCard</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-</context>
-<context>
     <name>LevelSlider</name>
     <message>
         <source>%1, %2</source>
@@ -130,6 +123,54 @@
     </message>
 </context>
 <context>
+    <name>Sentence</name>
+    <message>
+        <source>input</source>
+        <translation>entrada</translation>
+    </message>
+    <message>
+        <source>volume</source>
+        <translation>volumen</translation>
+    </message>
+    <message>
+        <source>mute</source>
+        <translation>silencio</translation>
+    </message>
+    <message>
+        <source>loudness</source>
+        <translation>sonoridad</translation>
+    </message>
+    <message>
+        <source>power</source>
+        <translation>alimentación</translation>
+    </message>
+    <message>
+        <source>bass</source>
+        <translation>graves</translation>
+    </message>
+    <message>
+        <source>treble</source>
+        <translation>agudos</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>tipo</translation>
+    </message>
+    <message>
+        <source>frequency</source>
+        <translation>frecuencia</translation>
+    </message>
+    <message>
+        <source>gain</source>
+        <translation>ganancia</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>%1 is the name of a zone, an output ..., %2 what of it: &quot;Kitchen volume&quot;</extracomment>
+        <translation>%2 %1</translation>
+    </message>
+</context>
+<context>
     <name>SettingsScreen</name>
     <message>
         <source>Settings</source>
@@ -153,13 +194,6 @@
     <message>
         <source>off</source>
         <translation>apagado</translation>
-    </message>
-</context>
-<context>
-    <name>SwitchRow</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -327,13 +361,6 @@
     <message>
         <source>%1 hertz</source>
         <translation>%1 hercios</translation>
-    </message>
-</context>
-<context>
-    <name>VolumeCard</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
     </message>
 </context>
 <context>

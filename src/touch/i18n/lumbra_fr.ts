@@ -20,11 +20,11 @@
         <translation>Une adresse ne comporte pas d’espace.</translation>
     </message>
     <message>
-        <source>A port can't be given; the unit is always reached on port 23.</source>
+        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
         <translation>Aucun port ne peut être indiqué ; l’unité est toujours jointe sur le port 23.</translation>
     </message>
     <message>
-        <source>This is neither an address, as 192.168.1.50, nor a host's name.</source>
+        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
         <translation>Ce n’est ni une adresse, comme 192.168.1.50, ni un nom d’hôte.</translation>
     </message>
 </context>
@@ -95,13 +95,6 @@
     </message>
 </context>
 <context>
-    <name>LevelCard</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-</context>
-<context>
     <name>LevelSlider</name>
     <message>
         <source>%1, %2</source>
@@ -130,6 +123,54 @@
     </message>
 </context>
 <context>
+    <name>Sentence</name>
+    <message>
+        <source>input</source>
+        <translation>entrée</translation>
+    </message>
+    <message>
+        <source>volume</source>
+        <translation>volume</translation>
+    </message>
+    <message>
+        <source>mute</source>
+        <translation>muet</translation>
+    </message>
+    <message>
+        <source>loudness</source>
+        <translation>loudness</translation>
+    </message>
+    <message>
+        <source>power</source>
+        <translation>marche</translation>
+    </message>
+    <message>
+        <source>bass</source>
+        <translation>graves</translation>
+    </message>
+    <message>
+        <source>treble</source>
+        <translation>aigus</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>type</translation>
+    </message>
+    <message>
+        <source>frequency</source>
+        <translation>fréquence</translation>
+    </message>
+    <message>
+        <source>gain</source>
+        <translation>gain</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>%1 is the name of a zone, an output ..., %2 what of it: &quot;Kitchen volume&quot;</extracomment>
+        <translation>%2 %1</translation>
+    </message>
+</context>
+<context>
     <name>SettingsScreen</name>
     <message>
         <source>Settings</source>
@@ -153,13 +194,6 @@
     <message>
         <source>off</source>
         <translation>désactivé</translation>
-    </message>
-</context>
-<context>
-    <name>SwitchRow</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -327,13 +361,6 @@
     <message>
         <source>%1 hertz</source>
         <translation>%1 hertz</translation>
-    </message>
-</context>
-<context>
-    <name>VolumeCard</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,8 @@ Card {
     required property ScreenAdapter screen
     /// From 0.
     required property int band
+    /// The output that it belongs to, for a screen reader.
+    required property string where
     property bool edited: false
 
     readonly property SegmentedAdapter type: screen.segmented("filterType" + (band + 1))
@@ -39,7 +41,7 @@ Card {
         ChoiceRow {
             objectName: "type"
             width: parent.width
-            name: root.type.caption
+            name: root.type.spokenName(root.where)
             choices: root.type.segments
             selected: root.type.selected
             textSize: Theme.smallText
@@ -54,6 +56,7 @@ Card {
             width: parent.width
             onChosen: root.chosen()
             objectName: "frequency"
+            where: root.where
             slider: root.frequency
             label: root.screen.label("freqLabel" + (root.band + 1))
             // A twelfth and a third of an octave on the slider's scale.
@@ -64,6 +67,7 @@ Card {
             width: parent.width
             onChosen: root.chosen()
             objectName: "gain"
+            where: root.where
             slider: root.gain
             label: root.screen.label("gainLabel" + (root.band + 1))
             stepSize: 1

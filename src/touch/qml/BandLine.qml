@@ -7,6 +7,8 @@ Item {
 
     required property SliderAdapter slider
     required property LabelAdapter label
+    /// The output that it belongs to, for a screen reader.
+    required property string where
     required property real stepSize
     required property real pageSize
 
@@ -46,7 +48,7 @@ Item {
         anchors.bottom: parent.bottom
         width: parent.width
         slider: line.slider
-        label: line.slider.caption
+        label: line.slider.spokenName(line.where)
         spokenValue: line.label.spoken
         stepSize: line.stepSize
         pageSize: line.pageSize

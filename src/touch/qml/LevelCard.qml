@@ -45,7 +45,7 @@ Card {
             objectName: "levelSlider"
             width: parent.width
             slider: root.slider
-            label: root.where === "" ? root.slider.caption : qsTr("%1 %2").arg(root.where).arg(root.slider.caption)
+            label: root.slider.spokenName(root.where)
             spokenValue: root.label.spoken
         }
     }

@@ -42,6 +42,7 @@ ScreenPage {
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
                     picker: page.screen.picker("sourcePicker")
+                    where: page.where
                 }
             }
             ColumnLayout {
@@ -99,6 +100,7 @@ ScreenPage {
             Layout.fillWidth: true
             visible: !page.allBands
             screen: page.screen
+            where: page.where
             band: page.band
             edited: true
         }
@@ -116,6 +118,7 @@ ScreenPage {
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
                     screen: page.screen
+                    where: page.where
                     band: index
                     edited: index === page.band
                     onChosen: page.band = index

@@ -12,6 +12,6 @@ SwitchBase {
     text: adapter.caption
     enabled: adapter.enabled
     on: adapter.on
-    spokenName: where === "" ? text : qsTr("%1 %2").arg(where).arg(text.toLowerCase())
+    spokenName: adapter.spokenName(where)
     onFlipped: on => adapter.flip(on)
 }

@@ -53,7 +53,7 @@ Card {
             objectName: "volumeSlider"
             width: parent.width
             slider: root.slider
-            label: root.where === "" ? root.slider.caption : qsTr("%1 %2").arg(root.where).arg(root.slider.caption.toLowerCase())
+            label: root.slider.spokenName(root.where)
             spokenValue: root.level.spoken
         }
     }

@@ -10,6 +10,8 @@ Item {
 
     required property PickerAdapter picker
     property int visibleRows: 3
+    /// The item that it belongs to, for a screen reader; empty where it picks the item itself.
+    property string where: ""
 
     readonly property bool resting: !list.moving && !settle.running && !linger.running
     readonly property int rowHeight: Theme.row
@@ -68,7 +70,7 @@ Item {
     }
 
     Accessible.role: Accessible.SpinBox
-    Accessible.name: qsTr("%1, %2").arg(picker.caption).arg(picker.selectedText)
+    Accessible.name: qsTr("%1, %2").arg(picker.spokenName(where)).arg(picker.selectedText)
     Accessible.focusable: true
     Accessible.onIncreaseAction: turnBy(1)
     Accessible.onDecreaseAction: turnBy(-1)

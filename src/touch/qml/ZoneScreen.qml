@@ -33,6 +33,7 @@ ScreenPage {
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 picker: page.screen.picker("sourcePicker")
+                where: page.where
                 visibleRows: page.wheelRows
             }
         }
