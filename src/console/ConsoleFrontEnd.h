@@ -7,8 +7,8 @@
 #include "console/LineBuffer.h"
 #include "console/LineEditor.h"
 #include "console/Report.h"
-#include "platform/SignalPipe.h"
 #include "platform/DescriptorWatch.h"
+#include "platform/SignalPipe.h"
 
 #include <deque>
 #include <functional>

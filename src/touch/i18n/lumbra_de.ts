@@ -38,8 +38,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>Band %1, %2, %3</source>
-        <translation>Band %1, %2, %3</translation>
+        <source>%1 band %2, %3, %4</source>
+        <translation>%1 Band %2, %3, %4</translation>
     </message>
 </context>
 <context>
@@ -106,6 +106,13 @@
     <message>
         <source>Lumbra Remote</source>
         <translation>Lumbra Remote</translation>
+    </message>
+</context>
+<context>
+    <name>Navigation</name>
+    <message>
+        <source>Screens</source>
+        <translation>Bereiche</translation>
     </message>
 </context>
 <context>

@@ -9,11 +9,18 @@ Item {
     required property ScreenAdapter screen
     required property EqPlot plot
     required property bool edited
+    /// The output that it belongs to, for a screen reader.
+    required property string where
 
     readonly property SliderAdapter frequency: screen.slider("filterFreq" + (band + 1))
     readonly property SliderAdapter gain: screen.slider("filterGain" + (band + 1))
     readonly property LabelAdapter frequencyLabel: screen.label("freqLabel" + (band + 1))
     readonly property LabelAdapter gainLabel: screen.label("gainLabel" + (band + 1))
+
+    // The names under which assistive technology reads a value: the gain.
+    readonly property real value: gain.value
+    readonly property real minimumValue: gain.minimum
+    readonly property real maximumValue: gain.maximum
 
     signal chosen
 
@@ -49,7 +56,9 @@ Item {
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: qsTr("Band %1, %2, %3").arg(band + 1).arg(frequencyLabel.spoken).arg(gainLabel.spoken)
+    Accessible.name: qsTr("%1 band %2, %3, %4").arg(where).arg(band + 1).arg(frequencyLabel.spoken).arg(gainLabel.spoken)
+    Accessible.onIncreaseAction: gain.moveBy(1)
+    Accessible.onDecreaseAction: gain.moveBy(-1)
     Accessible.focusable: true
 
     Rectangle {

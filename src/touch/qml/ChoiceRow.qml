@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
+import QtQuick.Templates as T
 
 /// Segments of which one is selected, in as many rows as they need.
 Item {
@@ -33,7 +33,8 @@ Item {
         Repeater {
             model: root.choices
 
-            AbstractButton {
+            // Assistive technology takes a control's role from its type.
+            T.RadioButton {
                 id: segment
 
                 required property int index
@@ -45,11 +46,13 @@ Item {
                 Layout.preferredWidth: 1
                 implicitHeight: root.rowHeight
                 text: modelData
-                Accessible.role: Accessible.RadioButton
+                checkable: false
+                autoExclusive: false
                 Accessible.name: qsTr("%1, %2").arg(root.name).arg(text)
                 Accessible.checkable: true
                 Accessible.checked: selected
                 Accessible.onPressAction: clicked()
+                Accessible.onToggleAction: clicked()
                 Keys.onReturnPressed: clicked()
                 Keys.onEnterPressed: clicked()
                 onClicked: root.chosen(index)
@@ -60,7 +63,7 @@ Item {
                     font.pixelSize: root.textSize
                     font.bold: segment.selected
                     fontSizeMode: Text.HorizontalFit
-                    minimumPixelSize: 11
+                    minimumPixelSize: Theme.tinyText
                     color: !segment.enabled ? Theme.outline : segment.selected ? Theme.accentText : Theme.text
                     Accessible.ignored: true
                 }

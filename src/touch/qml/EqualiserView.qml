@@ -8,6 +8,8 @@ Card {
 
     required property ScreenAdapter screen
     required property int edited
+    /// The output that it belongs to, for a screen reader.
+    required property string where
 
     signal chosen(band: int)
 
@@ -52,6 +54,7 @@ Card {
                 band: index
                 screen: root.screen
                 plot: response
+                where: root.where
                 edited: index === root.edited
                 onChosen: root.chosen(index)
             }

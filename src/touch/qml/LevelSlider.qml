@@ -57,6 +57,8 @@ Item {
     Accessible.role: Accessible.Slider
     Accessible.name: qsTr("%1, %2").arg(label).arg(spokenValue)
     Accessible.focusable: true
+    // There is no word for a disabled control here.
+    Accessible.readOnly: !enabled
     Accessible.onIncreaseAction: slider.moveBy(stepSize)
     Accessible.onDecreaseAction: slider.moveBy(-stepSize)
 

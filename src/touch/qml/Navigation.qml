@@ -14,6 +14,7 @@ Rectangle {
     implicitHeight: grid.implicitHeight + 8
     color: Theme.surface
     Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Screens")
 
     GridLayout {
         id: grid

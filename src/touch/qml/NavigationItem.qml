@@ -1,8 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
-/// One tab of the bar or the rail.
-AbstractButton {
+/// One tab of the bar or the rail. (Assistive technology takes a control's role from its type.)
+T.TabButton {
     id: root
 
     required property url iconSource
@@ -10,7 +10,7 @@ AbstractButton {
 
     implicitHeight: Math.max(56, implicitContentHeight + 12)
     implicitWidth: 84
-    Accessible.role: Accessible.PageTab
+    checkable: false
     Accessible.name: text
     Accessible.selected: selected
     Accessible.onPressAction: clicked()
@@ -50,7 +50,7 @@ AbstractButton {
                 font.bold: root.selected
                 color: root.selected ? Theme.text : Theme.dimText
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 11
+                minimumPixelSize: Theme.tinyText
                 Accessible.ignored: true
             }
         }

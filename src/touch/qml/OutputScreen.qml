@@ -82,6 +82,7 @@ ScreenPage {
         EqualiserView {
             Layout.fillWidth: true
             screen: page.screen
+            where: page.where
             edited: page.band
             onChosen: band => page.band = band
         }

@@ -27,6 +27,7 @@ Switch {
     Accessible.role: Accessible.CheckBox
     Accessible.name: qsTr("%1, %2").arg(spokenName).arg(on ? qsTr("on") : qsTr("off"))
     Accessible.checkable: true
+    Accessible.readOnly: !enabled
     Accessible.checked: on
     Accessible.onPressAction: flipped(!on)
     Accessible.onToggleAction: flipped(!on)

@@ -7,6 +7,7 @@ Item {
 
     required property Text of
 
+    objectName: "tip"
     ToolTip.visible: hover.hovered || finger.active
     ToolTip.delay: 500
     ToolTip.text: root.of.text

@@ -21,6 +21,8 @@ QtObject {
     /// How much larger than usual the person has asked texts to be, 1 to 2; the usual font is 12 pixels high.
     property real textScale: Math.max(1, Math.min(2, system.font.pixelSize / 12))
     readonly property TextMetrics system: TextMetrics {}
+    /// The least that a text is shrunk to before it is cut.
+    readonly property int tinyText: Math.round(11 * textScale)
     readonly property int smallText: Math.round(13 * textScale)
     readonly property int bodyText: Math.round(15 * textScale)
     readonly property int titleText: Math.round(20 * textScale)

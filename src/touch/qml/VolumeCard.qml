@@ -44,7 +44,7 @@ Card {
                 text: root.level.text
                 font.pixelSize: Theme.hugeText
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 20
+                minimumPixelSize: Theme.titleText
                 font.bold: true
                 Accessible.ignored: true
             }

@@ -38,6 +38,11 @@ Item {
         list.currentIndex = target;
     }
 
+    // The names under which assistive technology reads a value: the row's number.
+    readonly property int value: picker.selected + 1
+    readonly property int minimumValue: 1
+    readonly property int maximumValue: picker.count
+
     implicitHeight: rowHeight * visibleRows + caption.height + Theme.smallGap
     implicitWidth: 150
     activeFocusOnTab: true
@@ -125,10 +130,18 @@ Item {
             /// The last touch stopped the moving wheel and has not turned it since.
             property bool stopped: false
 
+            function center() {
+                forceLayout();
+                if (!moving)
+                    positionViewAtIndex(currentIndex, ListView.SnapPosition);
+            }
+
             objectName: "list"
             anchors.fill: parent
             clip: true
             model: root.picker.rows
+            // Rows are cheap; ones made ahead of time are in the way of rows that go.
+            cacheBuffer: 0
             keyNavigationEnabled: false
             snapMode: ListView.SnapToItem
             highlightRangeMode: ListView.StrictlyEnforceRange
@@ -156,7 +169,12 @@ Item {
                     root.pick(currentIndex);
                 }
             }
-            onCountChanged: root.follow()
+            // A list keeps its content where it was when it is resized or loses rows; the middle is elsewhere then.
+            onPreferredHighlightEndChanged: center()
+            onCountChanged: {
+                root.follow();
+                center();
+            }
             Component.onCompleted: {
                 root.follow();
                 highlightMoveDuration = 150;

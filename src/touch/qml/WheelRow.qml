@@ -19,7 +19,7 @@ FittedText {
     font.pixelSize: inMiddle ? Math.round(Theme.bodyText * 1.15) : Theme.bodyText
     font.bold: inMiddle
     fontSizeMode: Text.HorizontalFit
-    minimumPixelSize: 13
+    minimumPixelSize: Theme.smallText
     opacity: inMiddle ? 1 : 0.75
     Accessible.ignored: true
 

@@ -2,6 +2,9 @@
 
 #include "Session.h"
 
+#include <QAccessible>
+#include <QMetaEnum>
+
 #include <fstream>
 
 namespace lumbra {
@@ -86,6 +89,56 @@ QString Harness::leftBehind(Remote& remote) {
     for (const auto& item : view.items())
         all += "\n" + item.name + " " + remote.shown(item.name);
     return QString::fromStdString(all);
+}
+
+namespace {
+
+void describe(QAccessibleInterface* thing, QStringList& found) {
+    if (!thing || !thing->isValid() || thing->state().invisible)
+        return;
+    auto line = QStringLiteral("%1; %2").arg(
+        QString::fromLatin1(QMetaEnum::fromType<QAccessible::Role>().valueToKey(thing->role())),
+        thing->text(QAccessible::Name));
+    if (auto* const value = thing->valueInterface())
+        line += QStringLiteral("; %1 of %2 to %3")
+                    .arg(value->currentValue().toString(), value->minimumValue().toString(),
+                         value->maximumValue().toString());
+    if (thing->state().checkable || thing->state().checked || thing->state().selected)
+        line += thing->state().checked || thing->state().selected ? QStringLiteral("; on")
+                                                                  : QStringLiteral("; off");
+    if (thing->state().readOnly)
+        line += QStringLiteral("; read only");
+    found << line;
+    for (int child = 0; child < thing->childCount(); ++child)
+        describe(thing->child(child), found);
+}
+
+QAccessibleInterface* called(const QString& name, QAccessibleInterface* thing) {
+    if (!thing || !thing->isValid() || thing->state().invisible)
+        return nullptr;
+    if (thing->text(QAccessible::Name) == name)
+        return thing;
+    for (int child = 0; child < thing->childCount(); ++child)
+        if (auto* const found = called(name, thing->child(child)))
+            return found;
+    return nullptr;
+}
+
+} // namespace
+
+bool Harness::actOn(QObject* window, const QString& name, const QString& action) const {
+    auto* const thing = called(name, QAccessible::queryAccessibleInterface(window));
+    auto* const actions = thing ? thing->actionInterface() : nullptr;
+    if (!actions || !actions->actionNames().contains(action))
+        return false;
+    actions->doAction(action);
+    return true;
+}
+
+QStringList Harness::accessible(QObject* window) const {
+    QStringList found;
+    describe(QAccessible::queryAccessibleInterface(window), found);
+    return found;
 }
 
 void Harness::pass(int milliseconds) {

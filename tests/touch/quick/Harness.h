@@ -41,6 +41,12 @@ public:
     Q_INVOKABLE void setWindowHidden(bool hidden);
     /// The life events since the last call.
     Q_INVOKABLE QStringList lifeEvents() { return std::exchange(lifeEvents_, {}); }
+    /// What assistive technology finds in the window, depth first: role, name, and where it has them its
+    /// value and state: "Slider; Kitchen volume, 50 percent; -40 of -80 to 0".
+    Q_INVOKABLE QStringList accessible(QObject* window) const;
+    /// Assistive technology acts on what is called `name`. False where that is not found or has no such
+    /// action.
+    Q_INVOKABLE bool actOn(QObject* window, const QString& name, const QString& action) const;
     /// How many value-changed events a slider sent since the last call: each has its deferred step wait.
     Q_INVOKABLE int sliderEvents();
 

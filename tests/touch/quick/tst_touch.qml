@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic
 import QtTest
 import Lumbra.Touch
 
@@ -37,6 +38,7 @@ TestCase {
             wait(0);
         }
         harness.stop();
+        Theme.textScale = 1;
     }
     function find(name) {
         const item = findChild(window.contentItem, name);
@@ -136,6 +138,47 @@ TestCase {
         compare(sentNow(), "[U1Z1I2]", "the row below turns to the middle");
         tryCompare(list, "currentIndex", 1);
         compare(sentNow(), "");
+    }
+
+    // A wheel that grows with its window takes its rows along: a tap meets the row that it shows.
+    function test_the_selected_row_is_in_the_middle_at_any_size() {
+        open(1280, 800);
+        const picker = find("sourcePicker");
+        const list = listOf("sourcePicker");
+        const row = picker.rowHeight;
+        const middleY = () => list.itemAtIndex(list.currentIndex).mapToItem(list, 0, row / 2).y;
+        tryVerify(() => middleY() === list.height / 2);
+        mouseClick(list, list.width / 2, list.height / 2 + 2 * row);
+        compare(sentNow(), "[U1Z1I3]");
+        tryVerify(() => middleY() === list.height / 2);
+        for (const [width, height] of [[360, 640], [840, 480], [1280, 1000]]) {
+            window.width = width;
+            window.height = height;
+            tryVerify(() => picker.resting && middleY() === list.height / 2, 5000, width + "x" + height);
+        }
+        mouseClick(list, list.width / 2, list.height / 2);
+        compare(sentNow(), "[U1Z1I3]");
+    }
+
+    // The unit's first answer takes rows away, here under a wheel that stands at its end, or moves.
+    function test_rows_that_go_leave_the_selected_one_in_the_middle_data() {
+        return [{ tag: "phone", height: 640 }, { tag: "wall", height: 1000 }, { tag: "moving", height: 640, moving: true }];
+    }
+    function test_rows_that_go_leave_the_selected_one_in_the_middle(data) {
+        open(data.height > 640 ? 1280 : 360, data.height);
+        const picker = find("zonePicker");
+        const list = listOf("zonePicker");
+        picker.forceActiveFocus();
+        keyClick(Qt.Key_End);
+        tryCompare(picker, "resting", true);
+        tryCompare(list, "currentIndex", 15);
+        if (data.moving)
+            fling(list);
+        play("> U1O1Z2");
+        play("> U1O2Z5");
+        tryCompare(picker, "resting", true, 8000);
+        const middleY = () => list.itemAtIndex(picker.picker.selected).mapToItem(list, 0, picker.rowHeight / 2).y;
+        tryVerify(() => middleY() === list.height / 2);
     }
 
     function test_lone_row_can_be_picked() {
@@ -341,12 +384,53 @@ TestCase {
         verify(seen >= 10, seen);
     }
 
-    function test_names_for_screen_readers() {
-        open();
+    // What a screen reader is told: a role that fits, a name that says what and where, a value, a state.
+    function test_what_assistive_technology_finds_data() {
+        return [
+            { screen: "zone", finds: ["Heading; Zones", "StaticText; Unit at 192.168.1.50, connected; read only", "Button; Settings",
+                    "SpinBox; Zone, Kitchen; 1 of 1 to 1", "SpinBox; Kitchen input, Source 1; 1 of 1 to 20",
+                    "Slider; Kitchen volume, 50 percent; -40 of -80 to 0", "Slider; Kitchen bass, 0 percent; 0 of -15 to 15",
+                    "CheckBox; Kitchen mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
+            { screen: "override", finds: ["CheckBox; Override 10, off; off", "PageTab; Overrides; on"] },
+            { screen: "scene", finds: ["SpinBox; Scene, Scene 1; 1 of 1 to 10", "Button; Recall Scene 1", "Button; Store Scene 1"] },
+            { screen: "settings", finds: ["Pane; Settings", "EditableText; IP address", "RadioButton; Unit number, 1; on",
+                    "RadioButton; Unit number, 4; off", "CheckBox; State queries, on; on", "Button; Done"] },
+            { screen: "output", finds: ["SpinBox; Output, Output 1; 1 of 1 to 16", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
+                    "CheckBox; Output 1 power, on; on", "RadioButton; Output 1 type 7, Bypass; on",
+                    "RadioButton; Output 1 type 1, Parametric; on", "Slider; Output 1 gain 1, 3 decibels; 3 of -15 to 15",
+                    "Slider; Output 1 gain 7, 0 decibels; 0 of -15 to 15; read only",
+                    "Slider; Output 1 band 1, 1 kilohertz, 3 decibels; 3 of -15 to 15"] }
+        ].map(row => Object.assign(row, { tag: row.screen }));
+    }
+    function test_what_assistive_technology_finds(data) {
+        const output = data.screen === "output";
+        open(1280, 900, output ? "set advanced_mode_preference true" : "");
+        play("> U1Z1N\"Kitchen\"\n> U1O1Z1\n> U1APPQ0");
+        if (output)
+            play("> U1O1B1P3F1000");
+        else
+            mouseClick(find(data.screen === "settings" ? "settingsButton" : "tab-" + data.screen));
+        waitForRendering(window.contentItem);
+        const found = harness.accessible(window);
+        for (const line of data.finds)
+            verify(found.includes(line), line + " in " + found.filter(other => other.startsWith(line.slice(0, 18))).join("\n"));
+        for (const line of found)
+            verify(!/^[^;]*; *(;|$)/.test(line), "without a name: " + line);
+    }
+    function test_assistive_technology_acts() {
+        open(1280, 900);
         play("> U1Z1N\"Kitchen\"\n> U1O1Z1");
-        tryCompare(find("zonePicker").picker, "selectedText", "Kitchen");
-        compare(find("volumeSlider").Accessible.name, "Kitchen volume, 50 percent");
-        compare(find("muteSwitch").Accessible.name, "Kitchen mute, off");
+        const rows = [["Kitchen mute, off", "Toggle", "[U1Z1M1]"], ["Kitchen loudness, off", "Press", "[U1Z1LD1]"],
+            ["Kitchen volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Kitchen bass, 0 percent", "Decrease", "[U1Z1BASS-1]"]];
+        for (const [name, action, command] of rows) {
+            verify(harness.actOn(window, name, action), name);
+            compare(sentLater(), command);
+        }
+        verify(harness.actOn(window, "Kitchen input, Source 1", "Increase"));
+        tryVerify(() => find("sourcePicker").resting);
+        compare(sentNow(), "[U1Z1I2]");
+        verify(harness.actOn(window, "Scenes", "Press"));
+        compare(harness.app.screen.name, "scene");
     }
 
     function test_nothing_turns_while_idle() {
@@ -355,6 +439,83 @@ TestCase {
         verify(busy.item, "the query is out");
         play("> U1APPQ0");
         compare(busy.item, null);
+    }
+
+    // As the Web Content Accessibility Guidelines 2.1 define relative luminance and contrast.
+    function luminance(colour) {
+        const linear = part => part <= 0.03928 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
+        return 0.2126 * linear(colour.r) + 0.7152 * linear(colour.g) + 0.0722 * linear(colour.b);
+    }
+    function contrast(one, other) {
+        const [dark, light] = [luminance(one), luminance(other)].sort((a, b) => a - b);
+        return (light + 0.05) / (dark + 0.05);
+    }
+    function test_texts_can_be_read() {
+        compare(contrast(Qt.rgba(0, 0, 0, 1), Qt.rgba(1, 1, 1, 1)), 21);
+        verify(contrast(Theme.accentText, Theme.accent) >= 4.5, "on the accent");
+        for (const text of ["text", "dimText", "pickerText", "accent", "good", "waiting", "bad"])
+            for (const surface of ["background", "surface", "raised"])
+                verify(contrast(Theme[text], Theme[surface]) >= 4.5, text + " on " + surface);
+        // A wheel's rows beside the middle are drawn at three quarters.
+        const faint = Qt.tint(Theme.surface, Qt.rgba(Theme.text.r, Theme.text.g, Theme.text.b, 0.75));
+        verify(contrast(faint, Theme.surface) >= 4.5, "rows of a wheel");
+    }
+
+    function texts(item, found) {
+        for (let at = 0; at < item.children.length; ++at) {
+            const child = item.children[at];
+            if (!child.visible)
+                continue;
+            if (child.truncated !== undefined && child.text !== "")
+                found.push(child);
+            texts(child, found);
+        }
+        return found;
+    }
+    function test_large_texts_and_wide_names_data() {
+        const rows = [];
+        for (const [width, height] of [[360, 640], [800, 480], [1280, 800]])
+            for (const screen of ["zone", "group", "override", "scene", "output", "settings"])
+                rows.push({ tag: screen + " " + width + "x" + height, screen: screen, width: width, height: height });
+        return rows;
+    }
+    function test_large_texts_and_wide_names(data) {
+        Theme.textScale = 2;
+        const advanced = data.screen === "output";
+        open(data.width, data.height, advanced ? "set advanced_mode_preference true" : "");
+        const wide = "WWWWWWWWWWWWWWWW";
+        for (const kind of ["Z", "O", "G", "I", "S"])
+            for (let number = 1; number <= 2; ++number)
+                play("> U1" + kind + number + "N\"" + wide + "\"");
+        play("> U1O1Z1\n> U1O2Z2\n> U1Z1V-79\n> U1O1B1P-14F19999");
+        if (data.screen === "settings")
+            mouseClick(find("settingsButton"));
+        else if (!advanced)
+            mouseClick(find("tab-" + data.screen));
+        waitForRendering(window.contentItem);
+        harness.pass(20);
+        const all = texts(window.contentItem, []);
+        verify(all.length >= 10, all.length);
+        let cut = null;
+        for (const text of all) {
+            const what = text.text + " " + Math.round(text.contentWidth) + " in " + Math.round(text.width);
+            if (text.truncated) {
+                verify(findChild(text, "tip"), "cut without a tip: " + what);
+                cut = text;
+            } else {
+                verify(text.contentWidth <= text.width + 1, "cut without an ellipsis: " + what);
+            }
+            verify(text.contentHeight <= text.height + 1, "cut in its height: " + what);
+            const left = text.mapToItem(window.contentItem, 0, 0).x;
+            verify(left >= 0 && left + text.width <= window.width + 1, "out of the window: " + what);
+        }
+        if (data.tag === "zone 360x640") {
+            verify(cut, "some name is too wide");
+            mouseMove(cut, cut.width / 2, cut.height / 2);
+            const tip = findChild(cut, "tip");
+            tryVerify(() => tip.ToolTip.visible, 5000);
+            compare(tip.ToolTip.text, cut.text);
+        }
     }
 
     function test_a_finger_needs_48_pixels() {
