@@ -6,11 +6,13 @@
 #include "touch/DisplayGuard.h"
 #include "touch/TouchFrontEnd.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
 
 #include <csignal>
 #include <cstdio>
 #include <optional>
+#include <thread>
 
 using namespace lumbra;
 
@@ -20,6 +22,8 @@ int run(int& argc, char** argv, const Options& options) {
     std::optional<DisplayGuard> guard(std::in_place);
     const QGuiApplication qt(argc, argv);
     guard.reset();
+    // Reads the font configuration beside the rest of the start: the first text would wait for it.
+    const std::jthread fonts([] { QFontDatabase::families(); });
     TouchFrontEnd::installTranslation();
     ApplicationHost host(options);
     if (!host.error().isEmpty()) {

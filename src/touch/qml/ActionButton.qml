@@ -1,13 +1,14 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// A button that does something at once.
-Button {
+T.Button {
     id: root
 
     property bool prominent: false
 
     implicitHeight: Theme.row
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 16
     rightPadding: 16
     font.pixelSize: Theme.bodyText

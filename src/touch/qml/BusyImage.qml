@@ -5,6 +5,7 @@ Image {
     source: "../icons/busy.svg"
     sourceSize.width: 28
     sourceSize.height: 28
+    asynchronous: true
 
     RotationAnimator on rotation {
         from: 0

@@ -1,6 +1,6 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Lumbra.Touch
 
 /// What is on show, where the unit is, how the link stands; and the way to the settings.
@@ -102,7 +102,7 @@ Rectangle {
             Layout.preferredHeight: 28
             running: root.activity ? root.activity.animating : false
         }
-        AbstractButton {
+        T.AbstractButton {
             id: gear
 
             objectName: "settingsButton"
@@ -121,6 +121,7 @@ Rectangle {
                     source: "../icons/settings.svg"
                     sourceSize.width: 24
                     sourceSize.height: 24
+                    asynchronous: true
                 }
             }
             background: Item {

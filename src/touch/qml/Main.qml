@@ -1,10 +1,10 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Lumbra.Touch
 
 /// The window: the header, the screen on show, the tabs, and over them the settings and the alert.
-ApplicationWindow {
+T.ApplicationWindow {
     id: window
 
     required property AppAdapter app
@@ -78,6 +78,9 @@ ApplicationWindow {
         }) : setSource("")
         onLoaded: forceActiveFocus()
         focus: shown
+    }
+    TextTips {
+        anchors.fill: parent
     }
     Loader {
         readonly property bool shown: window.app.alert.shown

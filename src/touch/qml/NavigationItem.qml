@@ -40,6 +40,7 @@ T.TabButton {
                 source: root.iconSource
                 sourceSize.width: 24
                 sourceSize.height: 24
+                asynchronous: true
                 opacity: root.selected ? 1 : 0.75
             }
             FittedText {

@@ -1,8 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// How every switch looks and is worked: it shows `on`, and asks for a change with `flipped`.
-Switch {
+T.Switch {
     id: root
 
     required property bool on

@@ -1,21 +1,11 @@
 import QtQuick
 import QtQuick.Controls.Basic
 
-/// Shows a text whole while the pointer rests on it or a finger stays on it.
+/// Shows a text whole, beside where it stands.
 Item {
-    id: root
+    required property string text
 
-    required property Text of
-
-    objectName: "tip"
-    ToolTip.visible: hover.hovered || finger.active
+    ToolTip.visible: true
     ToolTip.delay: 500
-    ToolTip.text: root.of.text
-
-    HoverHandler {
-        id: hover
-    }
-    PointHandler {
-        id: finger
-    }
+    ToolTip.text: text
 }
