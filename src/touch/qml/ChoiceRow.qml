@@ -27,8 +27,9 @@ Item {
 
         width: parent.width
         columns: root.columns
-        columnSpacing: 2
-        rowSpacing: 2
+        // The gaps are drawn, not left: a finger finds a segment also between two.
+        columnSpacing: 0
+        rowSpacing: 0
 
         Repeater {
             model: root.choices
@@ -45,6 +46,10 @@ Item {
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 implicitHeight: root.rowHeight
+                leftInset: 1
+                rightInset: 1
+                topInset: 1
+                bottomInset: 1
                 text: modelData
                 checkable: false
                 autoExclusive: false

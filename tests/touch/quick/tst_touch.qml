@@ -404,14 +404,10 @@ TestCase {
         ].map(row => Object.assign(row, { tag: row.screen }));
     }
     function test_what_assistive_technology_finds(data) {
-        const output = data.screen === "output";
-        open(1280, 900, output ? "set advanced_mode_preference true" : "");
+        open(1280, 900, data.screen === "output" ? "set advanced_mode_preference true" : "");
         play("> U1Z1N\"Kitchen\"\n> U1O1Z1\n> U1APPQ0");
-        if (output)
-            play("> U1O1B1P3F1000");
-        else
-            mouseClick(find(data.screen === "settings" ? "settingsButton" : "tab-" + data.screen));
-        waitForRendering(window.contentItem);
+        play("> U1O1B1P3F1000");
+        show(data.screen);
         const found = harness.accessible(window);
         for (const line of data.finds)
             verify(found.includes(line), line + " in " + found.filter(other => other.startsWith(line.slice(0, 18))).join("\n"));
@@ -462,16 +458,24 @@ TestCase {
         verify(contrast(faint, Theme.surface) >= 4.5, "rows of a wheel");
     }
 
-    function texts(item, found) {
+    function items(item, isWanted, found) {
         for (let at = 0; at < item.children.length; ++at) {
             const child = item.children[at];
             if (!child.visible)
                 continue;
-            if (child.truncated !== undefined && child.text !== "")
+            if (isWanted(child))
                 found.push(child);
-            texts(child, found);
+            items(child, isWanted, found);
         }
         return found;
+    }
+    function show(screen) {
+        if (screen === "settings")
+            mouseClick(find("settingsButton"));
+        else if (screen !== "output")
+            mouseClick(find("tab-" + screen));
+        waitForRendering(window.contentItem);
+        harness.pass(20);
     }
     function test_large_texts_and_wide_names_data() {
         const rows = [];
@@ -482,20 +486,14 @@ TestCase {
     }
     function test_large_texts_and_wide_names(data) {
         Theme.textScale = 2;
-        const advanced = data.screen === "output";
-        open(data.width, data.height, advanced ? "set advanced_mode_preference true" : "");
+        open(data.width, data.height, data.screen === "output" ? "set advanced_mode_preference true" : "");
         const wide = "WWWWWWWWWWWWWWWW";
         for (const kind of ["Z", "O", "G", "I", "S"])
             for (let number = 1; number <= 2; ++number)
                 play("> U1" + kind + number + "N\"" + wide + "\"");
         play("> U1O1Z1\n> U1O2Z2\n> U1Z1V-79\n> U1O1B1P-14F19999");
-        if (data.screen === "settings")
-            mouseClick(find("settingsButton"));
-        else if (!advanced)
-            mouseClick(find("tab-" + data.screen));
-        waitForRendering(window.contentItem);
-        harness.pass(20);
-        const all = texts(window.contentItem, []);
+        show(data.screen);
+        const all = items(window.contentItem, item => item.truncated !== undefined && item.text !== "", []);
         verify(all.length >= 10, all.length);
         for (const text of all) {
             const what = text.text + " " + Math.round(text.contentWidth) + " in " + Math.round(text.width);
@@ -525,11 +523,16 @@ TestCase {
         }
     }
 
-    function test_a_finger_needs_48_pixels() {
-        open();
-        for (const name of ["tab-zone", "tab-scene", "settingsButton", "muteSwitch", "volumeSlider"]) {
-            const item = find(name);
-            verify(item.height >= 48 && item.width >= 48, name);
-        }
+    function test_a_finger_needs_48_pixels_data() {
+        return test_large_texts_and_wide_names_data();
+    }
+    function test_a_finger_needs_48_pixels(data) {
+        open(data.width, data.height, data.screen === "output" ? "set advanced_mode_preference true" : "");
+        play("> U1O1B1P3F1000\n> U1O1B4P3F5000");
+        show(data.screen);
+        const all = items(window.contentItem, item => item.activeFocusOnTab || item.focusPolicy, []);
+        verify(all.length >= 6, all.length);
+        for (const item of all)
+            verify(item.width >= 48 && item.height >= 48, [item, item.objectName, item.width, item.height].join(" "));
     }
 }
