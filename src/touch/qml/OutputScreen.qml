@@ -25,25 +25,12 @@ ScreenPage {
             columnSpacing: Theme.gap
             rowSpacing: Theme.gap
 
-            RowLayout {
+            PickerPair {
                 Layout.fillWidth: true
                 Layout.alignment: Qt.AlignTop
                 Layout.preferredWidth: 1
-                spacing: Theme.gap
-
-                WheelPicker {
-                    objectName: "outputPicker"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    picker: page.screen.picker("outputPicker")
-                }
-                WheelPicker {
-                    objectName: "sourcePicker"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    picker: page.screen.picker("sourcePicker")
-                    where: page.where
-                }
+                screen: page.screen
+                items: "outputPicker"
             }
             ColumnLayout {
                 Layout.fillWidth: true
@@ -56,26 +43,12 @@ ScreenPage {
                     screen: page.screen
                     where: page.where
                 }
-                GridLayout {
+                SwitchPair {
                     Layout.fillWidth: true
-                    columns: Theme.textScale > 1.3 && !page.wide ? 1 : 2
-                    columnSpacing: Theme.gap
-                    rowSpacing: Theme.gap
-
-                    SwitchRow {
-                        objectName: "muteSwitch"
-                        Layout.fillWidth: true
-                        Layout.preferredWidth: 1
-                        adapter: page.screen.onOff("muteSwitch")
-                        where: page.where
-                    }
-                    SwitchRow {
-                        objectName: "powerSwitch"
-                        Layout.fillWidth: true
-                        Layout.preferredWidth: 1
-                        adapter: page.screen.onOff("powerSwitch")
-                        where: page.where
-                    }
+                    screen: page.screen
+                    where: page.where
+                    names: ["muteSwitch", "powerSwitch"]
+                    wide: page.wide
                 }
             }
         }

@@ -15,27 +15,13 @@ ScreenPage {
         columnSpacing: Theme.gap
         rowSpacing: Theme.gap
 
-        RowLayout {
+        PickerPair {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignTop
             Layout.preferredWidth: 1
-            spacing: Theme.gap
-
-            WheelPicker {
-                objectName: "zonePicker"
-                Layout.fillWidth: true
-                Layout.preferredWidth: 1
-                picker: page.screen.picker("zonePicker")
-                visibleRows: page.wheelRows
-            }
-            WheelPicker {
-                objectName: "sourcePicker"
-                Layout.fillWidth: true
-                Layout.preferredWidth: 1
-                picker: page.screen.picker("sourcePicker")
-                where: page.where
-                visibleRows: page.wheelRows
-            }
+            screen: page.screen
+            items: "zonePicker"
+            visibleRows: page.wheelRows
         }
         ColumnLayout {
             Layout.fillWidth: true
@@ -48,26 +34,12 @@ ScreenPage {
                 screen: page.screen
                 where: page.where
             }
-            GridLayout {
+            SwitchPair {
                 Layout.fillWidth: true
-                columns: Theme.textScale > 1.3 && !page.wide ? 1 : 2
-                columnSpacing: Theme.gap
-                rowSpacing: Theme.gap
-
-                SwitchRow {
-                    objectName: "muteSwitch"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    adapter: page.screen.onOff("muteSwitch")
-                    where: page.where
-                }
-                SwitchRow {
-                    objectName: "loudnessSwitch"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    adapter: page.screen.onOff("loudnessSwitch")
-                    where: page.where
-                }
+                screen: page.screen
+                where: page.where
+                names: ["muteSwitch", "loudnessSwitch"]
+                wide: page.wide
             }
             GridLayout {
                 Layout.fillWidth: true
