@@ -12,7 +12,9 @@ if(LUMBRA_SANITIZE)
   target_compile_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE} -fno-omit-frame-pointer
                                                 -fno-sanitize-recover=all
                          # The instrumented code of std::regex makes GCC see uses before initialisation.
-                         -Wno-maybe-uninitialized)
+                         -Wno-maybe-uninitialized
+                         # Qt's start-up code holds a fence that the thread sanitizer does not know.
+                         -Wno-tsan)
   target_link_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE})
 endif()
 
