@@ -45,6 +45,9 @@ public:
     /// A hand selects a tab, also the one on show.
     Q_INVOKABLE bool selectTab(int index) { return application_.tabs().selectByUser(index); }
 
+    /// All hands are off all sliders, as what a finger is on has moved or gone out of sight.
+    Q_INVOKABLE void dropHands();
+
 Q_SIGNALS:
     void tabsChanged();
     void selectedChanged();
@@ -62,6 +65,7 @@ private:
     AlertAdapter* alert_;
     SettingsAdapter* settings_;
     Subscription screenChange_;
+    Subscription alertChange_;
 };
 
 } // namespace lumbra

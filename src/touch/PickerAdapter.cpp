@@ -18,10 +18,10 @@ QString PickerAdapter::selectedText() const {
     return row < 0 ? QString() : QString::fromStdString(rows[static_cast<std::size_t>(row)]);
 }
 
-bool PickerAdapter::pick(int row) {
+bool PickerAdapter::pick(int row, const QString& text) {
     const auto& rows = control_->rows();
     if (row < 0 || row >= static_cast<int>(rows.size()) ||
-        QString::fromStdString(rows[static_cast<std::size_t>(row)]) != rows_.index(row).data().toString())
+        QString::fromStdString(rows[static_cast<std::size_t>(row)]) != text)
         return false;
     return control_->pickByUser(row);
 }

@@ -32,9 +32,11 @@ public:
     QString selectedText() const;
     bool isWhite() const { return control_->color() == Color::White; }
 
+    /// The text of a row of the list; empty where there is no such row.
+    Q_INVOKABLE QString textAt(int row) const { return rows_.index(row).data().toString(); }
     /// A hand turns the wheel to `row`, also to the one that is selected. False where there is no such row,
-    /// or where its name has changed and the list does not show that yet: the person meant another.
-    Q_INVOKABLE bool pick(int row);
+    /// or where it no longer holds `text`, what the person saw there: another was meant.
+    Q_INVOKABLE bool pick(int row, const QString& text);
 
 Q_SIGNALS:
     /// Rows have come, gone or changed their texts.

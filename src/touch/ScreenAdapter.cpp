@@ -5,8 +5,18 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <utility>
 
 namespace lumbra {
+
+namespace {
+
+std::string selectedText(const Picker& picker) {
+    const int row = picker.selected();
+    return row < 0 ? std::string() : picker.rows()[static_cast<std::size_t>(row)];
+}
+
+} // namespace
 
 ScreenAdapter::ScreenAdapter(std::shared_ptr<ViewController> controller, RefreshQueue& queue, QObject* parent)
     : QObject(parent), controller_(std::move(controller)), queue_(queue) {}
@@ -63,6 +73,27 @@ ActivityAdapter* ScreenAdapter::activity(const QString& name) {
 
 ButtonAdapter* ScreenAdapter::button(const QString& name) {
     return adapter<ButtonAdapter, Button>(name);
+}
+
+void ScreenAdapter::setItemPicker(const QString& name) {
+    const auto control = std::dynamic_pointer_cast<Picker>(controller_->view().find(name.toStdString()));
+    if (!control)
+        return;
+    const auto item = [picker = control.get()] {
+        return std::pair(picker->selected(), selectedText(*picker));
+    };
+    itemChange_ = control->onChange([this, item, known = item()]() mutable {
+        if (auto now = item(); now != known) {
+            known = std::move(now);
+            dropHands();
+        }
+    });
+}
+
+void ScreenAdapter::dropHands() {
+    for (auto* const adapter : adapters_)
+        if (auto* const slider = qobject_cast<SliderAdapter*>(adapter))
+            slider->dropHands();
 }
 
 } // namespace lumbra

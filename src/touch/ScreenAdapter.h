@@ -44,6 +44,12 @@ public:
     Q_INVOKABLE lumbra::ActivityAdapter* activity(const QString& name);
     Q_INVOKABLE lumbra::ButtonAdapter* button(const QString& name);
 
+    /// From now on all hands are off the sliders when another row of the picker `name` is selected: they
+    /// stand for another item then, and a finger that set the one's volume must not set the other's.
+    Q_INVOKABLE void setItemPicker(const QString& name);
+    /// All hands are off the screen's sliders.
+    void dropHands();
+
     const std::shared_ptr<ViewController>& controller() const { return controller_; }
 
 private:
@@ -53,6 +59,7 @@ private:
     std::shared_ptr<ViewController> controller_;
     RefreshQueue& queue_;
     QHash<QString, ControlAdapter*> adapters_;
+    Subscription itemChange_;
 };
 
 } // namespace lumbra

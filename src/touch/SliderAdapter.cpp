@@ -4,19 +4,33 @@
 
 namespace lumbra {
 
-void SliderAdapter::grab() {
-    if (holds_++ > 0)
+bool SliderAdapter::isHeldBy(const void* hand) const {
+    return std::find(hands_.begin(), hands_.end(), hand) != hands_.end();
+}
+
+void SliderAdapter::grab(const void* hand) {
+    if (isHeldBy(hand))
+        return;
+    hands_.push_back(hand);
+    if (hands_.size() > 1)
         return;
     handValue_ = control_->value();
     moved_ = false;
     Q_EMIT changed();
 }
 
-void SliderAdapter::release() {
-    if (holds_ == 0 || --holds_ > 0)
+void SliderAdapter::release(const void* hand) {
+    if (std::erase(hands_, hand) == 0 || isHeld())
         return;
     if (moved_ && control_->value() != handValue_)
         control_->slideByUser(handValue_);
+    Q_EMIT changed();
+}
+
+void SliderAdapter::dropHands() {
+    if (!isHeld())
+        return;
+    hands_.clear();
     Q_EMIT changed();
 }
 

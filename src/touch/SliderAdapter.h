@@ -5,6 +5,8 @@
 
 #include <QtQml/qqmlregistration.h>
 
+#include <vector>
+
 namespace lumbra {
 
 /// Shows a slider to QML. While a hand holds it, it stands where the hand put it, whatever the program does
@@ -30,12 +32,17 @@ public:
     qreal value() const { return static_cast<qreal>(shown()); }
     /// The same as a share of the way, 0 to 1.
     qreal position() const { return (value() - minimum()) / (maximum() - minimum()); }
-    bool isHeld() const { return holds_ > 0; }
+    bool isHeld() const { return !hands_.empty(); }
+    bool isHeldBy(const void* hand) const;
 
-    /// A hand takes hold. Calls nest.
-    Q_INVOKABLE void grab();
-    /// The hand lets go. What it set last is sent once more if the control stands elsewhere by now.
-    Q_INVOKABLE void release();
+    /// A hand takes hold; others may hold it too.
+    void grab(const void* hand);
+    /// A hand lets go; one that does not hold it changes nothing. What was set last is sent once more by the
+    /// last hand if the control stands elsewhere by now.
+    void release(const void* hand);
+    /// All hands are off, whatever the fingers do, and nothing is sent: what the slider stands for is
+    /// another, or is not in sight.
+    void dropHands();
     /// The hand moves the slider to a share of the way, held to 0 ... 1: one event, none where it is shown
     /// there already. False where the control is disabled.
     Q_INVOKABLE bool moveToPosition(qreal position);
@@ -49,7 +56,7 @@ private:
     bool moveTo(float value);
 
     std::shared_ptr<Slider> control_;
-    int holds_ = 0;
+    std::vector<const void*> hands_;
     bool moved_ = false;
     float handValue_ = 0;
 };

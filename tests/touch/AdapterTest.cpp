@@ -58,21 +58,21 @@ TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
 TEST_F(Adapters, AHeldSliderStaysUnderTheFinger) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
     const auto& control = remote.control<Slider>("volumeSlider");
-    slider->grab();
+    slider->grab(this);
     EXPECT_TRUE(slider->moveToValue(-30));
     remote.report("U1Z1V-70");
     frame();
     EXPECT_EQ(slider->value(), -30);
     EXPECT_EQ(control.value(), -70);
-    slider->release();
+    slider->release(this);
     EXPECT_EQ(control.value(), -30) << "the last position is delivered once more";
     EXPECT_EQ(remote.play("wait 0.75\nsent [U1Z1V-30]"), "");
 
-    slider->grab();
+    slider->grab(this);
     remote.report("U1Z1V-60");
     frame();
     EXPECT_EQ(slider->value(), -30);
-    slider->release();
+    slider->release(this);
     EXPECT_EQ(slider->value(), -60) << "a finger that did not move wants nothing";
     EXPECT_EQ(remote.play("wait 1\nsent"), "");
 }
@@ -81,9 +81,9 @@ TEST_F(Adapters, ADisabledSliderRefuses) {
     ASSERT_EQ(remote.play("set advanced_mode_preference true\naway\nback\nconnect"), "");
     auto* const slider = screen().slider(QStringLiteral("filterGain1"));
     ASSERT_NE(slider, nullptr);
-    slider->grab();
+    slider->grab(this);
     EXPECT_FALSE(slider->moveToValue(5));
-    slider->release();
+    slider->release(this);
     EXPECT_EQ(slider->value(), 0);
     EXPECT_EQ(screen().slider(QStringLiteral("filterGain8")), nullptr);
     EXPECT_EQ(screen().picker(QStringLiteral("filterGain1")), nullptr) << "another kind";
@@ -97,13 +97,14 @@ TEST_F(Adapters, APickIsWhatThePersonSaw) {
     remote.report("U1Z1V-20");
     remote.queue.runPosted();
     remote.report("U1I3N\"Radio\"");
-    EXPECT_FALSE(picker->pick(2)) << "the new name is not on show yet";
+    EXPECT_FALSE(picker->pick(2, picker->textAt(2))) << "the new name is not on show yet";
     frame();
-    EXPECT_FALSE(picker->pick(99));
-    EXPECT_FALSE(picker->pick(-1));
+    EXPECT_FALSE(picker->pick(2, QStringLiteral("Source 3"))) << "the finger came down on the old name";
+    EXPECT_FALSE(picker->pick(99, {}));
+    EXPECT_FALSE(picker->pick(-1, {}));
     EXPECT_TRUE(remote.sent().empty());
-    EXPECT_TRUE(picker->pick(2));
-    EXPECT_TRUE(picker->pick(2)) << "the row that is selected is picked again";
+    EXPECT_TRUE(picker->pick(2, QStringLiteral("Radio")));
+    EXPECT_TRUE(picker->pick(2, QStringLiteral("Radio"))) << "the row that is selected is picked again";
     EXPECT_EQ(remote.sent().size(), 2U);
 }
 

@@ -7,6 +7,17 @@ T.Button {
 
     property bool prominent: false
 
+    readonly property FittedText caption: FittedText {
+        text: root.text
+        font: root.font
+        color: !root.enabled ? Theme.outline : root.prominent ? Theme.accentText : Theme.text
+        horizontalAlignment: Text.AlignHCenter
+    }
+    readonly property HoldToRead reading: HoldToRead {
+        button: root
+        caption: root.caption
+    }
+
     implicitHeight: Theme.row
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 16
@@ -18,12 +29,7 @@ T.Button {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 
-    contentItem: FittedText {
-        text: root.text
-        font: root.font
-        color: !root.enabled ? Theme.outline : root.prominent ? Theme.accentText : Theme.text
-        horizontalAlignment: Text.AlignHCenter
-    }
+    contentItem: caption
     background: Rectangle {
         radius: Theme.radius
         color: root.prominent ? Theme.accent : Theme.raised

@@ -34,7 +34,7 @@ Dialog {
         implicitHeight: children[0].implicitHeight
         focus: true
         Accessible.role: Accessible.AlertMessage
-        Accessible.name: qsTr("%1, %2").arg(root.alert.title).arg(root.alert.message)
+        Accessible.name: Speech.fill(qsTr("%1, %2"), [root.alert.title, root.alert.message])
 
         Column {
             width: parent.width

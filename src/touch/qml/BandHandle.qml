@@ -8,7 +8,10 @@ Item {
     required property int band
     required property ScreenAdapter screen
     required property EqPlot plot
-    required property bool edited
+    /// The band being edited.
+    required property int editedBand
+    /// The handles of all bands.
+    required property Repeater handles
     /// The output that it belongs to, for a screen reader.
     required property string where
 
@@ -17,6 +20,8 @@ Item {
     readonly property LabelAdapter frequencyLabel: screen.label("freqLabel" + (band + 1))
     readonly property LabelAdapter gainLabel: screen.label("gainLabel" + (band + 1))
 
+    readonly property bool edited: band === editedBand
+
     // The names under which assistive technology reads a value: the gain.
     readonly property real value: gain.value
     readonly property real minimumValue: gain.minimum
@@ -24,12 +29,39 @@ Item {
 
     signal chosen
 
+    /// Whether this is the handle for a finger at a place in the plot: of several at one place, the one being edited
+    /// or else the first.
+    function isNearest(x: real, y: real): bool {
+        const rank = other => other === editedBand ? -1 : other;
+        const distance = item => Math.hypot(item.x + item.width / 2 - x, item.y + item.height / 2 - y);
+        const own = distance(root);
+        for (let other = 0; other < handles.count; ++other) {
+            const item = handles.itemAt(other);
+            if (other === band || !item || !item.visible)
+                continue;
+            const its = distance(item);
+            if (its < own || (its === own && rank(other) < rank(band)))
+                return false;
+        }
+        return own <= Theme.target / 2;
+    }
+
     x: frequency.position * parent.width - width / 2
     y: plot.yOf(gain.enabled ? gain.value : 0, parent.height) - height / 2
     z: edited ? 1 : 0
     width: Theme.target
     height: Theme.target
     visible: frequency.enabled
+    onVisibleChanged: {
+        if (!visible && activeFocus)
+            nextItemInFocusChain(false).forceActiveFocus(Qt.OtherFocusReason);
+    }
+    // Where handles lie over each other, a finger gets the nearest one.
+    containmentMask: QtObject {
+        function contains(place: point): bool {
+            return root.isNearest(root.x + place.x, root.y + place.y);
+        }
+    }
     activeFocusOnTab: true
     Keys.onPressed: event => {
         event.accepted = true;
@@ -56,7 +88,7 @@ Item {
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: qsTr("%1 band %2, %3, %4").arg(where).arg(band + 1).arg(frequencyLabel.spoken).arg(gainLabel.spoken)
+    Accessible.name: Speech.fill(qsTr("%1 band %2, %3, %4"), [where, band + 1, frequencyLabel.spoken, gainLabel.spoken])
     Accessible.onIncreaseAction: gain.moveBy(1)
     Accessible.onDecreaseAction: gain.moveBy(-1)
     Accessible.focusable: true
@@ -81,16 +113,27 @@ Item {
         }
     }
 
+    SliderHold {
+        id: frequencyHold
+
+        slider: root.frequency
+    }
+    SliderHold {
+        id: gainHold
+
+        slider: root.gain
+    }
     PointHandler {
+        enabled: root.visible
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
             if (active) {
-                root.frequency.grab();
-                root.gain.grab();
+                frequencyHold.take();
+                gainHold.take();
                 root.forceActiveFocus(Qt.MouseFocusReason);
             } else {
-                root.frequency.release();
-                root.gain.release();
+                frequencyHold.end();
+                gainHold.end();
             }
         }
     }
@@ -100,6 +143,7 @@ Item {
         property real fromGain: 0
 
         target: null
+        enabled: root.visible
         dragThreshold: 3
         acceptedButtons: Qt.LeftButton
         grabPermissions: PointerHandler.CanTakeOverFromAnything
@@ -111,8 +155,8 @@ Item {
         onCentroidChanged: {
             if (!active)
                 return;
-            root.frequency.moveToPosition(fromPosition + (centroid.scenePosition.x - from.x) / root.parent.width);
-            root.gain.moveToValue(fromGain + root.plot.decibelsOf(centroid.scenePosition.y - from.y, root.parent.height));
+            frequencyHold.dragToPosition(fromPosition + (centroid.scenePosition.x - from.x) / root.parent.width);
+            gainHold.dragToValue(fromGain + root.plot.decibelsOf(centroid.scenePosition.y - from.y, root.parent.height));
         }
     }
 }

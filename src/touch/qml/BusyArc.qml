@@ -8,7 +8,7 @@ Loader {
 
     width: 28
     height: 28
-    active: running
+    active: running && visible
     Accessible.role: Accessible.Indicator
     Accessible.name: running ? qsTr("Waiting for the unit") : ""
     Accessible.ignored: !running

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Lumbra.Touch
 
 /// Segments of which one is selected, in as many rows as they need.
 Item {
@@ -41,6 +42,20 @@ Item {
                 required property int index
                 required property string modelData
                 readonly property bool selected: index === root.selected
+                readonly property FittedText caption: FittedText {
+                    text: segment.text
+                    horizontalAlignment: Text.AlignHCenter
+                    font.pixelSize: root.textSize
+                    font.bold: segment.selected
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: Theme.tinyText
+                    color: !segment.enabled ? Theme.outline : segment.selected ? Theme.accentText : Theme.text
+                    Accessible.ignored: true
+                }
+                readonly property HoldToRead reading: HoldToRead {
+                    button: segment
+                    caption: segment.caption
+                }
 
                 objectName: "segment" + index
                 Layout.fillWidth: true
@@ -53,7 +68,7 @@ Item {
                 text: modelData
                 checkable: false
                 autoExclusive: false
-                Accessible.name: qsTr("%1, %2").arg(root.name).arg(text)
+                Accessible.name: Speech.fill(qsTr("%1, %2"), [root.name, text])
                 Accessible.checkable: true
                 Accessible.checked: selected
                 Accessible.onPressAction: clicked()
@@ -62,16 +77,7 @@ Item {
                 Keys.onEnterPressed: clicked()
                 onClicked: root.chosen(index)
 
-                contentItem: FittedText {
-                    text: segment.text
-                    horizontalAlignment: Text.AlignHCenter
-                    font.pixelSize: root.textSize
-                    font.bold: segment.selected
-                    fontSizeMode: Text.HorizontalFit
-                    minimumPixelSize: Theme.tinyText
-                    color: !segment.enabled ? Theme.outline : segment.selected ? Theme.accentText : Theme.text
-                    Accessible.ignored: true
-                }
+                contentItem: caption
                 background: Rectangle {
                     radius: 6
                     color: segment.selected ? Theme.accent : Theme.raised

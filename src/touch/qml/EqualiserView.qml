@@ -45,6 +45,8 @@ Card {
         anchors.fill: response
 
         Repeater {
+            id: all
+
             model: 7
 
             BandHandle {
@@ -55,7 +57,8 @@ Card {
                 screen: root.screen
                 plot: response
                 where: root.where
-                edited: index === root.edited
+                editedBand: root.edited
+                handles: all
                 onChosen: root.chosen(index)
             }
         }

@@ -38,8 +38,8 @@ ScreenPage {
                 Layout.fillWidth: true
                 screen: page.screen
                 where: page.where
-                names: ["muteSwitch", "powerSwitch"]
-                wide: page.wide
+                first: "muteSwitch"
+                second: "powerSwitch"
             }
         }
     }

@@ -66,7 +66,7 @@ Rectangle {
                 columnSpacing: Theme.gap
                 rowSpacing: 0
                 Accessible.role: Accessible.StaticText
-                Accessible.name: qsTr("Unit at %1, %2").arg(root.app.link.address).arg(root.stateText)
+                Accessible.name: Speech.fill(qsTr("Unit at %1, %2"), [root.app.link.address, root.stateText])
 
                 FittedText {
                     objectName: "linkState"
@@ -142,6 +142,14 @@ Rectangle {
         visible: root.app.link.state === LinkAdapter.NotConnected
         prominent: true
         text: qsTr("Reconnect")
-        onClicked: root.app.link.reconnect()
+        onClicked: {
+            if (visible)
+                root.app.link.reconnect();
+        }
+        // The keyboard does not stay on a button that is gone.
+        onVisibleChanged: {
+            if (!visible && activeFocus)
+                nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
+        }
     }
 }

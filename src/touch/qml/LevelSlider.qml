@@ -23,6 +23,8 @@ Item {
     readonly property real minimumValue: slider.minimum
     readonly property real maximumValue: slider.maximum
 
+    property bool lostFocus: false
+
     function step(key: int): bool {
         switch (key) {
         case Qt.Key_Left:
@@ -53,9 +55,19 @@ Item {
     enabled: slider.enabled
     activeFocusOnTab: true
     Keys.onPressed: event => event.accepted = step(event.key)
+    // The keyboard goes to what is before a slider that the unit has just disabled.
+    onActiveFocusChanged: {
+        if (!activeFocus && !enabled)
+            lostFocus = true;
+    }
+    onEnabledChanged: {
+        if (!enabled && lostFocus)
+            nextItemInFocusChain(false).forceActiveFocus(Qt.OtherFocusReason);
+        lostFocus = false;
+    }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: qsTr("%1, %2").arg(label).arg(spokenValue)
+    Accessible.name: Speech.fill(qsTr("%1, %2"), [label, spokenValue])
     Accessible.focusable: true
     // There is no word for a disabled control here.
     Accessible.readOnly: !enabled
@@ -104,37 +116,40 @@ Item {
         of: root
     }
 
-    PointHandler {
-        id: finger
+    SliderHold {
+        id: hold
 
+        slider: root.slider
+    }
+    PointHandler {
+        enabled: root.visible
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
             if (active) {
-                root.slider.grab();
+                hold.take();
                 root.forceActiveFocus(Qt.MouseFocusReason);
             } else {
-                root.slider.release();
+                hold.end();
             }
         }
     }
     DragHandler {
-        id: drag
-
         property real fromX: 0
         property real fromPosition: 0
 
         target: null
+        enabled: root.visible
         // Once it is this slider that moves, the page no longer scrolls.
         grabPermissions: PointerHandler.CanTakeOverFromAnything
         yAxis.enabled: false
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
-            fromX = centroid.position.x;
+            fromX = centroid.scenePosition.x;
             fromPosition = root.slider.position;
         }
         onCentroidChanged: {
             if (active)
-                root.slider.moveToPosition(fromPosition + (centroid.position.x - fromX) / track.width);
+                hold.dragToPosition(fromPosition + (centroid.scenePosition.x - fromX) / track.width);
         }
     }
     WheelHandler {

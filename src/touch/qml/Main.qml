@@ -10,6 +10,11 @@ T.ApplicationWindow {
     required property AppAdapter app
     readonly property bool rail: width >= Theme.railWidth
 
+    // A finger is elsewhere on a slider that is laid out anew, and not on one that is out of sight.
+    onWidthChanged: app.dropHands()
+    onHeightChanged: app.dropHands()
+    onVisibilityChanged: app.dropHands()
+
     width: 1000
     height: 700
     minimumWidth: 320
@@ -71,11 +76,21 @@ T.ApplicationWindow {
     }
     Loader {
         readonly property bool shown: window.app.settings.shown
+        property Item before: null
 
         anchors.fill: parent
-        onShownChanged: shown ? setSource("SettingsScreen.qml", {
-            settings: window.app.settings
-        }) : setSource("")
+        onShownChanged: {
+            if (shown) {
+                before = window.activeFocusItem;
+                setSource("SettingsScreen.qml", {
+                    settings: window.app.settings
+                });
+            } else {
+                setSource("");
+                if (before)
+                    before.forceActiveFocus(Qt.OtherFocusReason);
+            }
+        }
         onLoaded: forceActiveFocus()
         focus: shown
     }

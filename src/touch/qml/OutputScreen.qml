@@ -47,8 +47,8 @@ ScreenPage {
                     Layout.fillWidth: true
                     screen: page.screen
                     where: page.where
-                    names: ["muteSwitch", "powerSwitch"]
-                    wide: page.wide
+                    first: "muteSwitch"
+                    second: "powerSwitch"
                 }
             }
         }
@@ -65,7 +65,7 @@ ScreenPage {
             visible: !page.allBands
             name: qsTr("Band")
             choices: ["1", "2", "3", "4", "5", "6", "7"]
-            columns: 7
+            columns: width < 7 * Theme.target ? 4 : 7
             selected: page.band
             onChosen: choice => page.band = choice
         }

@@ -12,6 +12,7 @@ RowLayout {
     property int visibleRows: 3
 
     spacing: Theme.gap
+    Component.onCompleted: screen.setItemPicker(items)
 
     WheelPicker {
         id: item

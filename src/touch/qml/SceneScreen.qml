@@ -16,6 +16,8 @@ ScreenPage {
         spacing: Theme.gap
 
         WheelPicker {
+            id: wheel
+
             objectName: "scenePicker"
             Layout.fillWidth: true
             picker: page.screen.picker("scenePicker")
@@ -29,9 +31,13 @@ ScreenPage {
             implicitHeight: Math.max(64, Theme.row)
             prominent: true
             text: adapter.caption
-            enabled: adapter.enabled
-            Accessible.name: qsTr("%1 %2").arg(text).arg(page.where)
-            onClicked: adapter.press()
+            // What a loose wheel shows is not the scene that would be meant.
+            enabled: adapter.enabled && !wheel.loose
+            Accessible.name: Speech.fill(qsTr("%1 %2"), [text, page.where])
+            onClicked: {
+                wheel.commit();
+                adapter.press();
+            }
         }
         ActionButton {
             readonly property ButtonAdapter adapter: page.screen.button("saveSceneButton")
@@ -39,9 +45,13 @@ ScreenPage {
             objectName: "saveSceneButton"
             Layout.fillWidth: true
             text: adapter.caption
-            enabled: adapter.enabled
-            Accessible.name: qsTr("%1 %2").arg(text).arg(page.where)
-            onClicked: adapter.press()
+            // What a loose wheel shows is not the scene that would be meant.
+            enabled: adapter.enabled && !wheel.loose
+            Accessible.name: Speech.fill(qsTr("%1 %2"), [text, page.where])
+            onClicked: {
+                wheel.commit();
+                adapter.press();
+            }
         }
     }
 }

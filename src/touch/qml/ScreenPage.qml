@@ -47,6 +47,28 @@ Flickable {
         width: Math.min(root.width - 2 * Theme.gap, root.maximumWidth)
         height: childrenRect.height
     }
+    // While the page scrolls, the mouse wheel goes on scrolling it: what comes under the pointer is not turned.
+    onContentYChanged: scrolling.restart()
+
+    Timer {
+        id: scrolling
+
+        interval: 400
+    }
+    Item {
+        parent: root
+        anchors.fill: parent
+
+        WheelHandler {
+            enabled: scrolling.running
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            onWheel: event => {
+                scrolling.restart();
+                const most = Math.max(0, root.contentHeight - root.height);
+                root.contentY = Math.max(0, Math.min(most, root.contentY - event.angleDelta.y / 120 * Theme.row));
+            }
+        }
+    }
     Rectangle {
         parent: root
         anchors.right: parent.right

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Lumbra.Touch
 
 /// How every switch looks and is worked: it shows `on`, and asks for a change with `flipped`.
 T.Switch {
@@ -8,10 +9,19 @@ T.Switch {
     required property bool on
     property string spokenName: text
 
+    readonly property FittedText caption: FittedText {
+        text: root.text
+        font: root.font
+        color: root.enabled ? Theme.text : Theme.outline
+        rightPadding: root.indicator.width + Theme.smallGap
+        Accessible.ignored: true
+    }
+
     signal flipped(on: bool)
 
     implicitHeight: Math.max(Theme.row, 56)
-    implicitWidth: 140
+    // The caption has room for the indicator beside it.
+    implicitWidth: Math.ceil(caption.implicitWidth) + 1 + leftPadding + rightPadding
     leftPadding: 14
     rightPadding: 14
     font.pixelSize: Theme.bodyText
@@ -25,20 +35,19 @@ T.Switch {
     Keys.onEnterPressed: flipped(!on)
 
     Accessible.role: Accessible.CheckBox
-    Accessible.name: qsTr("%1, %2").arg(spokenName).arg(on ? qsTr("on") : qsTr("off"))
+    Accessible.name: Speech.fill(qsTr("%1, %2"), [spokenName, on ? qsTr("on") : qsTr("off")])
     Accessible.checkable: true
     Accessible.readOnly: !enabled
     Accessible.checked: on
     Accessible.onPressAction: flipped(!on)
     Accessible.onToggleAction: flipped(!on)
 
-    contentItem: FittedText {
-        text: root.text
-        font: root.font
-        color: root.enabled ? Theme.text : Theme.outline
-        rightPadding: root.indicator.width + Theme.smallGap
-        Accessible.ignored: true
+    readonly property HoldToRead reading: HoldToRead {
+        button: root
+        caption: root.caption
     }
+
+    contentItem: caption
     indicator: Rectangle {
         x: root.width - width - root.rightPadding
         y: (root.height - height) / 2

@@ -1,33 +1,38 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Lumbra.Touch
 
-/// Two switches beside each other; one above the other where large texts need the room.
+/// Two switches beside each other, or one above the other where their captions need the room.
 GridLayout {
     id: root
 
     required property ScreenAdapter screen
     /// The item that they belong to, for a screen reader.
     required property string where
-    required property list<string> names
-    required property bool wide
+    /// The names of the two.
+    required property string first
+    required property string second
 
-    columns: Theme.textScale > 1.3 && !wide ? 1 : 2
+    columns: width < 2 * Math.max(one.implicitWidth, other.implicitWidth) + columnSpacing ? 1 : 2
     columnSpacing: Theme.gap
     rowSpacing: Theme.gap
 
-    Repeater {
-        model: root.names
+    SwitchRow {
+        id: one
 
-        SwitchRow {
-            required property string modelData
+        objectName: root.first
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        adapter: root.screen.onOff(root.first)
+        where: root.where
+    }
+    SwitchRow {
+        id: other
 
-            objectName: modelData
-            Layout.fillWidth: true
-            Layout.preferredWidth: 1
-            adapter: root.screen.onOff(modelData)
-            where: root.where
-        }
+        objectName: root.second
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        adapter: root.screen.onOff(root.second)
+        where: root.where
     }
 }

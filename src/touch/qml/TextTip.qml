@@ -1,11 +1,36 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
-/// Shows a text whole, beside where it stands.
+/// Shows a text whole, over where it stands.
 Item {
-    required property string text
+    id: root
 
-    ToolTip.visible: true
-    ToolTip.delay: 500
-    ToolTip.text: text
+    required property string text
+    readonly property Text whole: Text {
+        text: root.text
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: Theme.text
+        font.pixelSize: Theme.bodyText
+    }
+
+    T.ToolTip {
+        x: (parent.width - width) / 2
+        y: -height - 4
+        implicitWidth: Math.min(root.whole.implicitWidth + leftPadding + rightPadding, root.Window.width - 2 * margins)
+        implicitHeight: contentHeight + topPadding + bottomPadding
+        margins: 6
+        padding: 10
+        delay: 500
+        visible: true
+        closePolicy: T.Popup.NoAutoClose
+        text: root.text
+
+        contentItem: root.whole
+        background: Rectangle {
+            color: Theme.raised
+            border.color: Theme.outline
+            radius: 6
+        }
+    }
 }

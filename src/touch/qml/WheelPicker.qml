@@ -10,6 +10,8 @@ Item {
 
     required property PickerAdapter picker
     property int visibleRows: 3
+    /// How long a wheel that was stopped waits for the next touch before it shows again what is selected, in ms.
+    property int patience: 4000
     /// The item that it belongs to, for a screen reader; empty where it picks the item itself.
     property string where: ""
 
@@ -20,22 +22,43 @@ Item {
     /// Where wheel turns and keys have asked it to go.
     property int target: -1
 
+    /// What the row of the target said when it was turned to.
+    property string targetText: ""
+    /// A hand has moved the wheel by touch and it shows a row that is not picked, or not yet.
+    readonly property bool loose: list.moving || linger.running
+
     function follow() {
-        if (resting && list.currentIndex !== picker.selected)
+        // A timer tells that it has run out before `resting` knows.
+        if (!list.moving && !settle.running && !linger.running && list.currentIndex !== picker.selected)
             list.currentIndex = picker.selected;
     }
-    function pick(row: int) {
+    function pick(row: int, text: string) {
+        halt();
         settle.stop();
         linger.stop();
-        picker.pick(row);
+        picker.pick(row, text);
         follow();
     }
     function turnBy(rows: int) {
+        halt();
         const from = settle.running ? target : list.currentIndex;
         target = Math.max(0, Math.min(list.count - 1, from + rows));
+        targetText = picker.textAt(target);
         linger.stop();
         settle.restart();
         list.currentIndex = target;
+    }
+    /// Stops a wheel that runs on by itself, without a pick.
+    function halt() {
+        if (!list.flicking)
+            return;
+        list.stopped = true;
+        list.cancelFlick();
+    }
+    /// Picks at once where the wheel has been turned by keys or the mouse wheel.
+    function commit() {
+        if (settle.running)
+            pick(target, targetText);
     }
 
     // The names under which assistive technology reads a value: the row's number.
@@ -67,7 +90,7 @@ Item {
         case Qt.Key_Return:
         case Qt.Key_Enter:
         case Qt.Key_Space:
-            pick(list.currentIndex);
+            pick(list.currentIndex, picker.textAt(list.currentIndex));
             break;
         default:
             event.accepted = false;
@@ -75,11 +98,11 @@ Item {
     }
 
     Accessible.role: Accessible.SpinBox
-    Accessible.name: qsTr("%1, %2").arg(picker.spokenName(where)).arg(picker.selectedText)
+    Accessible.name: Speech.fill(qsTr("%1, %2"), [picker.spokenName(where), picker.selectedText])
     Accessible.focusable: true
     Accessible.onIncreaseAction: turnBy(1)
     Accessible.onDecreaseAction: turnBy(-1)
-    Accessible.onPressAction: pick(list.currentIndex)
+    Accessible.onPressAction: pick(list.currentIndex, picker.textAt(list.currentIndex))
 
     Connections {
         target: root.picker
@@ -92,13 +115,13 @@ Item {
         id: settle
 
         interval: 300
-        onTriggered: root.pick(root.target)
+        onTriggered: root.pick(root.target, root.targetText)
     }
     // A wheel that was stopped waits for the hand's next touch, then shows again what is selected.
     Timer {
         id: linger
 
-        interval: 4000
+        interval: root.patience
         onTriggered: root.follow()
     }
 
@@ -166,7 +189,7 @@ Item {
                     if (currentIndex !== root.picker.selected)
                         linger.restart();
                 } else {
-                    root.pick(currentIndex);
+                    root.pick(currentIndex, root.picker.textAt(currentIndex));
                 }
             }
             // A list keeps its content where it was when it is resized or loses rows; the middle is elsewhere then.
@@ -186,9 +209,9 @@ Item {
                 inMiddle: ListView.isCurrentItem
                 color: root.picker.white ? Theme.pickerText : Theme.text
                 moving: list.moving
-                onPicked: row => {
+                onPicked: (row, text) => {
                     root.forceActiveFocus(Qt.MouseFocusReason);
-                    root.pick(row);
+                    root.pick(row, text);
                 }
             }
         }

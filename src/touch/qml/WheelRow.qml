@@ -10,7 +10,7 @@ FittedText {
     /// Whether the wheel moves: a touch then stops it and is no tap.
     required property bool moving
 
-    signal picked(row: int)
+    signal picked(row: int, text: string)
 
     text: display
     leftPadding: 8
@@ -25,14 +25,17 @@ FittedText {
 
     TapHandler {
         property bool wasMoving: false
+        property string seen: ""
 
         onPressedChanged: {
-            if (pressed)
-                wasMoving = root.moving;
+            if (!pressed)
+                return;
+            wasMoving = root.moving;
+            seen = root.display;
         }
         onTapped: {
             if (!wasMoving)
-                root.picked(root.index);
+                root.picked(root.index, seen);
         }
     }
 }

@@ -38,8 +38,8 @@ ScreenPage {
                 Layout.fillWidth: true
                 screen: page.screen
                 where: page.where
-                names: ["muteSwitch", "loudnessSwitch"]
-                wide: page.wide
+                first: "muteSwitch"
+                second: "loudnessSwitch"
             }
             GridLayout {
                 Layout.fillWidth: true

@@ -370,6 +370,188 @@ TestCase {
         verify(frequency.value > 2700);
     }
 
+    // A finger is put down on the volume and drags it up a little.
+    function hold(slider) {
+        mousePress(slider, 20, slider.height / 2);
+        for (let x = 20; x <= 50; x += 3)
+            mouseMove(slider, x, slider.height / 2);
+        verify(slider.slider.held && slider.value > -40);
+        sentLater();
+    }
+    // What a finger goes on doing after the slider has come to stand for another item, or has gone out of sight.
+    function test_hands_are_off_data() {
+        return [
+            { tag: "another item is picked", away: () => find("zonePicker").picker.pick(1, "Zone 2") },
+            { tag: "the rows go", away: () => play("> U1O1Z2") },
+            { tag: "another tab", away: () => harness.app.selectTab(1), back: () => harness.app.selectTab(0) },
+            { tag: "an alert", away: () => play("error"), back: () => mouseClick(findChild(window, "alertButton")) },
+            { tag: "the settings", away: () => harness.app.settings.open(), back: () => harness.app.settings.close() },
+            { tag: "the window is hidden", away: () => window.visible = false, back: () => window.visible = true },
+            { tag: "the window is turned", away: () => { window.width = 640; window.height = 360; } }
+        ];
+    }
+    function test_hands_are_off(data) {
+        open();
+        play("> U1Z1V-40\n> U1Z2V-70");
+        const slider = find("volumeSlider");
+        hold(slider);
+        data.away();
+        harness.pass(20);
+        wait(0);
+        verify(!slider.slider.held);
+        sentLater();
+        const before = slider.value;
+        mouseMove(slider, 60, slider.height / 2);
+        mouseMove(slider, 90, slider.height / 2);
+        mouseRelease(slider, 90, slider.height / 2);
+        compare(slider.value, before);
+        verify(!/V-?[0-9]/.test(sentLater()));
+        if (data.back)
+            data.back();
+        wait(0);
+        harness.pass(20);
+        mouseMove(slider, 60, slider.height / 2);
+        mouseMove(slider, 70, slider.height / 2);
+        verify(!slider.slider.held && !/V-?[0-9]/.test(sentLater()));
+    }
+    function test_a_band_that_is_turned_away_is_let_go() {
+        open(360, 640, "set advanced_mode_preference true");
+        play("> U1O1B1P0F1000\n> U1O1B2P0F1000");
+        const first = harness.app.screen.slider("filterFreq1");
+        const line = findChild(find("band"), "frequency");
+        const slider = findChild(line, "levelSlider");
+        slider.forceActiveFocus();
+        mousePress(slider, 60, 24);
+        verify(first.held);
+        find("handle2").forceActiveFocus();
+        for (let x = 60; x <= 100; x += 5)
+            mouseMove(slider, x, 24);
+        mouseRelease(slider, 100, 24);
+        compare(slider.slider, harness.app.screen.slider("filterFreq2"));
+        verify(!first.held && !slider.slider.held);
+        compare(sentLater(), "");
+    }
+    function test_the_nearest_handle_is_taken() {
+        open(360, 640, "set advanced_mode_preference true");
+        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
+        for (const [edited, taken] of [[2, 2], [3, 3], [4, 4]]) {
+            const handle = find("handle" + edited);
+            handle.forceActiveFocus();
+            mousePress(handle, 24, 24);
+            for (let band = 2; band <= 4; ++band)
+                compare(harness.app.screen.slider("filterFreq" + band).held, band === taken, "band " + band);
+            mouseRelease(handle, 24, 24);
+        }
+    }
+    // The page scrolls under a pointer that stays: what comes under it is not turned.
+    function test_scrolling_turns_nothing() {
+        open(800, 480, "set advanced_mode_preference true");
+        const slider = find("volumeSlider");
+        const page = find("bandChoice").parent.parent.parent.parent;
+        verify(page.contentY !== undefined && page.contentHeight > page.height + 100);
+        const place = slider.mapToItem(window.contentItem, slider.width / 2, slider.height / 2);
+        page.contentY = 150;
+        for (let notch = 0; notch < 12; ++notch) {
+            mouseWheel(window.contentItem, place.x, place.y, 0, 120);
+            wait(10);
+        }
+        compare(page.contentY, 0);
+        compare(slider.value, -40);
+        wait(450);
+        mouseWheel(slider, 30, 30, 0, 120);
+        compare(slider.value, -39, "at rest, the wheel turns what it is over");
+    }
+
+    function test_a_stopped_wheel_shows_again_what_is_selected() {
+        open();
+        mouseClick(find("tab-scene"));
+        waitForRendering(window.contentItem);
+        harness.sent();
+        const picker = find("scenePicker");
+        picker.patience = 50;
+        const list = listOf("scenePicker");
+        fling(list);
+        wait(30);
+        mousePress(list, 40, 70);
+        mouseRelease(list, 40, 70);
+        verify(!find("saveSceneButton").enabled, "it would store another scene than the wheel shows");
+        tryCompare(picker, "loose", false);
+        compare(list.currentIndex, 0);
+        verify(find("saveSceneButton").enabled);
+        // A turn by keys is meant, though it is not at rest.
+        picker.forceActiveFocus();
+        keyClick(Qt.Key_Down);
+        mouseClick(find("saveSceneButton"));
+        compare(sentNow(), "[U1SP2SAVE]");
+    }
+    function test_a_key_during_a_fling_is_one_pick() {
+        open();
+        const picker = find("sourcePicker");
+        const list = listOf("sourcePicker");
+        picker.forceActiveFocus();
+        fling(list);
+        verify(list.flicking);
+        wait(30);
+        keyClick(Qt.Key_Down);
+        tryCompare(picker, "resting", true);
+        compare(sentNow(), "[U1Z1I" + (list.currentIndex + 1) + "]");
+    }
+    function test_a_row_that_moved_under_the_finger_is_not_picked() {
+        open();
+        play("> U1O1Z2\n> U1O2Z4");
+        const picker = find("zonePicker");
+        tryVerify(() => picker.picker.count === 2 && picker.resting);
+        wait(200);
+        const list = listOf("zonePicker");
+        mousePress(list, 40, list.height / 2 + picker.rowHeight);
+        play("> U1O3Z3");
+        mouseRelease(list, 40, list.height / 2 + picker.rowHeight);
+        compare(picker.picker.selectedText, "Zone 2");
+    }
+    function test_reading_a_cut_caption_flips_nothing() {
+        open();
+        const mute = find("muteSwitch");
+        const touch = touchEvent(window);
+        const rest = () => {
+            touch.press(1, mute, 20, 20).commit();
+            wait(900);
+            touch.release(1, mute, 20, 20).commit();
+        };
+        rest();
+        compare(sentNow(), "[U1Z1M1]", "a slow finger is a finger");
+        mute.parent = window.contentItem;
+        mute.width = 110;
+        tryVerify(() => mute.caption.truncated);
+        rest();
+        compare(sentNow(), "");
+    }
+    function test_the_keyboard_is_never_lost() {
+        open(360, 640, "set advanced_mode_preference true");
+        play("> U1O1B1P0F1000");
+        const slider = findChild(findChild(find("band"), "gain"), "levelSlider");
+        slider.forceActiveFocus();
+        play("> U1O1B1BYPASS");
+        verify(!slider.enabled);
+        const inSight = () => {
+            const item = window.activeFocusItem;
+            return item && item.visible && item.enabled && (item.activeFocusOnTab || item.focusPolicy) ? item : null;
+        };
+        verify(inSight(), "a slider was disabled");
+        const gear = find("settingsButton");
+        gear.forceActiveFocus();
+        keyClick(Qt.Key_Space);
+        wait(0);
+        keyClick(Qt.Key_Escape);
+        wait(0);
+        compare(window.activeFocusItem, gear);
+    }
+    function test_names_are_not_patterns() {
+        open();
+        play("> U1Z1N\"%1 %2\"\n> U1O1Z1");
+        tryCompare(find("zonePicker").picker, "selectedText", "%1 %2");
+        compare(find("volumeSlider").Accessible.name, "%1 %2 volume, 50 percent");
+    }
+
     function test_focus_goes_round() {
         open();
         let seen = 0;
@@ -508,15 +690,16 @@ TestCase {
             verify(cut.truncated);
             const tip = find("tip");
             mouseMove(cut, cut.width / 2, cut.height / 2);
-            tryVerify(() => tip.item && tip.item.ToolTip.visible);
-            compare(tip.item.text, cut.text);
+            tryVerify(() => tip.item && tip.item.whole.visible);
+            compare(tip.item.whole.text, cut.text);
+            verify(tip.item.whole.contentWidth > cut.width, "the tip is as narrow as what it should show whole");
             mouseMove(find("volumeSlider"));
             tryCompare(tip, "item", null);
             // A finger that stays shows it too, and picks nothing.
             harness.sent();
             const touch = touchEvent(window);
             touch.press(1, cut, cut.width / 2, cut.height / 2).commit();
-            tryVerify(() => tip.item && tip.item.ToolTip.visible);
+            tryVerify(() => tip.item && tip.item.whole.visible);
             touch.release(1, cut, cut.width / 2, cut.height / 2).commit();
             tryCompare(tip, "item", null);
             compare(sentNow(), "");
