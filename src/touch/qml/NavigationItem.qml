@@ -8,6 +8,44 @@ T.TabButton {
     required property url iconSource
     property bool selected: false
 
+    readonly property Item face: Item {
+        implicitHeight: column.implicitHeight
+
+        HoldToRead {
+            button: root
+            caption: words
+        }
+        Column {
+            id: column
+
+            anchors.centerIn: parent
+            width: parent.width
+            spacing: 2
+
+            Image {
+                anchors.horizontalCenter: parent.horizontalCenter
+                source: root.iconSource
+                sourceSize.width: 24
+                sourceSize.height: 24
+                asynchronous: true
+                opacity: root.selected ? 1 : 0.75
+            }
+            FittedText {
+                id: words
+
+                width: parent.width
+                text: root.text
+                horizontalAlignment: Text.AlignHCenter
+                font.pixelSize: Theme.smallText
+                font.bold: root.selected
+                color: root.selected ? Theme.text : Theme.dimText
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.tinyText
+                Accessible.ignored: true
+            }
+        }
+    }
+
     implicitHeight: Math.max(56, implicitContentHeight + 12)
     implicitWidth: 84
     checkable: false
@@ -27,33 +65,5 @@ T.TabButton {
             anchors.margins: 1
         }
     }
-    contentItem: Item {
-        implicitHeight: children[0].implicitHeight
-
-        Column {
-            anchors.centerIn: parent
-            width: parent.width
-            spacing: 2
-
-            Image {
-                anchors.horizontalCenter: parent.horizontalCenter
-                source: root.iconSource
-                sourceSize.width: 24
-                sourceSize.height: 24
-                asynchronous: true
-                opacity: root.selected ? 1 : 0.75
-            }
-            FittedText {
-                width: parent.width
-                text: root.text
-                horizontalAlignment: Text.AlignHCenter
-                font.pixelSize: Theme.smallText
-                font.bold: root.selected
-                color: root.selected ? Theme.text : Theme.dimText
-                fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: Theme.tinyText
-                Accessible.ignored: true
-            }
-        }
-    }
+    contentItem: face
 }
