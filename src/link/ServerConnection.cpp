@@ -78,36 +78,16 @@ void ServerConnection::closeConnection() {
 void ServerConnection::handleEvent(Stream& stream, StreamEvent event) {
     // The delegate's work inside an event may drop the last other reference to the connection.
     const auto self = shared_from_this();
-    if (&stream == oStream_.get())
-        handleOutputEvent(event);
-    else if (&stream == iStream_.get())
-        handleInputEvent(event);
-}
-
-void ServerConnection::handleOutputEvent(StreamEvent event) {
+    const bool isOutput = &stream == oStream_.get();
+    if (!isOutput && &stream != iStream_.get())
+        return;
     switch (event) {
     case StreamEvent::OpenCompleted:
-        openCompleted(outputStreamIsOpen_);
-        break;
-    case StreamEvent::ErrorOccurred:
-        fail();
-        break;
-    case StreamEvent::EndEncountered:
-        closeConnection();
+        openCompleted(isOutput ? outputStreamIsOpen_ : inputStreamIsOpen_);
         break;
     case StreamEvent::HasBytesAvailable:
-    case StreamEvent::HasSpaceAvailable:
-        break;
-    }
-}
-
-void ServerConnection::handleInputEvent(StreamEvent event) {
-    switch (event) {
-    case StreamEvent::OpenCompleted:
-        openCompleted(inputStreamIsOpen_);
-        break;
-    case StreamEvent::HasBytesAvailable:
-        readAvailable();
+        if (!isOutput)
+            readAvailable();
         break;
     case StreamEvent::ErrorOccurred:
         fail();

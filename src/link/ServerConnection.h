@@ -101,8 +101,6 @@ public:
 
 private:
     void adopt(std::uint64_t attempt, StreamPair pair);
-    void handleOutputEvent(StreamEvent event);
-    void handleInputEvent(StreamEvent event);
     void openCompleted(bool& streamIsOpen);
     void fail();
     void readAvailable();
