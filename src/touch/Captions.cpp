@@ -90,7 +90,7 @@ QString known(const char* context, const Table& table, std::string_view text) {
 } // namespace
 
 QString translatedText(std::string_view text) {
-    if (const auto translated = known(CONTEXT, TEXTS, text); !translated.isNull())
+    if (auto translated = known(CONTEXT, TEXTS, text); !translated.isNull())
         return translated;
     constexpr std::string_view pattern = "Failed to connect to IP address %1.";
     constexpr auto prefix = pattern.substr(0, pattern.find('%'));
