@@ -2,6 +2,7 @@
 
 #include "toolkit/Control.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -54,6 +55,10 @@ public:
     const std::vector<std::string>& rows() const { return rows_; }
     Color color() const { return color_; }
     int selected() const { return selected_; }
+    /// The text of the selected row; empty while there are no rows.
+    std::string selectedText() const {
+        return has(selected_) ? rows_[static_cast<std::size_t>(selected_)] : std::string();
+    }
 
     /// Takes the rows from `dataSource` from now on, and at once.
     void setDataSource(std::weak_ptr<PickerDataSource> dataSource);

@@ -13,9 +13,7 @@ PickerAdapter::PickerAdapter(std::shared_ptr<Picker> control, const std::string&
 }
 
 QString PickerAdapter::selectedText() const {
-    const auto& rows = control_->rows();
-    const int row = control_->selected();
-    return row < 0 ? QString() : QString::fromStdString(rows[static_cast<std::size_t>(row)]);
+    return QString::fromStdString(control_->selectedText());
 }
 
 bool PickerAdapter::pick(int row, const QString& text) {

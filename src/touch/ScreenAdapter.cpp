@@ -9,15 +9,6 @@
 
 namespace lumbra {
 
-namespace {
-
-std::string selectedText(const Picker& picker) {
-    const int row = picker.selected();
-    return row < 0 ? std::string() : picker.rows()[static_cast<std::size_t>(row)];
-}
-
-} // namespace
-
 ScreenAdapter::ScreenAdapter(std::shared_ptr<ViewController> controller, RefreshQueue& queue, QObject* parent)
     : QObject(parent), controller_(std::move(controller)), queue_(queue) {}
 
@@ -80,7 +71,7 @@ void ScreenAdapter::setItemPicker(const QString& name) {
     if (!control)
         return;
     const auto item = [picker = control.get()] {
-        return std::pair(picker->selected(), selectedText(*picker));
+        return std::pair(picker->selected(), picker->selectedText());
     };
     itemChange_ = control->onChange([this, item, known = item()]() mutable {
         if (auto now = item(); now != known) {

@@ -39,6 +39,9 @@ Item {
         picker.pick(row, text);
         follow();
     }
+    function pickMiddle() {
+        pick(list.currentIndex, picker.textAt(list.currentIndex));
+    }
     function turnBy(rows: int) {
         halt();
         const from = settle.running ? target : list.currentIndex;
@@ -90,7 +93,7 @@ Item {
         case Qt.Key_Return:
         case Qt.Key_Enter:
         case Qt.Key_Space:
-            pick(list.currentIndex, picker.textAt(list.currentIndex));
+            pickMiddle();
             break;
         default:
             event.accepted = false;
@@ -102,7 +105,7 @@ Item {
     Accessible.focusable: true
     Accessible.onIncreaseAction: turnBy(1)
     Accessible.onDecreaseAction: turnBy(-1)
-    Accessible.onPressAction: pick(list.currentIndex, picker.textAt(list.currentIndex))
+    Accessible.onPressAction: pickMiddle()
 
     Connections {
         target: root.picker
@@ -189,7 +192,7 @@ Item {
                     if (currentIndex !== root.picker.selected)
                         linger.restart();
                 } else {
-                    root.pick(currentIndex, root.picker.textAt(currentIndex));
+                    root.pickMiddle();
                 }
             }
             // A list keeps its content where it was when it is resized or loses rows; the middle is elsewhere then.
