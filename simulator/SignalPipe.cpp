@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace lumbra::sim {
@@ -23,7 +22,7 @@ void tell(int) {
 
 SignalPipe::SignalPipe(std::initializer_list<int> signals) {
     if (::pipe2(ends_.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        throw std::system_error(errno, std::generic_category(), "no pipe for signals");
+        return;
     writeEnd = ends_[1];
     struct sigaction action {};
     action.sa_handler = tell;

@@ -9,13 +9,13 @@ namespace lumbra::sim {
 /// the same takes the system's default action, and so ends a program that hangs. One at a time.
 class SignalPipe {
 public:
-    /// A hang-up that the parent has had ignored stays ignored. Throws std::system_error where the system
-    /// gives no pipe.
+    /// A hang-up that the parent has had ignored stays ignored.
     explicit SignalPipe(std::initializer_list<int> signals);
     SignalPipe(const SignalPipe&) = delete;
     SignalPipe& operator=(const SignalPipe&) = delete;
 
-    /// Readable once a signal has come. Stays open, as the handlers stay, until the program ends.
+    /// Readable once a signal has come; -1 if the system gave no pipe, the signals are then as they were. It
+    /// and the handlers stay until the program ends.
     int descriptor() const { return ends_[0]; }
 
 private:

@@ -10,6 +10,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -214,6 +215,10 @@ int run(const QCoreApplication& application) {
         });
 
     const SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP});
+    if (endSignals.descriptor() == -1) {
+        complain(QStringLiteral("Can't watch for signals: %1.").arg(qt_error_string(errno)));
+        return FAILURE;
+    }
     const QSocketNotifier notifier(endSignals.descriptor(), QSocketNotifier::Read);
     QObject::connect(&notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
     if (!server.listen(settings->address, static_cast<quint16>(settings->port))) {

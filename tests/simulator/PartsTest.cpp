@@ -8,8 +8,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <numeric>
-#include <system_error>
 
 namespace lumbra::sim {
 
@@ -76,7 +74,7 @@ TEST(LineWriter, neverWaitsAndTellsWhatItLeftOut) {
 TEST(SignalPipe, passesTheFirstOfEachSignalOnAndLeavesTheSecondToTheSystem) {
     {
         const NoDescriptors none;
-        EXPECT_THROW(SignalPipe({SIGTERM}), std::system_error);
+        EXPECT_EQ(SignalPipe({SIGTERM}).descriptor(), -1);
     }
     std::signal(SIGHUP, SIG_IGN); // as a parent may have
     const SignalPipe pipe({SIGTERM, SIGHUP});
