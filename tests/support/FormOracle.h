@@ -118,15 +118,21 @@ inline const std::vector<Row>& rows() {
     return all;
 }
 
+/// The row of a screen that matches a text; null is none.
+inline const Row* rowOf(char screen, std::string_view text, std::cmatch& match) {
+    for (const auto& row : rows())
+        // The letter behind the unit is compared first, because the engine is slow.
+        if (row.screens.find(screen) != std::string_view::npos && text.size() > 2 &&
+            text[2] == row.pattern[9] &&
+            std::regex_search(text.data(), text.data() + text.size(), match, row.expression))
+            return &row;
+    return nullptr;
+}
+
 inline std::string byExpressions(char screen, std::string_view text) {
     std::cmatch match;
-    const auto row = std::find_if(rows().begin(), rows().end(), [&](const Row& candidate) {
-        // The letter behind the unit is compared first, because the engine is slow.
-        return candidate.screens.find(screen) != std::string_view::npos && text.size() > 2 &&
-               text[2] == candidate.pattern[9] &&
-               std::regex_search(text.data(), text.data() + text.size(), match, candidate.expression);
-    });
-    if (row == rows().end())
+    const auto* row = rowOf(screen, text, match);
+    if (!row)
         return "";
     auto all = match.str(1) + " " + row->kind;
     std::size_t group = 2;
