@@ -1,14 +1,21 @@
 """Faults of the process: signals, limits, closed streams, and scripts that no person would type."""
 
+import collections
+import contextlib
+import fcntl
 import itertools
 import json
 import os
+import pty
+import select
 import signal
+import struct
 import subprocess
+import termios
 import time
 
 from files import GOOD, check_kept, good_settings
-from stage import NotSurvived, Remote, Unit, check, check_flat, check_time, ended, fault, resources
+from stage import PATIENCE, NotSurvived, Remote, Unit, check, check_flat, check_time, ended, fault, parsed, resources
 
 LOADER_FAILED = 127  # the system's loader has said why
 
@@ -72,7 +79,7 @@ def scripts(stage, times):
         demo = ("--demo",) if index % 3 == 1 else ()
         try:
             run = stage.run(*stage.console("--json", *demo, **to), script="".join(line + "\n" for line in script), allowed=(0, 1))
-            replies = [entry for entry in map(json.loads, run.output.splitlines()) if "reply" in entry]
+            replies = [entry for entry in map(json.loads, run.output.split("\n")[:-1]) if "reply" in entry]
             wanted = [line.split(" ")[0] for line in script]
             wanted = wanted[: wanted.index("quit") + 1] if "quit" in wanted else wanted
             check([reply["reply"] for reply in replies] == wanted, f"replies {[reply['reply'] for reply in replies]}")
@@ -86,8 +93,8 @@ def scripts(stage, times):
 
 @fault("input that is no command", 1)
 def odd_input(stage, _times):
-    remote = Remote(stage)
-    remote.ask("get")
+    remote = Remote(stage, to=Unit(stage))
+    remote.ask("wait open", "wait answer")
     before = remote.resources()
     for text in (b"x" * 10_000_000, b"\0" * 1000, bytes(range(128, 256)), b'"' * 60000, b"\xed\xa0\x80", b"get " * 20000, b"\x1b[A\r"):
         remote.process.stdin.write(text + b"\n")
@@ -95,7 +102,7 @@ def odd_input(stage, _times):
         reply = remote.read(lambda entry: "reply" in entry)
         check(not reply["ok"], f"{text[:10]}: accepted")
     grown = check_flat(before, remote.resources())
-    remote.check_usable() if False else remote.quit((1,))
+    remote.check_usable()
     return grown + " more"
 
 
@@ -108,8 +115,9 @@ def readers(stage, times):
         remote = stage.start(*stage.console("--json", to=unit))
         if not kept:
             remote.stdout.close()
-        remote.stdin.write(b"wait open\nwait answer\n" + b"state\n" * (2000 if kept else 20) + b"" if kept else b"wait open\nswitch muteSwitch on\n")
+        remote.stdin.write(b"wait open\nwait answer\n" + b"state\n" * (2000 if kept else 20) + b"" if kept else b"wait open\npick sourcePicker 3\n")
         remote.stdin.flush()
+        unit.wait_for("APPQ0")
         if kept:
             time.sleep(stage.random.uniform(0, 0.2))
             remote.terminate()
@@ -117,9 +125,83 @@ def readers(stage, times):
             ended(remote, patience=5)
             check_time(time.monotonic() - began, 1, "the end")
         else:
-            unit.wait_for("Z1M1")
+            unit.wait_for("Z1I4")
             remote.stdin.close()
             ended(remote)
+
+
+@fault("output that takes little or nothing", 10)
+def odd_outputs(stage, times):
+    unit = Unit(stage)
+    script = "wait open\n" + "state\n" * 500 + "pick sourcePicker 3\nwait 0.1\nquit\n"
+    for _ in range(times):
+        for path in ("/dev/full", "/dev/null"):
+            unit.received.clear()
+            with open(path, "wb") as stdout:
+                stage.run(*stage.console("--json", to=unit), script=script, stdout=stdout)
+            unit.wait_for("Z1I4", 2)
+        remote = stage.start(*stage.console("--json", to=unit), bufsize=0)
+        fcntl.fcntl(remote.stdout, fcntl.F_SETPIPE_SZ, 4096)
+        for stream in (remote.stdin, remote.stdout):  # the program's ends as well: a pipe's flags are each end's own
+            flags = f"/proc/{remote.pid}/fd/{0 if stream is remote.stdin else 1}"
+            other = os.open(flags, os.O_NONBLOCK | (os.O_RDONLY if stream is remote.stdin else os.O_WRONLY))
+            stage.closing.callback(os.close, other)
+        remote.stdin.write(script.encode())
+        replies = 0
+        while replies < 504:
+            line = remote.stdout.readline()
+            check(line.endswith(b"\n"), "output ends early")
+            replies += parsed(line.rstrip()).get("reply") is not None
+        ended(remote)
+
+
+@fault("input without end", 3)
+def endless_input(stage, times):
+    for path in ("/dev/zero", "/dev/urandom", "yes state", "yes switch muteSwitch toggle")[: times + 1]:
+        source = stage.start(*path.split()) if path.startswith("yes") else stage.start("cat", path)
+        remote = stage.start(*stage.console("--json", "--demo"), stdin=source.stdout, stdout=subprocess.DEVNULL)
+        source.stdout.close()
+        time.sleep(1)
+        before = resources(remote)
+        time.sleep(2)
+        check_flat(before, resources(remote))
+        remote.terminate()
+        began = time.monotonic()
+        ended(remote, (0, 1))
+        check_time(time.monotonic() - began, 1, path)
+
+
+KEYS = [b"\x1b[A", b"\x1b[B", b"\x1b[C", b"\x1b[D", b"\t", b"\x7f", b"\x15", b"\x17", b"\x0b", b"\x12", b"\r", b"state\r", b"tab ", b"pick zone", b"\xc3\xa9", b"\xff", b"\x1b", b"\x1bOP", b"\x16\0", b'"', b"help\r", b"\x18\x05", b"\x1a", b"\x0c"]
+
+
+@fault("random keys, and the terminal vanishes without SIGHUP", 20, ())
+@fault("random keys, and the terminal vanishes", 300, ("setsid", "--ctty"))
+def terminal(stage, times, session):
+    typed = [b"".join(stage.random.choices(KEYS, k=stage.random.randint(0, 60))) for _ in range(times)]
+
+    def play(index):
+        keys, screen = pty.openpty()
+        environment = os.environ | {"TERM": "xterm", "HOME": str(stage.folder), "LC_ALL": "C.UTF-8"}
+        remote = stage.start(*session, *stage.console("--demo"), stdin=screen, stdout=screen, env=environment)
+        os.close(screen)
+        select.select([keys], [], [], PATIENCE)  # it has begun
+        until = time.monotonic() + 0.15
+        for start in range(0, len(typed[index]) + 1, 7):
+            os.write(keys, typed[index][start : start + 7])
+            if index % 5 == 0:
+                fcntl.ioctl(keys, termios.TIOCSWINSZ, struct.pack("HHHH", index % 50, start % 200, 0, 0))
+            while select.select([keys], [], [], 0.002)[0]:
+                with contextlib.suppress(OSError):
+                    os.read(keys, 1 << 16)
+                if time.monotonic() > until:
+                    break
+        os.close(keys)
+        try:
+            ended(remote, (0, 1), 5)
+        except NotSurvived as reason:
+            raise NotSurvived(f"keys {typed[index]}: {reason}") from None
+
+    stage.at_once(play, times, 4)
 
 
 def streams():
@@ -130,17 +212,15 @@ def streams():
 def closed_streams(stage, times):
     unit = Unit(stage)
     for closed in streams()[:times]:
-        settings = good_settings(stage)
         words = " ".join(f"{number}>&-" for number in closed)
         shell = ("sh", "-c", f'exec "$@" {words}', "sh")
-        remote = stage.start(*shell, *stage.console(to=unit, settings=settings))
+        remote = stage.start(*shell, *stage.console(to=unit))
         unit.received.clear()
         if 0 not in closed:
-            remote.stdin.write(b"wait open\nswitch muteSwitch on\nwait 0.1\nquit\n")
+            remote.stdin.write(b"wait open\npick sourcePicker 3\nwait 0.1\nquit\n")
             remote.stdin.close()
         ended(remote)
-        check(0 in closed or "Z1M1" in unit.received, f"without {closed}: the command did not leave")
-        check_kept(settings)
+        check(0 in closed or "Z1I4" in unit.received, f"without {closed}: the command did not leave")
         unit.received.clear()
         window = stage.window(to=unit, prefix=shell)
         unit.wait_for("APPQ0")
@@ -169,17 +249,21 @@ def no_error_reader(stage, times):
             os.close(writing)
 
 
-def check_limited(process, settings, what):
+def check_none(failed, limits):
+    """Nothing may have failed; else the reasons, with how often and under which of the limits first."""
+    reasons = collections.Counter(reason for _, reason in failed)
+    first = {reason: limit for limit, reason in reversed(failed)}
+    check(not failed, "; ".join(f"{count} of {len(limits)}, as with {first[reason]}: {reason}" for reason, count in reasons.most_common(3)))
+
+
+def check_limited(process, settings):
     """A program under a limit works, or says in one sentence why it does not; and it loses no settings."""
     complaint = process.complaint()
     if process.returncode == LOADER_FAILED:
-        check("error while loading shared libraries" in complaint, f"{what}: {complaint[:80]!r}")
+        check("error while loading shared libraries" in complaint, f"exit status 127 and {complaint[:80]!r}")
     elif process.returncode != 0 and "ok" not in getattr(process, "output", ""):
-        check(len(complaint.splitlines()) == 1, f"{what}: exit status 1 and {complaint[:80]!r}")
-    try:
-        check_kept(settings)
-    except NotSurvived as reason:
-        raise NotSurvived(f"{what}: {reason}") from None
+        check(len(complaint.splitlines()) == 1, f"exit status 1 and {complaint[:80]!r}")
+    check_kept(settings)
 
 
 def limited(stage, limits, words, demo):
@@ -196,19 +280,19 @@ def limited(stage, limits, words, demo):
         command = stage.console(*(("--demo",) if demo else ()), **to, settings=settings)
         try:
             run = stage.run(*words(limits[index]), *command, script="wait open 1\nget\nquit\n", allowed=(0, 1, LOADER_FAILED), patience=10)
-            check_limited(run, settings, limits[index])
+            check_limited(run, settings)
             if run.returncode == 0:
                 works.append(limits[index])
         except NotSurvived as reason:
-            failed.append(f"{limits[index]}: {reason}")
+            failed.append((limits[index], str(reason)))
 
     stage.at_once(play, len(limits))
-    check(not failed, f"{len(failed)} of {len(limits)} limits, with {failed[0]}" if failed else "")
+    check_none(failed, limits)
     return f"works from {min(works, default='no limit')} on"
 
 
-@fault("descriptor limits from 3 on", 40, False)
 @fault("descriptor limits from 3 on, --demo", 40, True)
+@fault("descriptor limits from 3 on", 40, False)
 def few_descriptors(stage, times, demo):
     return limited(stage, range(3, 3 + max(times, 20)), lambda limit: ("prlimit", f"--nofile={limit}", "--"), demo)
 
@@ -228,7 +312,7 @@ def few_threads(stage, times):
     return number
 
 
-def end_by_signals(window, what):
+def end_by_signals(window):
     """One signal ends it in order; a second one ends it however it stands."""
     for _ in range(2):
         if window.poll() is None:
@@ -236,14 +320,16 @@ def end_by_signals(window, what):
         try:
             return ended(window, (0, 1, LOADER_FAILED, -signal.SIGTERM), 3)
         except NotSurvived as reason:
+            if "GLib-ERROR" in str(reason):  # the toolkit gave up, and said why
+                return None
             if "does not end" not in str(reason):
-                raise NotSurvived(f"{what}: {reason}") from None
-    raise NotSurvived(f"{what}: hangs, and two signals do not end it")
+                raise
+    raise NotSurvived("hangs, and two signals do not end it")
 
 
-@fault("window with few threads", 8, lambda limit: f"--nproc={limit}")
-@fault("window with few descriptors", 40, lambda limit: f"--nofile={limit + 2}")
 @fault("window with little memory", 30, lambda limit: f"--as={20_000_000 + limit * 15_000_000}")
+@fault("window with few descriptors", 40, lambda limit: f"--nofile={limit + 2}")
+@fault("window with few threads", 8, lambda limit: f"--nproc={limit}")
 def limited_window(stage, times, option):
     words = stage.as_nobody() if "nproc" in option(1) else ()
     unit = Unit(stage)
@@ -262,13 +348,13 @@ def limited_window(stage, times, option):
                 time.sleep(0.02)
             if window.poll() is None:
                 works.append(limit)
-            end_by_signals(window, limit)
+            end_by_signals(window)
             check_kept(settings)
         except NotSurvived as reason:
-            failed.append(f"{limit}: {str(reason)}")
+            failed.append((limit, str(reason)))
 
     stage.at_once(play, times, 1 if words else 4)
-    check(not failed, f"{len(failed)} of {times} limits, with {failed[0]}" if failed else "")
+    check_none(failed, limits)
     return f"runs with {works[0]}" if works else ""
 
 
@@ -314,22 +400,3 @@ def window_signals(stage, times):
         check_kept(settings)
 
     stage.at_once(play, times)
-
-
-@fault("window of which the unit vanishes and returns", 20)
-def window_reconnects(stage, times):
-    unit = Unit(stage)
-    window = stage.window(to=unit)
-    unit.wait_for("APPQ0")
-    time.sleep(1)
-    before = resources(window)
-    for index in range(times):
-        link = unit.links[-1]
-        link.sendall(b"".join(unit.zone.answer())[: stage.random.randint(1, 2000)])
-        time.sleep(0.05)
-    unit.stop()
-    time.sleep(0.3)
-    check_flat(before, resources(window), 8192)
-    window.send_signal(signal.SIGINT)
-    ended(window)
-    check(window.complaint() == "", f"complains: {window.complaint()[:100]}")

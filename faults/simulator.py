@@ -1,5 +1,6 @@
 """Faults played against lumbra-unit-sim: its clients are no more to be trusted than a unit is."""
 
+import contextlib
 import signal
 import socket
 import time
@@ -80,7 +81,8 @@ def stopped_flood(stage, seconds):
     until = time.monotonic() + 3
     while time.monotonic() < until:
         most = max(most, resources(unit)["memory"])
-        link.recv(1 << 20)
+        with contextlib.suppress(ConnectionResetError):  # one that is too far behind may be dropped
+            link.recv(1 << 20)
     check(most < 64 * 1024, f"{most // 1024} MB")
     link.close()
     check_serves(stage, unit)
@@ -91,15 +93,15 @@ def stopped_flood(stage, seconds):
 def random_bytes(stage, times):
     unit = serve(stage)
     before = resources(unit)["memory"]
+    links = []
     for index in range(times):
-        link = client(stage, unit, stage.random.randbytes(stage.random.randint(0, 20000)) + b"[U1" * (index % 7 * 1000))
-        if index % 2:
-            link.close()
+        links.append(client(stage, unit, stage.random.randbytes(stage.random.randint(0, 20000)) + b"[U1" * (index % 7 * 1000)))
+        if len(links) > 30:
+            links.pop(stage.random.randrange(30)).close()
+    for link in links:
+        link.close()
+    time.sleep(0.3)
     grown = resources(unit)["memory"] - before
     check(grown < 16384, f"memory: {grown} kB more")
-    for index in range(64):
-        pass
-    stage.closing.close()
-    time.sleep(0.3)
     check_serves(stage, unit)
-    return f"{grown} kB more"
+    return f"{max(grown, 0)} kB more"

@@ -9,6 +9,7 @@ import json
 import os
 import pathlib
 import random
+import re
 import select
 import shutil
 import signal
@@ -74,6 +75,10 @@ def resources(process):
     return {"memory": int(field["VmRSS"]), "threads": int(field["Threads"]), "descriptors": descriptors}
 
 
+def without_paths(text):
+    return re.sub(r"/\S+/|\(process:\d+\)|\d\d:\d\d:\S+", "", text).replace("\n", " ")[:120]
+
+
 def ended(process, allowed=(0,), patience=PATIENCE):
     """Waits for the end and gives the status. Another one than allowed, or no end in time, is a fault."""
     try:
@@ -81,7 +86,7 @@ def ended(process, allowed=(0,), patience=PATIENCE):
     except subprocess.TimeoutExpired:
         raise NotSurvived(f"does not end within {patience} s") from None
     name = signal.Signals(-status).name if status < 0 else f"exit status {status}"
-    check(status in allowed, f"ended with {name}: {process.complaint()[:120]!r}")
+    check(status in allowed, f"ended with {name}, saying {without_paths(process.complaint())!r}")
     return status
 
 
@@ -203,7 +208,7 @@ class Remote:
         while b"\n" not in self.unread:
             left = until - time.monotonic()
             if left <= 0 or not select.select([self.process.stdout], [], [], left)[0]:
-                raise NotSurvived(f"no answer for {patience} s")
+                raise NotSurvived(f"no answer for {patience:.2g} s")
             if self.slowly:
                 time.sleep(0.005)
             piece = os.read(self.process.stdout.fileno(), 4096 if self.slowly else 1 << 18)
@@ -217,7 +222,9 @@ class Remote:
         """Reads until `is_last(object)`, and gives that object."""
         until = time.monotonic() + patience
         while True:
-            lines = self.lines(max(until - time.monotonic(), 0.001))
+            left = until - time.monotonic()
+            check(left > 0, f"no answer for {patience} s")
+            lines = self.lines(left)
             for index, line in enumerate(lines):
                 entry = parsed(line)
                 if "event" in entry:
