@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
+#include <poll.h>
 #include <unistd.h>
 #include <utility>
 
@@ -87,6 +88,14 @@ void LineEditor::prompt(std::string text) {
 }
 
 void LineEditor::readKeys() {
+    pollfd terminal{STDIN_FILENO, POLLIN, 0};
+    // The library says nothing of a terminal that has gone.
+    if (::poll(&terminal, 1, 0) == 1 && (terminal.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
+        prompting_ = false;
+        rl_callback_handler_remove();
+        delegate_.ended();
+        return;
+    }
     rl_callback_read_char();
 }
 

@@ -132,8 +132,9 @@ int runTouch(int& argc, char** argv, const Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // A reader that has gone is an error of a write.
+    // A reader that has gone and a file that may not grow are errors of a write.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     std::set_terminate(endOnException);
     openStandardDescriptors();
     QCoreApplication::setApplicationName(QStringLiteral("lumbra-remote"));
