@@ -15,7 +15,7 @@ using SettingValue = std::variant<std::string, std::int64_t, bool>;
 ///
 /// A typed getter converts what it finds where that has a plain meaning (a decimal text read as a number) and
 /// answers as for an absent key where it has none. A write is seen by every later read; it reaches the disk
-/// soon by itself, and before `flush` returns.
+/// soon by itself.
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
@@ -26,7 +26,7 @@ public:
     virtual void setValue(std::string_view key, SettingValue value) = 0;
     /// Makes `key` absent.
     virtual void remove(std::string_view key) = 0;
-    /// Writes what has changed to the disk.
+    /// Writes what has changed to the disk now, or as soon as it can without blocking.
     virtual void flush() = 0;
 
     /// The text under `key`; nothing where absent.
