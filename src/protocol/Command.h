@@ -6,13 +6,14 @@
 
 namespace lumbra {
 
-// Commands to the unit. A body is what stands between the unit's digit and the closing bracket; items (zones,
-// outputs, groups, inputs) are 0-based here and 1-based on the wire.
+// Commands to the unit. A body is what stands between the unit's digit and the closing bracket. Zones,
+// outputs, groups and inputs are 0-based here and 1-based on the wire. Ranges are the caller's to keep. Any
+// thread.
 
 /// The whole command as it goes on the wire: "[U", the unit's number, the body, "]".
 std::string frameCommand(std::int64_t unit, std::string_view body);
 
-/// Asks the unit for all that a screen shows.
+/// Asks the unit for all that a screen shows. Each screen has its number: a QUERY_NUMBER.
 std::string queryState(int query);
 /// Tells the unit the serial-port flag.
 std::string announceSerial(bool serial);
@@ -30,7 +31,7 @@ std::string setMute(ItemKind kind, std::int64_t item, bool on);
 std::string setPower(ItemKind kind, std::int64_t item, bool on);
 
 namespace detail {
-/// A letter or code, a 1-based number, and what follows it.
+/// A letter or code, the item's number on the wire, and what follows it.
 std::string itemCommand(std::string_view code, std::int64_t item, std::string_view rest);
 } // namespace detail
 

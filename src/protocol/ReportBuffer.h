@@ -10,8 +10,8 @@ namespace lumbra {
 
 /// Cuts the unit's byte stream into report texts: what stands between "(" and ")". One byte is one character.
 ///
-/// A text may be of any length, but no pattern reads past its first CAPACITY characters (the pattern tables
-/// are held to that when they are compiled), so no more of it is kept: a text without end costs nothing.
+/// A text may be of any length. No form reads past its first CAPACITY characters, which the compiler checks,
+/// so no more of it is kept and a text without an end costs nothing. Not for use by two threads at once.
 class ReportBuffer {
 public:
     static constexpr std::size_t CAPACITY = 64;

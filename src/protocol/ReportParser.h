@@ -105,7 +105,7 @@ bool take(Cursor& in, Captures& captures) {
     }
 }
 
-/// Reads the parts from FIRST to LAST of a row's form.
+/// Reads the parts of a row's form from FIRST up to, but not including, LAST.
 template <const auto& TABLE, std::size_t ROW, std::size_t FIRST, std::size_t LAST>
 bool takeParts(Cursor& in, Captures& captures) {
     return [&]<std::size_t... PART>(std::index_sequence<PART...>) {
