@@ -26,7 +26,7 @@ public:
     }
     /// A number from 0 to `count` - 1: the digit, where it is one below `count`.
     int number(int count) {
-        return (byte() - '0' + 256) % count;
+        return static_cast<std::uint8_t>(byte() - '0') % count;
     }
     /// Up to the end of the line, which is taken too and left out.
     std::string_view line() {
