@@ -1,4 +1,5 @@
-// A script for the console, over the whole application. The first line is "json" or "text". A line that begins with
+// A script for the console, over the whole application. The first line is "json" or "text". A line that
+// begins with
 // "~" is what happens meanwhile; the lines between two of these arrive in one piece, and so does their end:
 //
 //     ~o ~c ~e ~x    the output alone opens, both streams open, end, report an error
@@ -41,7 +42,8 @@ struct Program {
         if (::pipe2(input.data(), O_CLOEXEC) != 0)
             std::abort();
         console.emplace(remote.application, watcher,
-                        ConsoleOptions{.json = json, .input = input[0], .output = output}, [this](int status) {
+                        ConsoleOptions{.json = json, .input = input[0], .output = output},
+                        [this](int status) {
                             check(!exitStatus, "the program ended twice");
                             exitStatus = status;
                         });
@@ -63,7 +65,8 @@ struct Program {
         while (!exitStatus && watcher.run());
     }
     void type(std::string_view bytes) {
-        if (!bytes.empty() && ::write(input[1], bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
+        if (!bytes.empty() &&
+            ::write(input[1], bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
             std::abort();
         settle();
     }
@@ -133,7 +136,8 @@ struct Command {
     /// The first word as it stands: no quotes, no bytes that might not be text.
     bool isPlain() const {
         const auto first = word();
-        return std::all_of(first.begin(), first.end(), [](char c) { return c > ' ' && c < '\x7F' && c != '"'; });
+        return std::all_of(first.begin(), first.end(),
+                           [](char c) { return c > ' ' && c < '\x7F' && c != '"'; });
     }
     bool isQuit() const { return line == "quit" || line == "\"quit\""; }
 };
@@ -197,7 +201,8 @@ void readJson(std::string_view line, Replies& replies) {
     replies.add(line, ok);
 }
 
-/// In text, a reply is "ok", an error, the head of a state, or the first row of a table of settings or of the help.
+/// In text, a reply is "ok", an error, the head of a state, or the first row of a table of settings or of the
+/// help.
 void readText(std::string_view line, Replies& replies, std::size_t& rows) {
     check(std::none_of(line.begin(), line.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }),
           "a control character is printed", line);
@@ -206,12 +211,15 @@ void readText(std::string_view line, Replies& replies, std::size_t& rows) {
     if (line == "ok" || line.starts_with("error: ") || isState) {
         replies.add(line, begin != "error");
         rows = isState ? std::string_view::npos : 0;
-    } else if (line.starts_with("  ") && rows == std::string_view::npos && line.find("_preference") == std::string_view::npos && !line.starts_with("  help ")) {
+    } else if (line.starts_with("  ") && rows == std::string_view::npos &&
+               line.find("_preference") == std::string_view::npos && !line.starts_with("  help ")) {
         return; // a control
     } else if (line.starts_with("  ")) {
         if (rows == 0 || rows == std::string_view::npos) {
             const auto& command = replies.next(line);
-            rows = command.word() == "help" ? CommandInterpreter::commands().size() : command.isOneWord() ? 6 : 1;
+            rows = command.word() == "help" ? CommandInterpreter::commands().size()
+                   : command.isOneWord()    ? 6
+                                            : 1;
             replies.add(line, true);
         }
         --rows;

@@ -25,9 +25,7 @@ public:
         return byte.empty() ? 0 : static_cast<std::uint8_t>(byte[0]);
     }
     /// A number from 0 to `count` - 1: the digit, where it is one below `count`.
-    int number(int count) {
-        return static_cast<std::uint8_t>(byte() - '0') % count;
-    }
+    int number(int count) { return static_cast<std::uint8_t>(byte() - '0') % count; }
     /// Up to the end of the line, which is taken too and left out.
     std::string_view line() {
         const auto line = bytes_.substr(0, bytes_.find('\n'));

@@ -1,5 +1,5 @@
-// Any bytes that a unit may send, in pieces of any size, to any of the five screens; then a hand moves every control.
-// The first byte chooses the screen, the second the unit's number, the third the size of the pieces:
+// Any bytes that a unit may send, in pieces of any size, to any of the five screens; then a hand moves every
+// control. The first byte chooses the screen, the second the unit's number, the third the size of the pieces:
 //
 //     01@(U1Z3V-35)(U1Z3M1)
 

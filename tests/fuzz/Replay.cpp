@@ -9,8 +9,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Runs a fuzz target on every file of the folder that is named. A check that fails aborts; the last file named is then
-/// the one.
+/// Runs a fuzz target on every file of the folder that is named. A check that fails aborts; the last file
+/// named is then the one.
 int main(int argc, char** argv) {
     int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(argc > 1 ? argv[1] : ".")) {
