@@ -62,6 +62,12 @@ ApplicationHost::ApplicationHost(const Options& options)
         Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_});
 }
 
-ApplicationHost::~ApplicationHost() = default;
+ApplicationHost::~ApplicationHost() {
+    // The worker's work uses the connection, the streams and the reachability; what it and the application have posted
+    // may hold the last references to screens and sockets.
+    worker_.stop();
+    application_.reset();
+    queue_.drop();
+}
 
 } // namespace lumbra

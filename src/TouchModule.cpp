@@ -19,6 +19,8 @@ using namespace lumbra;
 namespace {
 
 int run(int& argc, char** argv, const Options& options) {
+    // A signal ends the program as the closed window does: the unit's link is closed and the settings are written.
+    const SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
     std::optional<DisplayGuard> guard(std::in_place);
     const QGuiApplication qt(argc, argv);
     guard.reset();
@@ -31,8 +33,6 @@ int run(int& argc, char** argv, const Options& options) {
         return 1;
     }
     TouchFrontEnd touch(host.application(), {.fullscreen = options.fullscreen});
-    // A signal ends it as the closed window does: the unit's link is closed and the settings are written.
-    const SignalPipe signals({SIGTERM, SIGINT, SIGHUP});
     QtDescriptorWatcher watcher;
     const auto watch = watcher.watchReadable(signals.descriptor(), &QCoreApplication::quit);
     return touch.show() ? QGuiApplication::exec() : 1;

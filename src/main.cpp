@@ -10,9 +10,17 @@
 #include <QFileInfo>
 #include <QLibrary>
 
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <fcntl.h>
+#include <latch>
+#include <new>
+#include <system_error>
+#include <thread>
 #include <unistd.h>
+#include <vector>
 
 using namespace lumbra;
 
@@ -25,6 +33,24 @@ void complain(const QString& sentence) {
     std::fprintf(stderr, "lumbra-remote: %s\n", qPrintable(sentence.simplified()));
 }
 
+/// Ends the program on an exception: with a sentence where the system refused something. Any other one is an error of
+/// the program itself, and leaves a core.
+[[noreturn]] void endOnException() {
+    try {
+        if (const auto exception = std::current_exception())
+            std::rethrow_exception(exception);
+        std::abort();
+    } catch (const std::bad_alloc&) {
+        std::fputs("lumbra-remote: The system gives this program too little memory.\n", stderr);
+    } catch (const std::system_error& error) {
+        std::fprintf(stderr, "lumbra-remote: The system refused what the program needs (%s).\n",
+                     error.what());
+    } catch (...) {
+        std::abort();
+    }
+    std::_Exit(FAILURE);
+}
+
 /// A standard descriptor that the parent has closed must not become a socket of ours.
 void openStandardDescriptors() {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
@@ -32,7 +58,42 @@ void openStandardDescriptors() {
             ::open("/dev/null", O_RDWR); // takes the lowest one that is free
 }
 
+// What a start takes at the least. Where the toolkit gets less it aborts, or waits for ever.
+constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
+constexpr std::size_t WINDOW_DESCRIPTORS = 48;
+constexpr std::size_t WINDOW_THREADS = 8;
+
+bool canOpen(std::size_t count) {
+    std::vector<int> opened;
+    while (opened.size() < count) {
+        const int descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+        if (descriptor == -1)
+            break;
+        opened.push_back(descriptor);
+    }
+    for (const int descriptor : opened)
+        ::close(descriptor);
+    return opened.size() == count;
+}
+
+bool canRun(std::size_t count) {
+    std::latch all(1);
+    std::vector<std::jthread> threads;
+    try {
+        while (threads.size() < count)
+            threads.emplace_back([&all] { all.wait(); });
+    } catch (const std::system_error&) {
+    }
+    all.count_down();
+    return threads.size() == count;
+}
+
 int runConsole(int& argc, char** argv, const Options& options) {
+    if (!canOpen(CONSOLE_DESCRIPTORS)) {
+        complain(
+            QStringLiteral("The system gives this program too few file descriptors; see \"ulimit -n\"."));
+        return FAILURE;
+    }
     const QCoreApplication qt(argc, argv);
     ApplicationHost host(options);
     if (!host.error().isEmpty()) {
@@ -45,15 +106,26 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
-/// Beside the program where it was built, in the library folder where it is installed.
+/// The touch screens' module: beside the program where it was built, in the library folder where it is installed. Always
+/// an absolute path: a module must never come from the working folder.
 QString touchModule() {
-    const QDir folder = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).dir();
     const QString name = QStringLiteral("lumbra-touch.so");
-    return folder.exists(name) ? folder.filePath(name)
-                               : folder.filePath(QStringLiteral("../" LUMBRA_MODULE_FOLDER "/") + name);
+    const QFileInfo program(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))); // empty without /proc
+    if (program.isAbsolute())
+        for (const auto* folder : {"", "../" LUMBRA_MODULE_FOLDER "/"})
+            if (const auto file = program.dir().filePath(QLatin1String(folder) + name);
+                QFileInfo::exists(file))
+                return file;
+    return QStringLiteral(LUMBRA_INSTALLED_MODULE_FOLDER "/") + name;
 }
 
 int runTouch(int& argc, char** argv, const Options& options) {
+    if (!canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
+        complain(QStringLiteral(
+            "The system gives this program too few file descriptors or threads for a window; see "
+            "\"ulimit -n\" and \"ulimit -u\". --console needs fewer."));
+        return FAILURE;
+    }
     QLibrary module(touchModule());
     const auto run = reinterpret_cast<RunTouch>(module.resolve("runTouch"));
     if (!run) {
@@ -67,6 +139,9 @@ int runTouch(int& argc, char** argv, const Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // A reader that has gone is an error of a write.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::set_terminate(endOnException);
     openStandardDescriptors();
     QCoreApplication::setApplicationName(QStringLiteral("lumbra-remote"));
     QCoreApplication::setApplicationVersion(QStringLiteral(LUMBRA_VERSION));
@@ -84,5 +159,9 @@ int main(int argc, char** argv) {
         return 0;
     }
     const auto& options = std::get<Options>(parsed);
-    return options.console ? runConsole(argc, argv, options) : runTouch(argc, argv, options);
+    try {
+        return options.console ? runConsole(argc, argv, options) : runTouch(argc, argv, options);
+    } catch (...) { // what it leaves on its way here puts the terminal back
+        endOnException();
+    }
 }

@@ -36,4 +36,12 @@ inline constexpr std::array<SettingEntry, 6> SETTINGS{{
     {ADVANCED_MODE_PREFERENCE, SettingEntry::Type::Flag, "Advanced mode"},
 }};
 
+/// The entry of that key; null where there is none.
+constexpr const SettingEntry* findSetting(std::string_view key) {
+    for (const auto& entry : SETTINGS)
+        if (entry.key == key)
+            return &entry;
+    return nullptr;
+}
+
 } // namespace lumbra

@@ -1,14 +1,10 @@
 #include "console/CommandInterpreter.h"
 
 #include "app/Settings.h"
+#include "console/CommandWords.h"
 #include "console/Numbers.h"
 #include "console/Words.h"
-#include "toolkit/ActivityIndicator.h"
-#include "toolkit/Button.h"
-#include "toolkit/Picker.h"
-#include "toolkit/SegmentedControl.h"
-#include "toolkit/Slider.h"
-#include "toolkit/Switch.h"
+#include "toolkit/Controls.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +12,7 @@
 #include <optional>
 #include <utility>
 
-namespace lumbra {
+namespace lumbra::console {
 
 struct CommandTable {
     using I = CommandInterpreter;
@@ -49,23 +45,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::chrono::nanoseconds LONGEST_ANSWER = 5s;
-
-struct LifecycleEvent {
-    std::string_view name;
-    std::array<void (Application::*)(), 2> steps;
-};
-constexpr std::array<LifecycleEvent, 6> LIFECYCLE_EVENTS{{
-    {"resign-active", {&Application::resignActive}},
-    {"enter-background", {&Application::enterBackground}},
-    {"enter-foreground", {&Application::enterForeground}},
-    {"become-active", {&Application::becomeActive}},
-    {"away", {&Application::resignActive, &Application::enterBackground}},
-    {"back", {&Application::enterForeground, &Application::becomeActive}},
-}};
-constexpr std::array<std::string_view, 3> SWITCH_POSITIONS{"on", "off", "toggle"};
-constexpr std::array<std::string_view, 3> AWAITED{"answer", "open", "closed"};
-constexpr std::array<std::string_view, 2> FLAGS{"true", "false"};
+/// How long a wait takes at most unless the command says otherwise.
+constexpr std::optional<std::chrono::nanoseconds> LONGEST_ANSWER = 5s;
 
 /// "one", "one and two", "one, two and three".
 template <class Range, class NameOf>
@@ -80,54 +61,9 @@ std::string listed(const Range& range, NameOf nameOfElement) {
     return list;
 }
 
-std::string_view kindInWords(Control::Kind kind) {
-    switch (kind) {
-    case Control::Kind::Picker:
-        return "a picker";
-    case Control::Kind::Slider:
-        return "a slider";
-    case Control::Kind::Switch:
-        return "a switch";
-    case Control::Kind::Segmented:
-        return "a segmented control";
-    case Control::Kind::Label:
-        return "a label";
-    case Control::Kind::ActivityIndicator:
-        return "an activity indicator";
-    case Control::Kind::Button:
-        return "a button";
-    }
-    return {};
-}
-
-template <class Type>
-constexpr Control::Kind KIND = Control::Kind::Label;
-template <>
-constexpr Control::Kind KIND<Picker> = Control::Kind::Picker;
-template <>
-constexpr Control::Kind KIND<Slider> = Control::Kind::Slider;
-template <>
-constexpr Control::Kind KIND<Switch> = Control::Kind::Switch;
-template <>
-constexpr Control::Kind KIND<SegmentedControl> = Control::Kind::Segmented;
-template <>
-constexpr Control::Kind KIND<Button> = Control::Kind::Button;
-
-std::optional<Control::Kind> kindOf(Argument argument) {
-    switch (argument) {
-    case Argument::Picker:
-        return Control::Kind::Picker;
-    case Argument::Slider:
-        return Control::Kind::Slider;
-    case Argument::Switch:
-        return Control::Kind::Switch;
-    case Argument::Segmented:
-        return Control::Kind::Segmented;
-    case Argument::Button:
-        return Control::Kind::Button;
-    default:
-        return std::nullopt;
-    }
+std::string withArticle(std::string_view noun) {
+    return (std::string_view("aeiou").find(noun.front()) == std::string_view::npos ? "a " : "an ") +
+           std::string(noun);
 }
 
 /// Picks one of the `count` things called `what` by the position in `text`.
@@ -147,12 +83,6 @@ Outcome choose(const std::string& control, std::string_view what, const std::str
     return Done{};
 }
 
-const SettingEntry* findSetting(const std::string& key) {
-    const auto* found = std::find_if(SETTINGS.begin(), SETTINGS.end(),
-                                     [&](const SettingEntry& entry) { return entry.key == key; });
-    return found == SETTINGS.end() ? nullptr : found;
-}
-
 Failed noSuchSetting(const std::string& key) {
     return {key + ": no such setting; there are " +
             listed(SETTINGS, [](const SettingEntry& entry) { return entry.key; })};
@@ -160,12 +90,18 @@ Failed noSuchSetting(const std::string& key) {
 
 } // namespace
 
-CommandInterpreter::CommandInterpreter(Application& application, Report& report,
+CommandInterpreter::CommandInterpreter(Application& application, Printer& printer,
                                        std::function<void()> resumed)
-    : application_(application), report_(report), resumed_(std::move(resumed)) {}
+    : application_(application), printer_(printer), resumed_(std::move(resumed)) {}
 
 std::span<const ConsoleCommand> CommandInterpreter::commands() {
     return CommandTable::COMMANDS;
+}
+
+const ConsoleCommand* CommandInterpreter::find(std::string_view name) {
+    const auto found = std::find_if(commands().begin(), commands().end(),
+                                    [&](const ConsoleCommand& known) { return known.name() == name; });
+    return found == commands().end() ? nullptr : &*found;
 }
 
 void CommandInterpreter::execute(const Line& line) {
@@ -176,15 +112,14 @@ void CommandInterpreter::execute(const Line& line) {
     if (words.empty() && error.empty())
         return;
     command_ = words.empty() ? std::string() : words.front();
-    const auto* command = std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
-                                       [&](const ConsoleCommand& known) { return known.name() == command_; });
+    const auto* command = find(command_);
     const auto arguments = Arguments(words).subspan(words.empty() ? 0 : 1);
     if (line.tooLong)
         answer(command_,
                Failed{"a line may have at most " + std::to_string(LineBuffer::MAX_LINE) + " bytes"});
     else if (!error.empty())
         answer(command_, Failed{error});
-    else if (command == CommandTable::COMMANDS.end())
+    else if (!command)
         answer(command_, Failed{command_ + ": no such command; \"help\" lists those there are"});
     else if (arguments.size() < command->fewest || arguments.size() > command->most)
         answer(command_, Failed{command->most == 0 ? command_ + " stands alone"
@@ -195,10 +130,10 @@ void CommandInterpreter::execute(const Line& line) {
 
 void CommandInterpreter::answer(std::string_view command, const Outcome& outcome) {
     if (std::holds_alternative<Done>(outcome))
-        report_.done(command);
+        printer_.done(command);
     if (const auto* failed = std::get_if<Failed>(&outcome)) {
         hasFailed_ = true;
-        report_.failed(command, failed->error);
+        printer_.failed(command, failed->error);
     }
 }
 
@@ -212,13 +147,13 @@ const View& CommandInterpreter::screen() const {
 }
 
 Outcome CommandInterpreter::help(Arguments) {
-    report_.help(command_, commands());
+    printer_.help(command_, commands());
     return Answered{};
 }
 
 Outcome CommandInterpreter::state(Arguments) {
-    report_.state(command_, application_.tabs(), application_.alerts().shown(),
-                  application_.link().linkState());
+    printer_.state(command_, application_.tabs(), application_.alerts().shown(),
+                   application_.link().linkState());
     return Answered{};
 }
 
@@ -245,9 +180,9 @@ Outcome CommandInterpreter::move(const std::string& name, Move moveControl) {
     const auto control = screen().find(name);
     if (!control)
         return Failed{name + ": no such control on the " + screen().name() + " screen"};
-    if (control->kind() != KIND<Type>)
-        return Failed{name + ": " + std::string(kindInWords(control->kind())) + ", not " +
-                      std::string(kindInWords(KIND<Type>))};
+    if (control->kind() != Type::KIND)
+        return Failed{name + ": " + withArticle(nameOf(control->kind())) + ", not " +
+                      withArticle(nameOf(Type::KIND))};
     if (!control->isEnabled())
         return Failed{name + ": disabled"};
     return moveControl(static_cast<Type&>(*control));
@@ -273,7 +208,7 @@ Outcome CommandInterpreter::slide(Arguments arguments) {
 Outcome CommandInterpreter::flip(Arguments arguments) {
     return move<Switch>(arguments[0], [&](Switch& control) -> Outcome {
         const auto& position = arguments[1];
-        if (std::find(SWITCH_POSITIONS.begin(), SWITCH_POSITIONS.end(), position) == SWITCH_POSITIONS.end())
+        if (!contains(SWITCH_POSITIONS, position))
             return Failed{arguments[0] + ": no position \"" + position + "\"; there are on, off and toggle"};
         control.flipByUser(position == "toggle" ? !control.isOn() : position == "on");
         return Done{};
@@ -307,7 +242,7 @@ Outcome CommandInterpreter::get(Arguments arguments) {
             stored.push_back({entry.key, application_.settings().value(entry.key)});
     if (stored.empty())
         return noSuchSetting(arguments[0]);
-    report_.settings(command_, stored);
+    printer_.settings(command_, stored);
     return Answered{};
 }
 
@@ -324,7 +259,7 @@ Outcome CommandInterpreter::set(Arguments arguments) {
             return Failed{key + ": \"" + text + "\" is not a whole number"};
         value = *number;
     } else if (entry->type == SettingEntry::Type::Flag) {
-        if (std::find(FLAGS.begin(), FLAGS.end(), text) == FLAGS.end())
+        if (!contains(FLAGS, text))
             return Failed{key + ": \"" + text + "\" is neither true nor false"};
         value = text == "true";
     }
@@ -355,61 +290,48 @@ Outcome CommandInterpreter::app(Arguments arguments) {
 
 Outcome CommandInterpreter::wait(Arguments arguments) {
     const auto& awaited = arguments[0];
-    if (const auto time = parseSeconds(awaited); time && arguments.size() == 1) {
-        held_ = std::make_shared<Wait>(Wait{command_, nullptr, {}});
-        application_.queue().postAfter(*time, [this, weak = std::weak_ptr(held_)] { endHeld(weak, Done{}); });
+    const auto hold = [this](auto&&... waitArguments) {
+        held_.emplace(application_.queue(), std::forward<decltype(waitArguments)>(waitArguments)...,
+                      [this, command = command_](const Outcome& outcome) {
+                          held_.reset();
+                          answer(command, outcome);
+                          resumed_();
+                      });
         return Held{};
-    }
-    auto longest = std::optional(LONGEST_ANSWER);
-    if (arguments.size() == 2)
-        longest = parseSeconds(arguments[1]);
+    };
+    if (const auto time = parseSeconds(awaited); time && arguments.size() == 1)
+        return hold(*time);
+    const auto longest = arguments.size() == 2 ? parseSeconds(arguments[1]) : LONGEST_ANSWER;
     if (!longest)
         return Failed{"\"" + arguments[1] + "\" is not a time in seconds"};
 
     auto& link = application_.link();
+    const auto linkInWords = [&link] { return std::string(nameOf(link.linkState())); };
     if (awaited == "answer") {
         const auto spinner = std::static_pointer_cast<ActivityIndicator>(screen().find("spinner"));
-        held_ = std::make_shared<Wait>(Wait{command_, [spinner] { return !spinner->isAnimating(); },
-                                            spinner->onChange([this] { checkHeld(); })});
-    } else if (awaited == "open" || awaited == "closed") {
+        return hold(*longest,
+                    PendingWait::Condition{
+                        .isMet = [spinner] { return !spinner->isAnimating(); },
+                        .observe = [spinner](auto changed) { return spinner->onChange(std::move(changed)); },
+                        .explain =
+                            [linkInWords] {
+                                return "the unit has not answered in time; the link is " + linkInWords();
+                            }});
+    }
+    if (contains(AWAITED, awaited)) {
         const auto state = awaited == "open" ? LinkState::Open : LinkState::Closed;
-        held_ = std::make_shared<Wait>(Wait{command_, [&link, state] { return link.linkState() == state; },
-                                            link.onLinkChange([this] { checkHeld(); })});
-    } else if (arguments.size() == 2) {
+        return hold(*longest,
+                    PendingWait::Condition{
+                        .isMet = [&link, state] { return link.linkState() == state; },
+                        .observe = [&link](auto changed) { return link.onLinkChange(std::move(changed)); },
+                        .explain =
+                            [linkInWords, awaited = awaited] {
+                                return "the link is still " + linkInWords() + ", not " + awaited;
+                            }});
+    }
+    if (arguments.size() == 2)
         return Failed{"\"" + awaited + "\" can't be waited for; there are answer, open and closed"};
-    } else {
-        return Failed{"\"" + awaited + "\" is neither a time in seconds nor answer, open or closed"};
-    }
-    checkHeld();
-    if (!held_->isEnding) {
-        application_.queue().postAfter(*longest, [this, weak = std::weak_ptr(held_), awaited = awaited] {
-            const auto wait = weak.lock();
-            if (!wait || wait->isEnding)
-                return;
-            const auto now = std::string(nameOf(application_.link().linkState()));
-            endHeld(weak, Failed{awaited == "answer" ? "the unit has not answered in time; the link is " + now
-                                                     : "the link is still " + now + ", not " + awaited});
-        });
-    }
-    return Held{};
-}
-
-void CommandInterpreter::checkHeld() {
-    if (held_->isEnding || !held_->isOver())
-        return;
-    held_->isEnding = true;
-    // What the application has posted by now, as the query of a link that has just opened, comes before the
-    // next command.
-    application_.queue().post([this, weak = std::weak_ptr(held_)] { endHeld(weak, Done{}); });
-}
-
-void CommandInterpreter::endHeld(const std::weak_ptr<Wait>& weak, const Outcome& outcome) {
-    const auto wait = weak.lock();
-    if (!wait)
-        return;
-    held_.reset();
-    answer(wait->command, outcome);
-    resumed_();
+    return Failed{"\"" + awaited + "\" is neither a time in seconds nor answer, open or closed"};
 }
 
 Outcome CommandInterpreter::quit(Arguments) {
@@ -417,57 +339,4 @@ Outcome CommandInterpreter::quit(Arguments) {
     return Done{};
 }
 
-std::vector<std::string> CommandInterpreter::completions(std::string_view line) const {
-    const auto start = line.find_last_of(" \t") + 1;
-    const auto begun = line.substr(start);
-    const auto before = splitWords(line.substr(0, start)).words;
-
-    std::vector<std::string> words;
-    const auto offer = [&](std::string_view word) {
-        if (word.starts_with(begun))
-            words.emplace_back(word);
-    };
-    if (before.empty()) {
-        for (const auto& command : commands())
-            offer(command.name());
-        return words;
-    }
-    const auto* command =
-        std::find_if(CommandTable::COMMANDS.begin(), CommandTable::COMMANDS.end(),
-                     [&](const ConsoleCommand& known) { return known.name() == before[0]; });
-    if (command == CommandTable::COMMANDS.end() || before.size() > command->kinds.size())
-        return words;
-    const auto argument = command->kinds[before.size() - 1];
-    switch (argument) {
-    case Argument::Tab:
-        for (const auto& controller : application_.tabs().viewControllers())
-            offer(controller->view().name());
-        break;
-    case Argument::Position:
-        std::for_each(SWITCH_POSITIONS.begin(), SWITCH_POSITIONS.end(), offer);
-        break;
-    case Argument::SettingKey:
-        for (const auto& entry : SETTINGS)
-            offer(entry.key);
-        break;
-    case Argument::StoredValue:
-        if (const auto* entry = findSetting(before[1]); entry && entry->type == SettingEntry::Type::Flag)
-            std::for_each(FLAGS.begin(), FLAGS.end(), offer);
-        break;
-    case Argument::Event:
-        for (const auto& event : LIFECYCLE_EVENTS)
-            offer(event.name);
-        break;
-    case Argument::Awaited:
-        std::for_each(AWAITED.begin(), AWAITED.end(), offer);
-        break;
-    default:
-        for (const auto& item : screen().items())
-            if (kindOf(argument) == item.control->kind())
-                offer(item.name);
-        break;
-    }
-    return words;
-}
-
-} // namespace lumbra
+} // namespace lumbra::console

@@ -3,34 +3,35 @@
 #include "app/Application.h"
 #include "console/ConsoleCommand.h"
 #include "console/LineBuffer.h"
-#include "console/Report.h"
-#include "toolkit/Signal.h"
+#include "console/PendingWait.h"
+#include "console/Printer.h"
 
 #include <functional>
-#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
-namespace lumbra {
+namespace lumbra::console {
 
 /// Carries out the console's commands, one after another, and answers each with exactly one reply. Main
 /// thread only.
 class CommandInterpreter {
 public:
-    /// `application` and `report` outlive the interpreter. `resumed` is called in a turn of its own each time
-    /// a command that held back the others has been answered.
-    CommandInterpreter(Application& application, Report& report, std::function<void()> resumed);
+    /// `application` and `printer` outlive the interpreter. `resumed` is called, in a turn of its own, after
+    /// each wait has been answered.
+    CommandInterpreter(Application& application, Printer& printer, std::function<void()> resumed);
 
     /// All commands, in the order in which they are listed.
     static std::span<const ConsoleCommand> commands();
+    /// The command of that name; null where there is none.
+    static const ConsoleCommand* find(std::string_view name);
 
     /// Carries out one line; an empty one or a comment is nothing. Not while `isHeld` or once `hasQuit`.
     void execute(const Line& line);
 
     /// A wait holds back the commands behind it.
-    bool isHeld() const { return held_ != nullptr; }
+    bool isHeld() const { return held_.has_value(); }
     /// A command was answered with an error.
     bool hasFailed() const { return hasFailed_; }
     /// The application has terminated.
@@ -39,20 +40,9 @@ public:
     /// Terminates the application, once.
     void terminate();
 
-    /// The words that may stand where `line` ends, each of which begins with the word that `line` ends with.
-    std::vector<std::string> completions(std::string_view line) const;
-
 private:
     friend struct CommandTable;
     using Arguments = std::span<const std::string>;
-
-    /// A wait that is not over yet.
-    struct Wait {
-        std::string command;
-        std::function<bool()> isOver; ///< null where only time is awaited
-        Subscription change;          ///< of what `isOver` looks at
-        bool isEnding = false;
-    };
 
     Outcome help(Arguments arguments);
     Outcome state(Arguments arguments);
@@ -75,17 +65,15 @@ private:
     Outcome move(const std::string& name, Move moveControl);
 
     const View& screen() const;
-    void checkHeld();
-    void endHeld(const std::weak_ptr<Wait>& weak, const Outcome& outcome);
     void answer(std::string_view command, const Outcome& outcome);
 
     Application& application_;
-    Report& report_;
+    Printer& printer_;
     std::function<void()> resumed_;
-    std::string command_;        ///< the first word of the one being carried out
-    std::shared_ptr<Wait> held_; ///< the only reference, so that what is still posted ends with it
+    std::string command_; ///< the first word of the one being carried out
+    std::optional<PendingWait> held_;
     bool hasFailed_ = false;
     bool hasQuit_ = false;
 };
 
-} // namespace lumbra
+} // namespace lumbra::console

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-namespace lumbra {
+namespace lumbra::console {
 
 class CommandInterpreter;
 
@@ -24,25 +24,29 @@ enum class Argument : std::uint8_t {
     Position, ///< of a switch
     SettingKey,
     StoredValue,
-    Event, ///< of the application's life
+    Event, ///< a lifecycle event
     Awaited,
     Number,
 };
 
-// What a command came to.
+/// The command was carried out.
 struct Done {};
+/// The command was refused, or what it waited for did not happen.
 struct Failed {
     std::string error; ///< a sentence a person can act on
 };
-struct Answered {}; ///< the reply is given already
-struct Held {};     ///< the reply comes later
+/// The reply is printed already.
+struct Answered {};
+/// The reply comes later.
+struct Held {};
+/// The result of a command.
 using Outcome = std::variant<Done, Failed, Answered, Held>;
 
-/// A command's name, its arguments and what it does: all that the console knows of it.
+/// All that the console knows of a command: its name, its arguments and the function that carries it out.
 struct ConsoleCommand {
-    std::string_view usage; ///< its name and its arguments, as a person is told
+    std::string_view usage; ///< name and arguments, as help shows them
     std::string_view help;
-    std::size_t fewest; ///< arguments
+    std::size_t fewest; ///< number of arguments
     std::size_t most;
     std::array<Argument, 2> kinds;
     Outcome (CommandInterpreter::*run)(std::span<const std::string> arguments);
@@ -50,4 +54,4 @@ struct ConsoleCommand {
     constexpr std::string_view name() const { return usage.substr(0, usage.find(' ')); }
 };
 
-} // namespace lumbra
+} // namespace lumbra::console

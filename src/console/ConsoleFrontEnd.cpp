@@ -1,7 +1,8 @@
 #include "console/ConsoleFrontEnd.h"
 
-#include "console/JsonReport.h"
-#include "console/TextReport.h"
+#include "console/Completion.h"
+#include "console/JsonPrinter.h"
+#include "console/TextPrinter.h"
 
 #include <array>
 #include <cerrno>
@@ -15,11 +16,13 @@
 
 namespace lumbra {
 
+using namespace console;
+
 namespace {
 
 // Commands of one turn of the main loop: a flood of them leaves room for the unit.
 constexpr int COMMANDS_A_TURN = 16;
-constexpr std::chrono::milliseconds CONGESTION_PAUSE{2};
+constexpr std::chrono::milliseconds FULL_OUTPUT_PAUSE{2};
 
 bool canEditLines(const ConsoleOptions& options) {
     const char* terminal =
@@ -38,28 +41,26 @@ ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& wa
       options_(options),
       quit_(std::move(quit)),
       inputIsTerminal_(::isatty(options.input) != 0),
-      endSignals_({SIGTERM, SIGINT, SIGHUP}),
-      windowSignals_({SIGWINCH, SIGCONT}),
+      endSignals_({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First),
+      windowSignals_({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every),
       editor_(canEditLines(options)
                   ? std::make_unique<LineEditor>(LineEditor::Delegate{
                         [this](std::string line) { typed_.push_back({std::move(line)}); },
                         [this] { inputEnded_ = true; },
-                        [this](std::string_view line) { return interpreter_.completions(line); }})
+                        [this](std::string_view line) { return completions(application_, line); }})
                   : nullptr),
       output_(options.output, endSignals_.descriptor(), application.queue(),
               editor_ ? std::function<void(bool)>(
                             [this](bool begins) { begins ? editor_->hide() : editor_->show(); })
                       : nullptr),
-      report_(options.json ? std::unique_ptr<Report>(std::make_unique<JsonReport>(output_))
-                           : std::make_unique<TextReport>(output_)),
-      events_(application, *report_),
-      interpreter_(application, *report_, [this] { pump(); }) {}
+      printer_(options.json ? std::unique_ptr<Printer>(std::make_unique<JsonPrinter>(output_))
+                            : std::make_unique<TextPrinter>(output_)),
+      events_(application, *printer_, output_),
+      interpreter_(application, *printer_, [this] { pump(); }) {}
 
 ConsoleFrontEnd::~ConsoleFrontEnd() = default;
 
 void ConsoleFrontEnd::start() {
-    // A closed output is an error of a write.
-    std::signal(SIGPIPE, SIG_IGN);
     application_.launch();
     output_.flush();
     endWatch_ = watcher_.watchReadable(endSignals_.descriptor(), [this] { end(true); });
@@ -108,7 +109,7 @@ void ConsoleFrontEnd::pump() {
     // While commands wait the input does too, so that they are all that is kept of it.
     inputWatch_->setEnabled(false);
     for (int count = 0; !interpreter_.isHeld(); ++count) {
-        if (count == COMMANDS_A_TURN || output_.isCongested()) {
+        if (count == COMMANDS_A_TURN || output_.isFull()) {
             pumpLater();
             return;
         }
@@ -139,8 +140,8 @@ void ConsoleFrontEnd::pumpLater() {
         if (!weak.expired())
             pump();
     };
-    if (output_.isCongested())
-        application_.queue().postAfter(CONGESTION_PAUSE, std::move(work));
+    if (output_.isFull())
+        application_.queue().postAfter(FULL_OUTPUT_PAUSE, std::move(work));
     else
         application_.queue().post(std::move(work));
 }
@@ -152,6 +153,7 @@ void ConsoleFrontEnd::end(bool atOnce) {
     endWatch_.reset();
     windowWatch_.reset();
     interpreter_.terminate();
+    events_.printGathered();
     if (atOnce)
         output_.flush();
     else

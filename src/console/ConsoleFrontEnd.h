@@ -6,7 +6,7 @@
 #include "console/EventReporter.h"
 #include "console/LineBuffer.h"
 #include "console/LineEditor.h"
-#include "console/Report.h"
+#include "console/Printer.h"
 #include "platform/DescriptorWatch.h"
 #include "platform/SignalPipe.h"
 
@@ -42,7 +42,7 @@ private:
     void readWindowSignals();
     void pump();
     void pumpLater();
-    std::optional<Line> nextLine();
+    std::optional<console::Line> nextLine();
     void end(bool atOnce);
 
     Application& application_;
@@ -53,14 +53,14 @@ private:
 
     SignalPipe endSignals_;
     SignalPipe windowSignals_;
-    std::unique_ptr<LineEditor> editor_; ///< on a terminal only
-    DescriptorOutput output_;
-    std::unique_ptr<Report> report_;
-    EventReporter events_;
-    CommandInterpreter interpreter_;
+    std::unique_ptr<console::LineEditor> editor_; ///< on a terminal only
+    console::DescriptorOutput output_;
+    std::unique_ptr<console::Printer> printer_;
+    console::EventReporter events_;
+    console::CommandInterpreter interpreter_;
 
-    LineBuffer lines_;
-    std::deque<Line> typed_;
+    console::LineBuffer lines_;
+    std::deque<console::Line> typed_;
     bool inputEnded_ = false;
     bool ended_ = false;
     std::unique_ptr<DescriptorWatch> inputWatch_;

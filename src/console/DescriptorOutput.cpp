@@ -8,12 +8,12 @@
 #include <unistd.h>
 #include <utility>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
-// How often a reader that has fallen behind is looked at.
-constexpr std::chrono::milliseconds PATIENCE{5};
+// How often a reader that is behind is offered the rest.
+constexpr std::chrono::milliseconds OFFER_INTERVAL{5};
 
 } // namespace
 
@@ -25,9 +25,9 @@ void DescriptorOutput::write(std::string_view lines) {
     if (closed_)
         return;
     pending_ += lines;
-    if (pending_.size() - written_ > MOST_PENDING)
-        writeDownTo(MOST_PENDING);
-    if (!scheduled_)
+    if (!behind_ && pending_.size() >= FLUSH_SIZE)
+        flush();
+    else if (!scheduled_)
         scheduleFlush(false);
 }
 
@@ -40,42 +40,37 @@ void DescriptorOutput::scheduleFlush(bool later) {
         flush();
     };
     if (later)
-        queue_.postAfter(PATIENCE, std::move(work));
+        queue_.postAfter(OFFER_INTERVAL, std::move(work));
     else
         queue_.post(std::move(work));
 }
 
 void DescriptorOutput::flush() {
-    writeDownTo(pending_.size());
-    if (!pending_.empty() && !scheduled_)
+    writePending(false);
+    const bool wasBehind = std::exchange(behind_, !pending_.empty());
+    if (behind_ && !scheduled_)
         scheduleFlush(true);
+    if (wasBehind && !behind_ && caughtUp_)
+        caughtUp_();
 }
 
 void DescriptorOutput::finish() {
-    writeDownTo(0);
+    writePending(true);
 }
 
-bool DescriptorOutput::waitForReader(int milliseconds) {
+bool DescriptorOutput::isWritable(int milliseconds) {
     pollfd descriptors[] = {{descriptor_, POLLOUT, 0}, {interrupt_, POLLIN, 0}};
     while (::poll(descriptors, 2, milliseconds) < 0 && errno == EINTR) {
     }
-    if (milliseconds != 0 && descriptors[1].revents != 0 && descriptors[0].revents == 0)
-        closed_ = true;
     return descriptors[0].revents != 0;
 }
 
-void DescriptorOutput::writeDownTo(std::size_t mostLeft) {
+void DescriptorOutput::writePending(bool waits) {
     if (pending_.empty())
         return;
     if (around_)
         around_(true);
-    while (!closed_ && written_ < pending_.size()) {
-        const bool mayWait = pending_.size() - written_ > mostLeft;
-        if (!waitForReader(mayWait ? -1 : 0)) {
-            if (mayWait)
-                continue;
-            break;
-        }
+    while (!closed_ && written_ < pending_.size() && isWritable(waits ? -1 : 0)) {
         // A pipe that polls as writable takes this much without blocking.
         const auto count = std::min<std::size_t>(pending_.size() - written_, PIPE_BUF);
         const auto result = ::write(descriptor_, pending_.data() + written_, count);
@@ -94,4 +89,4 @@ void DescriptorOutput::writeDownTo(std::size_t mostLeft) {
         around_(false);
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace lumbra {
+namespace lumbra::console {
 
 void LineBuffer::append(std::string_view bytes) {
     bytes_ += bytes;
@@ -40,4 +40,4 @@ std::optional<Line> LineBuffer::next() {
     return line;
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

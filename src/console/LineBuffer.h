@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace lumbra {
+namespace lumbra::console {
 
 /// One line of the input, without its end.
 struct Line {
@@ -32,4 +32,4 @@ private:
     bool ended_ = false;
 };
 
-} // namespace lumbra
+} // namespace lumbra::console

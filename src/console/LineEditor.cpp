@@ -12,7 +12,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
@@ -135,4 +135,4 @@ void LineEditor::windowChanged() {
     show();
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace lumbra {
+namespace lumbra::console {
 
 /// Line editing with history and completion on the terminal that is the process's standard input and output.
 /// The terminal library keeps its state in globals: at most one editor at a time. Main thread only.
@@ -42,4 +42,4 @@ private:
     bool prompting_ = false;
 };
 
-} // namespace lumbra
+} // namespace lumbra::console

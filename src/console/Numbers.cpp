@@ -7,7 +7,7 @@
 #include <limits>
 #include <system_error>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::string decimalOf(float value) {
     return text;
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace lumbra {
+namespace lumbra::console {
 
 /// A whole decimal number, with a sign or without; nothing where `text` is none or does not fit.
 std::optional<std::int64_t> parseWhole(std::string_view text);
@@ -22,4 +22,4 @@ std::optional<std::chrono::nanoseconds> parseSeconds(std::string_view text);
 /// that it is seen to be no whole number: "-40.0", "1301.03".
 std::string decimalOf(float value);
 
-} // namespace lumbra
+} // namespace lumbra::console

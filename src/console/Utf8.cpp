@@ -3,10 +3,11 @@
 #include <rapidjson/encodings.h>
 #include <rapidjson/memorystream.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
@@ -35,6 +36,12 @@ bool isObeyedByTerminals(unsigned codePoint) {
            (codePoint >= 0x2060 && codePoint <= 0x2069) || codePoint == 0xFEFF;
 }
 
+void appendEscape(std::string& text, const char* format, unsigned codePoint) {
+    char escape[8];
+    const int length = std::snprintf(escape, sizeof escape, format, codePoint);
+    text.append(escape, static_cast<std::size_t>(length));
+}
+
 std::string escaped(std::string_view text, std::string_view alsoEscaped) {
     std::string result;
     result.reserve(text.size());
@@ -42,10 +49,7 @@ std::string escaped(std::string_view text, std::string_view alsoEscaped) {
         text,
         [&](unsigned codePoint, std::string_view bytes) {
             if (isObeyedByTerminals(codePoint)) {
-                char escape[8];
-                const int length = std::snprintf(escape, sizeof escape,
-                                                 codePoint < 0x100 ? "\\x%02x" : "\\u%04x", codePoint);
-                result.append(escape, static_cast<std::size_t>(length));
+                appendEscape(result, codePoint < 0x100 ? "\\x%02x" : "\\u%04x", codePoint);
                 return;
             }
             if (alsoEscaped.find(bytes) != std::string_view::npos)
@@ -77,8 +81,26 @@ std::string escapedForTerminal(std::string_view text) {
     return escaped(text, {});
 }
 
+std::string escapedInJson(std::string_view json) {
+    // Outside strings JSON is ASCII.
+    if (std::all_of(json.begin(), json.end(), [](char c) { return static_cast<unsigned char>(c) < 0x7F; }))
+        return std::string(json);
+    std::string result;
+    result.reserve(json.size());
+    decode(
+        json,
+        [&](unsigned codePoint, std::string_view bytes) {
+            if (codePoint >= 0x7F && isObeyedByTerminals(codePoint))
+                appendEscape(result, "\\u%04x", codePoint);
+            else
+                result += bytes;
+        },
+        [] {});
+    return result;
+}
+
 std::string quotedForTerminal(std::string_view text) {
     return '"' + escaped(text, "\"\\") + '"';
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

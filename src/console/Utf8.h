@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace lumbra {
+namespace lumbra::console {
 
 /// Whether `text` is UTF-8 throughout (RFC 3629).
 bool isUtf8(std::string_view text);
@@ -20,4 +20,8 @@ std::string escapedForTerminal(std::string_view text);
 /// console reads it.
 std::string quotedForTerminal(std::string_view text);
 
-} // namespace lumbra
+/// A line of JSON with the same characters written as JSON escapes (`\u009b`) where `escapedForTerminal` would escape
+/// them. `json` is valid UTF-8 whose control characters below U+0020 are escaped already.
+std::string escapedInJson(std::string_view json);
+
+} // namespace lumbra::console

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
@@ -48,4 +48,4 @@ Words splitWords(std::string_view line) {
     return result;
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

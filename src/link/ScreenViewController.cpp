@@ -42,15 +42,18 @@ void ScreenViewController::connectServer() {
         poll();
         return;
     }
-    context_.worker.post([self, connection = serverConn_, attempt = serverConn_->nextOpenAttempt(),
-                          &queue = context_.queue]() mutable {
-        const bool started = connection->open(attempt);
-        // The screen and the connection belong to the main thread: their last references must not end here.
-        queue.post([self = std::move(self), connection = std::move(connection), started] {
-            if (!started)
-                self->displayConnectionError();
+    const bool posted =
+        context_.worker.post([self, connection = serverConn_, attempt = serverConn_->nextOpenAttempt(),
+                              &queue = context_.queue]() mutable {
+            const bool started = connection->open(attempt);
+            // The screen and the connection belong to the main thread: their last references must not end here.
+            queue.post([self = std::move(self), connection = std::move(connection), started] {
+                if (!started)
+                    self->displayConnectionError();
+            });
         });
-    });
+    if (!posted)
+        displayConnectionError();
 }
 
 void ScreenViewController::serverConnected() {

@@ -13,38 +13,51 @@ namespace {
 
 struct Handled {
     volatile std::sig_atomic_t pipe = -1;
+    volatile std::sig_atomic_t once = 0;
     struct sigaction former {};
 };
 std::array<Handled, NSIG> handled;
 
 void pass(int signal) {
     const int error = errno;
+    const auto& entry = handled[static_cast<std::size_t>(signal)];
+    if (entry.once)
+        for (int other = 1; other < NSIG; ++other)
+            if (const auto& same = handled[static_cast<std::size_t>(other)];
+                same.once && same.pipe == entry.pipe)
+                ::signal(other, SIG_DFL); // NOLINT: the system's macro
     const auto byte = static_cast<unsigned char>(signal);
     // A full pipe holds signals enough.
-    [[maybe_unused]] const auto written = ::write(handled[static_cast<std::size_t>(signal)].pipe, &byte, 1);
+    [[maybe_unused]] const auto written = ::write(entry.pipe, &byte, 1);
     errno = error;
 }
 
 } // namespace
 
-SignalPipe::SignalPipe(std::initializer_list<int> signals) : signals_(signals) {
+SignalPipe::SignalPipe(std::initializer_list<int> signals, Takes takes) {
     if (::pipe2(ends_.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         throw std::system_error(errno, std::generic_category(), "a pipe for signals");
-    for (const int signal : signals_) {
+    for (const int signal : signals) {
         auto& entry = handled.at(static_cast<std::size_t>(signal));
+        ::sigaction(signal, nullptr, &entry.former);
+        if (signal == SIGHUP && entry.former.sa_handler == SIG_IGN) // NOLINT: the system's macro
+            continue;
+        signals_.push_back(signal);
         entry.pipe = ends_[1];
+        entry.once = takes == Takes::First ? 1 : 0;
         struct sigaction action {};
         action.sa_handler = pass;
         ::sigemptyset(&action.sa_mask);
-        ::sigaction(signal, &action, &entry.former);
-        if (signal == SIGHUP && entry.former.sa_handler == SIG_IGN) // NOLINT: the system's macro
-            ::sigaction(signal, &entry.former, nullptr);
+        ::sigaction(signal, &action, nullptr);
     }
 }
 
 SignalPipe::~SignalPipe() {
-    for (const int signal : signals_)
-        ::sigaction(signal, &handled.at(static_cast<std::size_t>(signal)).former, nullptr);
+    for (const int signal : signals_) {
+        auto& entry = handled.at(static_cast<std::size_t>(signal));
+        ::sigaction(signal, &entry.former, nullptr);
+        entry.once = 0;
+    }
     ::close(ends_[0]);
     ::close(ends_[1]);
 }

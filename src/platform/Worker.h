@@ -9,8 +9,9 @@ class Worker {
 public:
     virtual ~Worker() = default;
 
-    /// Runs `work` soon on a thread that is not the main thread. Main thread only.
-    virtual void post(std::function<void()> work) = 0;
+    /// Runs `work` soon on a thread that is not the main thread; pieces of work run one after another, in order. False,
+    /// and `work` never runs, where the system gives no thread. Main thread only.
+    [[nodiscard]] virtual bool post(std::function<void()> work) = 0;
 };
 
 } // namespace lumbra

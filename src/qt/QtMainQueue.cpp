@@ -70,6 +70,15 @@ void QtMainQueue::runPosted() {
     }
 }
 
+void QtMainQueue::drop() {
+    std::deque<Work> posted;
+    {
+        const std::lock_guard lock(mutex_);
+        posted.swap(posted_);
+    }
+    std::exchange(delayed_, {}).clear();
+}
+
 bool QtMainQueue::runsLater(const Delayed& a, const Delayed& b) {
     return a.due != b.due ? a.due > b.due : a.sequence > b.sequence;
 }

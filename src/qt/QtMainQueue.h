@@ -28,6 +28,10 @@ public:
     /// Never runs `work` early. A delay below zero counts as zero.
     void postAfter(std::chrono::nanoseconds delay, Work work) override;
 
+    /// Destroys the work that waits, for a program that ends: it may hold what must not outlive the rest. Main thread
+    /// only.
+    void drop();
+
 private:
     using Clock = std::chrono::steady_clock;
 

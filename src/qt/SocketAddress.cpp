@@ -63,13 +63,14 @@ std::vector<SocketAddress> numericAddresses(const std::string& host, std::uint16
     return isPossibleHost(host) ? addresses(host, port, AI_NUMERICHOST) : std::vector<SocketAddress>();
 }
 
-std::vector<SocketAddress> resolveAddresses(const std::string& host, std::uint16_t port) {
-    if (!isPossibleHost(host))
-        return {};
+std::string asciiHost(const std::string& host) {
     if (std::all_of(host.begin(), host.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
-        return addresses(host, port, 0);
-    const auto ascii = QUrl::toAce(QString::fromStdString(host)).toStdString();
-    return ascii.empty() ? std::vector<SocketAddress>() : addresses(ascii, port, 0);
+        return host;
+    return QUrl::toAce(QString::fromStdString(host)).toStdString();
+}
+
+std::vector<SocketAddress> resolveAddresses(const std::string& host, std::uint16_t port) {
+    return isPossibleHost(host) ? addresses(host, port, 0) : std::vector<SocketAddress>();
 }
 
 bool isLoopbackHost(const std::string& host) {

@@ -27,7 +27,10 @@ bool isPossibleHost(std::string_view host);
 /// blocks.
 std::vector<SocketAddress> numericAddresses(const std::string& host, std::uint16_t port);
 
-/// The system's resolver; a name beyond ASCII is looked up in its ASCII form.
+/// `host` as the name service knows it: a name beyond ASCII in its ASCII form, empty where it has none.
+std::string asciiHost(const std::string& host);
+
+/// The system's resolver, for a name in ASCII. Uses nothing that ends before the process does.
 std::vector<SocketAddress> resolveAddresses(const std::string& host, std::uint16_t port);
 
 /// True for "localhost", whatever its case, and for the text of an address on the loopback.

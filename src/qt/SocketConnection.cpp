@@ -6,7 +6,6 @@
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -33,13 +32,9 @@ void setOption(int socket, int level, int name, Value value) {
 
 } // namespace
 
-SocketConnection::SocketConnection(MainQueue& queue, std::string host, std::uint16_t port,
-                                   std::chrono::milliseconds deadline, Resolver resolver)
-    : queue_(queue),
-      host_(std::move(host)),
-      port_(port),
-      timeToConnect_(deadline),
-      resolver_(std::move(resolver)) {}
+SocketConnection::SocketConnection(MainQueue& queue, HostLookups& lookups, std::string host,
+                                   std::uint16_t port, std::chrono::milliseconds deadline)
+    : queue_(queue), lookups_(lookups), host_(std::move(host)), port_(port), timeToConnect_(deadline) {}
 
 SocketConnection::~SocketConnection() {
     release();
@@ -66,21 +61,20 @@ void SocketConnection::open() {
     attemptTimer_->setSingleShot(true);
     attemptTimer_->setTimerType(Qt::PreciseTimer);
     QObject::connect(attemptTimer_.get(), &QTimer::timeout, [this] { connectNext(); });
-    if (!isPossibleHost(host_)) {
+    const auto name = asciiHost(host_);
+    if (!isPossibleHost(name)) {
         fail();
         return;
     }
-    if (auto found = numericAddresses(host_, port_); !found.empty()) {
+    if (auto found = numericAddresses(name, port_); !found.empty()) {
         connectTo(std::move(found));
         return;
     }
     attemptTimer_->start(timeToConnect_);
-    try {
-        lookup_.emplace(queue_, resolver_, host_, port_,
-                        [this](std::vector<SocketAddress> found) { connectTo(std::move(found)); });
-    } catch (const std::system_error&) {
+    lookup_ =
+        lookups_.ask(name, port_, [this](const std::vector<SocketAddress>& found) { connectTo(found); });
+    if (!lookup_)
         fail(); // no thread to look the name up
-    }
 }
 
 void SocketConnection::connectTo(std::vector<SocketAddress> addresses) {

@@ -2,7 +2,7 @@
 
 #include "platform/MainQueue.h"
 #include "platform/Streams.h"
-#include "qt/HostLookup.h"
+#include "qt/HostLookups.h"
 #include "qt/SocketAddress.h"
 
 #include <QSocketNotifier>
@@ -31,8 +31,9 @@ public:
     /// The most that one turn of the main loop reads.
     static constexpr std::size_t RECEIVE_BUFFER_SIZE = 65536;
 
-    SocketConnection(MainQueue& queue, std::string host, std::uint16_t port,
-                     std::chrono::milliseconds deadline, Resolver resolver);
+    /// `queue` and `lookups` outlive the connection. `deadline` holds for the look-up and all connects together.
+    SocketConnection(MainQueue& queue, HostLookups& lookups, std::string host, std::uint16_t port,
+                     std::chrono::milliseconds deadline);
     ~SocketConnection();
     SocketConnection(const SocketConnection&) = delete;
     SocketConnection& operator=(const SocketConnection&) = delete;
@@ -87,16 +88,16 @@ private:
     void release();
 
     MainQueue& queue_;
+    HostLookups& lookups_;
     const std::string host_;
     const std::uint16_t port_;
     const std::chrono::milliseconds timeToConnect_;
-    const Resolver resolver_;
 
     State state_ = State::Unopened;
     Half input_;
     Half output_;
 
-    std::optional<HostLookup> lookup_;
+    HostLookups::Question lookup_;
     std::vector<SocketAddress> addresses_; ///< those not tried yet, the next one last
     std::chrono::steady_clock::time_point deadline_;
     std::unique_ptr<QTimer> attemptTimer_;

@@ -48,10 +48,10 @@ public:
 
 SocketStreamFactory::SocketStreamFactory(MainQueue& queue, std::chrono::milliseconds deadline,
                                          Resolver resolver)
-    : queue_(queue), deadline_(deadline), resolver_(std::move(resolver)) {}
+    : queue_(queue), deadline_(deadline), lookups_(queue, std::move(resolver)) {}
 
 StreamPair SocketStreamFactory::createPair(const std::string& host, std::uint16_t port) {
-    const auto connection = std::make_shared<SocketConnection>(queue_, host, port, deadline_, resolver_);
+    const auto connection = std::make_shared<SocketConnection>(queue_, lookups_, host, port, deadline_);
     return {std::make_unique<SocketInputStream>(connection),
             std::make_unique<SocketOutputStream>(connection)};
 }

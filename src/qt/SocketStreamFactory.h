@@ -2,6 +2,7 @@
 
 #include "platform/MainQueue.h"
 #include "platform/Streams.h"
+#include "qt/HostLookups.h"
 #include "qt/SocketAddress.h"
 
 #include <chrono>
@@ -14,26 +15,22 @@ namespace lumbra {
 /// object's event loop from their first call on.
 ///
 /// What a pair does beyond the contract of Stream:
-/// - A name is looked up beside the main loop; its addresses are tried in order, each with an equal share of
-/// the time
-///   that is left. A host that can be none (empty, with blanks, too long) fails like one that is unknown.
-/// - OpenCompleted comes on the input first. A failed connect, an end and an error are one last event of the
-/// pair,
+/// - A name is looked up beside the main loop; its addresses are tried in order, each with an equal share of the time
+///   that is left. Text that can't be a host (empty, with blanks, too long) fails like an unknown name.
+/// - OpenCompleted comes on the input first. A failed connect, an end and an error are one last event of the pair,
 ///   reported on the input, or on the output where the input is closed.
 /// - Events wait while their stream is not scheduled or has no delegate.
-/// - One turn of the main loop reads at most 64 KiB. Bytes left unread are offered again after a read, and
-/// before the
+/// - One turn of the main loop reads at most 64 KiB. Bytes left unread are offered again after a read, and before the
 ///   last event; nothing more is received while 64 KiB wait.
 /// - `read` returns -1 where nothing has arrived.
-/// - `write` keeps nothing back: what the system does not take now is never sent. HasSpaceAvailable follows a
-/// short
+/// - `write` keeps nothing back: what the system does not take now is never sent. HasSpaceAvailable follows a short
 ///   write, once. A failed write is followed by ErrorOccurred.
 /// - A unit that stops answering without a word is an error within about half a minute.
 class SocketStreamFactory final : public StreamFactory {
 public:
     static constexpr std::chrono::seconds CONNECT_DEADLINE{10};
 
-    /// `queue` outlives the streams; `deadline` holds for the lookup and all connects of a pair together.
+    /// `queue` and this factory outlive the streams; `deadline` holds for the look-up and all connects of a pair.
     explicit SocketStreamFactory(MainQueue& queue, std::chrono::milliseconds deadline = CONNECT_DEADLINE,
                                  Resolver resolver = resolveAddresses);
 
@@ -42,7 +39,7 @@ public:
 private:
     MainQueue& queue_;
     const std::chrono::milliseconds deadline_;
-    const Resolver resolver_;
+    HostLookups lookups_;
 };
 
 } // namespace lumbra

@@ -1,10 +1,11 @@
 #include "qt/ThreadWorker.h"
 
+#include <system_error>
 #include <utility>
 
 namespace lumbra {
 
-ThreadWorker::~ThreadWorker() {
+void ThreadWorker::stop() {
     {
         const std::lock_guard lock(mutex_);
         stopping_ = true;
@@ -12,16 +13,25 @@ ThreadWorker::~ThreadWorker() {
     changed_.notify_one();
     if (thread_.joinable())
         thread_.join();
+    posted_.clear();
 }
 
-void ThreadWorker::post(std::function<void()> work) {
-    if (!thread_.joinable())
-        thread_ = std::thread([this] { run(); });
+bool ThreadWorker::post(std::function<void()> work) {
+    if (stopping_)
+        return false;
+    if (!thread_.joinable()) {
+        try {
+            thread_ = std::thread([this] { run(); });
+        } catch (const std::system_error&) {
+            return false;
+        }
+    }
     {
         const std::lock_guard lock(mutex_);
         posted_.push_back(std::move(work));
     }
     changed_.notify_one();
+    return true;
 }
 
 void ThreadWorker::run() {

@@ -10,17 +10,18 @@
 
 namespace lumbra {
 
-/// One background thread, started by the first `post`, that runs its work in order. The destructor waits for
-/// the work under way and drops what has not begun.
+/// One background thread, started by the first `post`.
 class ThreadWorker final : public Worker {
 public:
     ThreadWorker() = default;
-    ~ThreadWorker() override;
+    ~ThreadWorker() override { stop(); }
     ThreadWorker(const ThreadWorker&) = delete;
     ThreadWorker& operator=(const ThreadWorker&) = delete;
 
-    /// Throws std::system_error where the system gives no thread.
-    void post(std::function<void()> work) override;
+    bool post(std::function<void()> work) override;
+    /// Waits for the work under way and drops what has not begun; nothing runs from then on. What work uses must live
+    /// until here. Main thread only.
+    void stop();
 
 private:
     void run();

@@ -7,7 +7,9 @@ namespace lumbra {
 /// Turns while something is awaited.
 class ActivityIndicator final : public Control {
 public:
-    ActivityIndicator() : Control(Kind::ActivityIndicator) {}
+    static constexpr Kind KIND = Kind::ActivityIndicator;
+
+    ActivityIndicator() : Control(KIND) {}
 
     bool isAnimating() const { return animating_; }
     void startAnimating() { change(animating_, true); }

@@ -10,7 +10,9 @@ namespace lumbra {
 /// A button with a title (UTF-8).
 class Button final : public Control {
 public:
-    explicit Button(std::string title) : Control(Kind::Button), title_(std::move(title)) {}
+    static constexpr Kind KIND = Kind::Button;
+
+    explicit Button(std::string title) : Control(KIND), title_(std::move(title)) {}
 
     const std::string& title() const { return title_; }
 

@@ -11,7 +11,9 @@ namespace lumbra {
 /// A line of text (UTF-8).
 class Label final : public Control {
 public:
-    explicit Label(std::string text) : Control(Kind::Label), text_(std::move(text)) {}
+    static constexpr Kind KIND = Kind::Label;
+
+    explicit Label(std::string text) : Control(KIND), text_(std::move(text)) {}
 
     const std::string& text() const { return text_; }
     void setText(std::string_view text) {

@@ -50,7 +50,9 @@ protected:
 /// data source nor its delegate alive.
 class Picker final : public Control {
 public:
-    Picker() : Control(Kind::Picker) {}
+    static constexpr Kind KIND = Kind::Picker;
+
+    Picker() : Control(KIND) {}
 
     const std::vector<std::string>& rows() const { return rows_; }
     Color color() const { return color_; }

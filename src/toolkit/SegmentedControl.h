@@ -11,8 +11,10 @@ namespace lumbra {
 /// A row of segments of which one is selected.
 class SegmentedControl final : public Control {
 public:
+    static constexpr Kind KIND = Kind::Segmented;
+
     SegmentedControl(std::vector<std::string> segments, int selected)
-        : Control(Kind::Segmented), segments_(std::move(segments)), selected_(selected) {}
+        : Control(KIND), segments_(std::move(segments)), selected_(selected) {}
 
     const std::vector<std::string>& segments() const { return segments_; }
     int selected() const { return selected_; }

@@ -7,7 +7,9 @@ namespace lumbra {
 /// An on/off switch.
 class Switch final : public Control {
 public:
-    explicit Switch(bool on) : Control(Kind::Switch), on_(on) {}
+    static constexpr Kind KIND = Kind::Switch;
+
+    explicit Switch(bool on) : Control(KIND), on_(on) {}
 
     bool isOn() const { return on_; }
     void setOn(bool on) { change(on_, on); }

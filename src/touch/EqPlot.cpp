@@ -45,7 +45,7 @@ qreal EqPlot::yOf(qreal decibels, qreal height) {
 }
 
 qreal EqPlot::decibelsOf(qreal distance, qreal height) {
-    return -distance / height * 2 * RANGE;
+    return height > 0 ? -distance / height * 2 * RANGE : 0;
 }
 
 void EqPlot::takeBand(std::size_t band) {

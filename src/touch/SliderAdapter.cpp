@@ -1,6 +1,7 @@
 #include "touch/SliderAdapter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace lumbra {
 
@@ -47,9 +48,9 @@ bool SliderAdapter::moveToValue(qreal value) {
 }
 
 bool SliderAdapter::moveTo(float value) {
-    const float held = std::clamp(value, control_->minimum(), control_->maximum());
-    if (!isEnabled())
+    if (!isEnabled() || !std::isfinite(value))
         return false;
+    const float held = std::clamp(value, control_->minimum(), control_->maximum());
     if (held == shown())
         return true;
     if (isHeld()) {

@@ -1,5 +1,6 @@
+#include "console/Completion.h"
+
 #include "Session.h"
-#include "console/JsonReport.h"
 
 #include <gtest/gtest.h>
 
@@ -11,16 +12,9 @@ namespace {
 using namespace lumbra;
 using Words = std::vector<std::string>;
 
-struct Nowhere final : Output {
-    void write(std::string_view) override {}
-};
-
 TEST(Completion, OffersWhatMayStandThere) {
     Remote remote;
     remote.launch();
-    Nowhere nowhere;
-    JsonReport report(nowhere);
-    const CommandInterpreter interpreter(remote.application, report, [] {});
     struct Case {
         const char* line;
         Words words;
@@ -43,7 +37,7 @@ TEST(Completion, OffersWhatMayStandThere) {
         {"tab zone zone ", {}},
     };
     for (const auto& [line, words] : cases)
-        EXPECT_EQ(interpreter.completions(line), words) << line;
+        EXPECT_EQ(console::completions(remote.application, line), words) << line;
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 namespace {
 
 using namespace lumbra;
+using namespace lumbra::console;
 using namespace std::chrono_literals;
 
 TEST(Words, AreSplitAtBlanksAndQuotes) {

@@ -120,6 +120,7 @@ public:
             ::close(std::exchange(input_[1], -1));
     }
     void closeOutput() {
+        std::signal(SIGPIPE, SIG_IGN); // as the program does
         ::close(output_[0]);
         output_[0] = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     }

@@ -6,6 +6,7 @@
 namespace {
 
 using namespace lumbra;
+using namespace lumbra::console;
 
 TEST(Utf8, WhatIsNoneIsReplacedByteByByte) {
     struct Case {

@@ -12,7 +12,13 @@ namespace lumbra {
 /// A worker that runs its work on the test's own thread, when told.
 class ManualWorker final : public Worker {
 public:
-    void post(std::function<void()> work) override { posted_.push_back(std::move(work)); }
+    bool hasThread = true;
+
+    bool post(std::function<void()> work) override {
+        if (hasThread)
+            posted_.push_back(std::move(work));
+        return hasThread;
+    }
 
     /// Runs the oldest piece of work; false where none waits.
     bool runOne() {

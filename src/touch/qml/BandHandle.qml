@@ -153,7 +153,7 @@ Item {
             fromGain = root.gain.value;
         }
         onCentroidChanged: {
-            if (!active)
+            if (!active || !(root.parent.width > 0 && root.parent.height > 0))
                 return;
             frequencyHold.dragToPosition(fromPosition + (centroid.scenePosition.x - from.x) / root.parent.width);
             gainHold.dragToValue(fromGain + root.plot.decibelsOf(centroid.scenePosition.y - from.y, root.parent.height));

@@ -148,7 +148,7 @@ Item {
             fromPosition = root.slider.position;
         }
         onCentroidChanged: {
-            if (active)
+            if (active && track.width > 0)
                 hold.dragToPosition(fromPosition + (centroid.scenePosition.x - fromX) / track.width);
         }
     }

@@ -1,15 +1,18 @@
 #pragma once
 
-#include "console/Output.h"
-#include "console/Report.h"
+#include "console/DescriptorOutput.h"
+#include "console/Printer.h"
 
-namespace lumbra {
+#include <string>
 
-/// Replies and events for programs: JSON Lines, one object a line, UTF-8.
-class JsonReport final : public Report {
+namespace lumbra::console {
+
+/// Replies and events for people: tables and short lines. Text that comes from the unit can't reach into the
+/// terminal.
+class TextPrinter final : public Printer {
 public:
-    /// `output` outlives the report.
-    explicit JsonReport(Output& output) : output_(output) {}
+    /// `output` outlives the printer.
+    explicit TextPrinter(DescriptorOutput& output) : output_(output) {}
 
     void done(std::string_view command) override;
     void failed(std::string_view command, std::string_view error) override;
@@ -24,10 +27,8 @@ public:
     void linkChanged(LinkState link) override;
 
 private:
-    template <class Write>
-    void line(Write write);
-
-    Output& output_;
+    DescriptorOutput& output_;
+    std::string lastChange_; ///< the last line of a control
 };
 
-} // namespace lumbra
+} // namespace lumbra::console

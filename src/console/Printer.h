@@ -11,7 +11,7 @@
 #include <span>
 #include <string_view>
 
-namespace lumbra {
+namespace lumbra::console {
 
 struct ConsoleCommand;
 
@@ -21,11 +21,10 @@ struct StoredSetting {
     std::optional<SettingValue> value;
 };
 
-/// Where the console's replies and events go: one implementation for programs, one for people. Main thread
-/// only.
-class Report {
+/// Prints the console's replies and events: one implementation for programs, one for people. Main thread only.
+class Printer {
 public:
-    virtual ~Report() = default;
+    virtual ~Printer() = default;
 
     // Replies; `command` is the command's first word.
     virtual void done(std::string_view command) = 0;
@@ -57,4 +56,4 @@ constexpr std::string_view nameOf(LinkState link) {
     return {};
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

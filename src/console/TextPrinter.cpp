@@ -1,15 +1,9 @@
-#include "console/TextReport.h"
+#include "console/TextPrinter.h"
 
 #include "console/ConsoleCommand.h"
 #include "console/Numbers.h"
 #include "console/Utf8.h"
-#include "toolkit/ActivityIndicator.h"
-#include "toolkit/Button.h"
-#include "toolkit/Label.h"
-#include "toolkit/Picker.h"
-#include "toolkit/SegmentedControl.h"
-#include "toolkit/Slider.h"
-#include "toolkit/Switch.h"
+#include "toolkit/Controls.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
@@ -74,57 +68,42 @@ std::string choice(const std::vector<std::string>& texts, int selected) {
            " of " + std::to_string(texts.size());
 }
 
-std::string_view kindOf(const Control& control) {
-    switch (control.kind()) {
-    case Control::Kind::Picker:
-        return "picker";
-    case Control::Kind::Slider:
-        return "slider";
-    case Control::Kind::Switch:
-        return "switch";
-    case Control::Kind::Segmented:
-        return "segmented";
-    case Control::Kind::Label:
-        return "label";
-    case Control::Kind::ActivityIndicator:
-        return "indicator";
-    case Control::Kind::Button:
-        return "button";
-    }
-    return {};
-}
+struct Shown {
+    std::string kind;
+    std::string state;
+};
 
-/// What the control shows; of rows and segments all, or only the selected one.
-std::string shownBy(const Control& control, bool all) {
+/// A control in words; of rows and segments all, or only the selected one.
+Shown shownBy(const Control& control, bool all) {
     const auto list = all ? choices : choice;
-    switch (control.kind()) {
-    case Control::Kind::Picker: {
-        const auto& picker = static_cast<const Picker&>(control);
-        return list(picker.rows(), picker.selected());
-    }
-    case Control::Kind::Slider: {
-        const auto& slider = static_cast<const Slider&>(control);
-        return decimalOf(slider.value()) + " (" + decimalOf(slider.minimum()) + " to " +
-               decimalOf(slider.maximum()) + ")";
-    }
-    case Control::Kind::Switch:
-        return static_cast<const Switch&>(control).isOn() ? "on" : "off";
-    case Control::Kind::Segmented: {
-        const auto& segmented = static_cast<const SegmentedControl&>(control);
-        return list(segmented.segments(), segmented.selected());
-    }
-    case Control::Kind::Label:
-        return quotedForTerminal(static_cast<const Label&>(control).text());
-    case Control::Kind::ActivityIndicator:
-        return static_cast<const ActivityIndicator&>(control).isAnimating() ? "turning" : "stopped";
-    case Control::Kind::Button:
-        return quotedForTerminal(static_cast<const Button&>(control).title());
-    }
-    return {};
-}
-
-std::string stateOf(const Control& control, bool all) {
-    return shownBy(control, all) + (control.isEnabled() ? "" : ", disabled");
+    auto shown = visit(
+        control, Overloads{
+                     [&](const Picker& picker) -> Shown {
+                         return {"picker", list(picker.rows(), picker.selected())};
+                     },
+                     [](const Slider& slider) -> Shown {
+                         return {"slider", decimalOf(slider.value()) + " (" + decimalOf(slider.minimum()) +
+                                               " to " + decimalOf(slider.maximum()) + ")"};
+                     },
+                     [](const Switch& onOff) -> Shown {
+                         return {"switch", onOff.isOn() ? "on" : "off"};
+                     },
+                     [&](const SegmentedControl& segmented) -> Shown {
+                         return {"segmented", list(segmented.segments(), segmented.selected())};
+                     },
+                     [](const Label& label) -> Shown {
+                         return {"label", quotedForTerminal(label.text())};
+                     },
+                     [](const ActivityIndicator& indicator) -> Shown {
+                         return {"indicator", indicator.isAnimating() ? "turning" : "stopped"};
+                     },
+                     [](const Button& button) -> Shown {
+                         return {"button", quotedForTerminal(button.title())};
+                     },
+                 });
+    if (!control.isEnabled())
+        shown.state += ", disabled";
+    return shown;
 }
 
 /// The tabs, the selected one in brackets.
@@ -155,61 +134,63 @@ std::string textOf(const std::optional<SettingValue>& value) {
 
 } // namespace
 
-void TextReport::done(std::string_view) {
+void TextPrinter::done(std::string_view) {
     output_.write("ok\n");
 }
 
-void TextReport::failed(std::string_view, std::string_view error) {
+void TextPrinter::failed(std::string_view, std::string_view error) {
     output_.write("error: " + escapedForTerminal(error) + "\n");
 }
 
-void TextReport::state(std::string_view, const TabBarController& tabs, const std::optional<Alert>& alert,
-                       LinkState link) {
+void TextPrinter::state(std::string_view, const TabBarController& tabs, const std::optional<Alert>& alert,
+                        LinkState link) {
     const auto& view = tabs.selectedViewController()->view();
     std::string text =
         view.name() + " screen, link " + std::string(nameOf(link)) + "; tabs: " + tabsOf(tabs) + "\n";
     Table<3> table;
-    for (const auto& item : view.items())
-        table.add({item.name, std::string(kindOf(*item.control)), stateOf(*item.control, true)});
+    for (const auto& item : view.items()) {
+        auto [kind, state] = shownBy(*item.control, true);
+        table.add({item.name, std::move(kind), std::move(state)});
+    }
     text += table.text();
     if (alert)
         text += "alert: " + textOf(*alert) + "\n";
     output_.write(text);
 }
 
-void TextReport::settings(std::string_view, std::span<const StoredSetting> settings) {
+void TextPrinter::settings(std::string_view, std::span<const StoredSetting> settings) {
     Table<2> table;
     for (const auto& [key, value] : settings)
         table.add({std::string(key), textOf(value)});
     output_.write(table.text());
 }
 
-void TextReport::help(std::string_view, std::span<const ConsoleCommand> commands) {
+void TextPrinter::help(std::string_view, std::span<const ConsoleCommand> commands) {
     Table<2> table;
     for (const auto& command : commands)
         table.add({std::string(command.usage), std::string(command.help)});
     output_.write(table.text());
 }
 
-void TextReport::screenChanged(const TabBarController& tabs) {
+void TextPrinter::screenChanged(const TabBarController& tabs) {
     output_.write("screen: " + tabsOf(tabs) + "\n");
 }
 
-void TextReport::controlChanged(const View&, const View::Item& item) {
+void TextPrinter::controlChanged(const View&, const View::Item& item) {
     // An answer of the unit changes row by row what is one short line here: once is enough.
-    auto line = item.name + ": " + stateOf(*item.control, false) + "\n";
+    auto line = item.name + ": " + shownBy(*item.control, false).state + "\n";
     if (line == lastChange_)
         return;
     output_.write(line);
     lastChange_ = std::move(line);
 }
 
-void TextReport::alertAskedFor(const Alert& alert) {
+void TextPrinter::alertAskedFor(const Alert& alert) {
     output_.write("alert: " + textOf(alert) + "\n");
 }
 
-void TextReport::linkChanged(LinkState link) {
+void TextPrinter::linkChanged(LinkState link) {
     output_.write("link: " + std::string(nameOf(link)) + "\n");
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

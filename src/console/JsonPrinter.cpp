@@ -1,24 +1,18 @@
-#include "console/JsonReport.h"
+#include "console/JsonPrinter.h"
 
 #include "console/ConsoleCommand.h"
 #include "console/Numbers.h"
 #include "console/Utf8.h"
-#include "toolkit/ActivityIndicator.h"
-#include "toolkit/Button.h"
-#include "toolkit/Label.h"
-#include "toolkit/Picker.h"
-#include "toolkit/SegmentedControl.h"
-#include "toolkit/Slider.h"
-#include "toolkit/Switch.h"
+#include "toolkit/Controls.h"
 
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
 #include <string>
-#include <type_traits>
+#include <utility>
 #include <vector>
 
-namespace lumbra {
+namespace lumbra::console {
 
 namespace {
 
@@ -96,68 +90,61 @@ void alertFields(Json& json, const Alert& alert) {
     json.field("title", alert.title).field("message", alert.message).field("button", alert.button);
 }
 
-void control(Json& json, const Control& control) {
-    switch (control.kind()) {
-    case Control::Kind::Picker: {
-        const auto& picker = static_cast<const Picker&>(control);
+/// The members of a control's state.
+struct StateWriter {
+    Json& json;
+
+    void operator()(const Picker& picker) const {
         texts(json.field("kind", "picker"), "rows", picker.rows());
         json.field("selected", picker.selected()).field("color", nameOf(picker.color()));
-        return;
     }
-    case Control::Kind::Slider: {
-        const auto& slider = static_cast<const Slider&>(control);
+    void operator()(const Slider& slider) const {
         json.field("kind", "slider").field("value", slider.value()).field("min", slider.minimum());
         json.field("max", slider.maximum()).field("enabled", slider.isEnabled());
-        return;
     }
-    case Control::Kind::Switch:
-        json.field("kind", "switch").field("on", static_cast<const Switch&>(control).isOn());
-        json.field("enabled", control.isEnabled());
-        return;
-    case Control::Kind::Segmented: {
-        const auto& segmented = static_cast<const SegmentedControl&>(control);
+    void operator()(const Switch& onOff) const {
+        json.field("kind", "switch").field("on", onOff.isOn()).field("enabled", onOff.isEnabled());
+    }
+    void operator()(const SegmentedControl& segmented) const {
         texts(json.field("kind", "segmented"), "segments", segmented.segments());
         json.field("selected", segmented.selected()).field("enabled", segmented.isEnabled());
-        return;
     }
-    case Control::Kind::Label:
-        json.field("kind", "label").field("text", static_cast<const Label&>(control).text());
-        return;
-    case Control::Kind::ActivityIndicator:
-        json.field("kind", "activityIndicator");
-        json.field("animating", static_cast<const ActivityIndicator&>(control).isAnimating());
-        return;
-    case Control::Kind::Button:
-        json.field("kind", "button").field("title", static_cast<const Button&>(control).title());
-        return;
+    void operator()(const Label& label) const { json.field("kind", "label").field("text", label.text()); }
+    void operator()(const ActivityIndicator& indicator) const {
+        json.field("kind", "activityIndicator").field("animating", indicator.isAnimating());
     }
-}
+    void operator()(const Button& button) const {
+        json.field("kind", "button").field("title", button.title());
+    }
+};
 
 } // namespace
 
 template <class Write>
-void JsonReport::line(Write write) {
+void JsonPrinter::line(Write write) {
     rapidjson::StringBuffer buffer;
     Json(buffer).element(write);
     buffer.Put('\n');
-    output_.write({buffer.GetString(), buffer.GetSize()});
+    output_.write(escapedInJson({buffer.GetString(), buffer.GetSize()}));
 }
 
-void JsonReport::done(std::string_view command) {
+void JsonPrinter::done(std::string_view command) {
     line([&](Json& json) { json.field("reply", command).field("ok", true); });
 }
 
-void JsonReport::failed(std::string_view command, std::string_view error) {
+void JsonPrinter::failed(std::string_view command, std::string_view error) {
     line([&](Json& json) { json.field("reply", command).field("ok", false).field("error", error); });
 }
 
-void JsonReport::state(std::string_view command, const TabBarController& tabBar,
-                       const std::optional<Alert>& alert, LinkState link) {
+void JsonPrinter::state(std::string_view command, const TabBarController& tabBar,
+                        const std::optional<Alert>& alert, LinkState link) {
     line([&](Json& json) {
         tabs(json.field("reply", command).field("ok", true), tabBar);
         json.object("controls", [&](Json& controls) {
             for (const auto& item : tabBar.selectedViewController()->view().items())
-                controls.object(item.name, [&](Json& fields) { control(fields, *item.control); });
+                controls.object(item.name, [&](Json& fields) {
+                    visit(std::as_const(*item.control), StateWriter{fields});
+                });
         });
         if (alert)
             json.object("alert", [&](Json& fields) { alertFields(fields, *alert); });
@@ -167,7 +154,7 @@ void JsonReport::state(std::string_view command, const TabBarController& tabBar,
     });
 }
 
-void JsonReport::settings(std::string_view command, std::span<const StoredSetting> settings) {
+void JsonPrinter::settings(std::string_view command, std::span<const StoredSetting> settings) {
     line([&](Json& json) {
         json.field("reply", command).field("ok", true).object("settings", [&](Json& stored) {
             for (const auto& [key, value] : settings) {
@@ -180,7 +167,7 @@ void JsonReport::settings(std::string_view command, std::span<const StoredSettin
     });
 }
 
-void JsonReport::help(std::string_view command, std::span<const ConsoleCommand> commands) {
+void JsonPrinter::help(std::string_view command, std::span<const ConsoleCommand> commands) {
     line([&](Json& json) {
         json.field("reply", command).field("ok", true);
         json.array("commands", commands, [](Json& array, const ConsoleCommand& entry) {
@@ -191,23 +178,23 @@ void JsonReport::help(std::string_view command, std::span<const ConsoleCommand> 
     });
 }
 
-void JsonReport::screenChanged(const TabBarController& tabBar) {
+void JsonPrinter::screenChanged(const TabBarController& tabBar) {
     line([&](Json& json) { tabs(json.field("event", "screen"), tabBar); });
 }
 
-void JsonReport::controlChanged(const View& screen, const View::Item& item) {
+void JsonPrinter::controlChanged(const View& screen, const View::Item& item) {
     line([&](Json& json) {
         json.field("event", "control").field("screen", screen.name()).field("control", item.name);
-        json.object("state", [&](Json& fields) { control(fields, *item.control); });
+        json.object("state", [&](Json& fields) { visit(std::as_const(*item.control), StateWriter{fields}); });
     });
 }
 
-void JsonReport::alertAskedFor(const Alert& alert) {
+void JsonPrinter::alertAskedFor(const Alert& alert) {
     line([&](Json& json) { alertFields(json.field("event", "alert"), alert); });
 }
 
-void JsonReport::linkChanged(LinkState link) {
+void JsonPrinter::linkChanged(LinkState link) {
     line([&](Json& json) { json.field("event", "link").field("link", nameOf(link)); });
 }
 
-} // namespace lumbra
+} // namespace lumbra::console

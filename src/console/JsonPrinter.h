@@ -1,18 +1,15 @@
 #pragma once
 
-#include "console/Output.h"
-#include "console/Report.h"
+#include "console/DescriptorOutput.h"
+#include "console/Printer.h"
 
-#include <string>
+namespace lumbra::console {
 
-namespace lumbra {
-
-/// Replies and events for people: tables and short lines. Text that comes from the unit can't reach into the
-/// terminal.
-class TextReport final : public Report {
+/// Replies and events for programs: JSON Lines, one object a line, UTF-8.
+class JsonPrinter final : public Printer {
 public:
-    /// `output` outlives the report.
-    explicit TextReport(Output& output) : output_(output) {}
+    /// `output` outlives the printer.
+    explicit JsonPrinter(DescriptorOutput& output) : output_(output) {}
 
     void done(std::string_view command) override;
     void failed(std::string_view command, std::string_view error) override;
@@ -27,8 +24,10 @@ public:
     void linkChanged(LinkState link) override;
 
 private:
-    Output& output_;
-    std::string lastChange_; ///< the last line of a control
+    template <class Write>
+    void line(Write write);
+
+    DescriptorOutput& output_;
 };
 
-} // namespace lumbra
+} // namespace lumbra::console

@@ -1,0 +1,48 @@
+#include "console/PendingWait.h"
+
+#include <utility>
+
+namespace lumbra::console {
+
+PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds time, Ended ended)
+    : queue_(queue), ended_(std::move(ended)) {
+    queue_.postAfter(time, whileAlive(&PendingWait::endWell));
+}
+
+PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds longest, Condition condition, Ended ended)
+    : queue_(queue), condition_(std::move(condition)), ended_(std::move(ended)) {
+    change_ = condition_.observe([this] { check(); });
+    check();
+    if (!isMet_)
+        queue_.postAfter(longest, whileAlive(&PendingWait::timeOut));
+}
+
+void PendingWait::check() {
+    if (isMet_ || !condition_.isMet())
+        return;
+    isMet_ = true;
+    // What the application has posted by now, such as the query of a link that has just opened, comes before the next
+    // command.
+    queue_.post(whileAlive(&PendingWait::endWell));
+}
+
+std::function<void()> PendingWait::whileAlive(void (PendingWait::*step)()) {
+    return [this, step, weak = std::weak_ptr(life_)] {
+        if (!weak.expired())
+            (this->*step)();
+    };
+}
+
+void PendingWait::endWell() {
+    const auto ended = std::move(ended_);
+    ended(Done{});
+}
+
+void PendingWait::timeOut() {
+    if (isMet_)
+        return;
+    const auto ended = std::move(ended_);
+    ended(Failed{condition_.explain()});
+}
+
+} // namespace lumbra::console
