@@ -1,25 +1,29 @@
-// A script for the console, over the whole application. The first line is "json" or "text". A line that
-// begins with
-// "~" is what happens meanwhile; the lines between two of these arrive in one piece, and so does their end:
+// A script for the console, over the whole application. The first line is "json" or "text"; with " slow" behind it, the
+// reader of the output reads only when told, and at the end. A line that begins with "~" is what happens meanwhile; the
+// lines between two of these arrive in one piece, and so does their end:
 //
 //     ~o ~c ~e ~x    the output alone opens, both streams open, end, report an error
 //     ~rBYTES        bytes of the unit arrive
 //     ~tMS           milliseconds pass
 //     ~n             the network goes, or comes back
 //     ~sNUMBER       so many bytes of the next write are taken; an error without a number
+//     ~d             the reader reads all there is
 
 #include "Check.h"
 #include "Commands.h"
 #include "Input.h"
 #include "Invariants.h"
 #include "Session.h"
+#include "console/JsonPrinter.h"
 
 #include <rapidjson/document.h>
 
 #include <algorithm>
-#include <cerrno>
+#include <array>
 #include <charconv>
 #include <chrono>
+#include <fcntl.h>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,66 +40,113 @@ constexpr std::string_view BLANKS = " \t";
 // What a pipe takes at once.
 constexpr std::size_t LONGEST_SCRIPT = 32768;
 
-/// The whole program: its input is a pipe, its output a file in memory, which never makes it wait.
-struct Program {
-    explicit Program(bool json) : output(emptyFile()) {
-        if (::pipe2(input.data(), O_CLOEXEC) != 0)
+/// The whole program on pipes. Its output becomes a file in memory, which never makes it wait, before it can end.
+class Program {
+public:
+    Program(bool json, bool slow) {
+        if (::pipe2(input_.data(), O_CLOEXEC) != 0 || ::pipe2(output_.data(), O_CLOEXEC | O_NONBLOCK) != 0)
             std::abort();
-        console.emplace(remote.application, watcher,
-                        ConsoleOptions{.json = json, .input = input[0], .output = output},
-                        [this](int status) {
-                            check(!exitStatus, "the program ended twice");
-                            exitStatus = status;
-                        });
-        console->start();
+        if (slow)
+            ::fcntl(output_[1], F_SETPIPE_SZ, 4096);
+        else
+            useFile();
+        console_.emplace(remote.application, watcher_,
+                         ConsoleOptions{.json = json, .input = input_[0], .output = output_[1]},
+                         [this](int status) {
+                             check(!exitStatus, "the program ended twice");
+                             exitStatus = status;
+                         });
+        console_->start();
         settle();
     }
     ~Program() {
-        console.reset();
+        console_.reset();
         // Nothing of the console is left in the queue.
         remote.settle();
         remote.queue.advance(10s);
-        endInput();
-        ::close(input[0]);
+        for (const int descriptor : {input_[0], input_[1], output_[0], output_[1]})
+            if (descriptor >= 0)
+                ::close(descriptor);
     }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
 
     void settle() {
         do
             remote.settle();
-        while (!exitStatus && watcher.run());
+        while (!exitStatus && watcher_.run());
     }
     void type(std::string_view bytes) {
-        if (!bytes.empty() &&
-            ::write(input[1], bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
+        if (bytes.empty())
+            return;
+        if (bytes.find("quit") != std::string_view::npos)
+            useFile();
+        if (::write(input_[1], bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
             std::abort();
         settle();
     }
     void endInput() {
-        if (input[1] >= 0)
-            ::close(std::exchange(input[1], -1));
+        useFile();
+        ::close(std::exchange(input_[1], -1));
+        settle();
     }
-    std::string printed() const {
-        std::string text(static_cast<std::size_t>(::lseek(output, 0, SEEK_END)), '\0');
-        if (::pread(output, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
+    /// Reads what the pipe holds.
+    void drain() {
+        std::array<char, 4096> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): read fills it
+        for (ssize_t count = 0; (count = ::read(output_[0], buffer.data(), buffer.size())) > 0;)
+            drained_.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    /// All that was printed.
+    std::string printed() {
+        useFile();
+        std::string text(static_cast<std::size_t>(::lseek(output_[1], 0, SEEK_END)), '\0');
+        if (::pread(output_[1], text.data(), text.size(), 0) != static_cast<ssize_t>(text.size()))
             std::abort();
-        return text;
+        return drained_ + text;
+    }
+
+    /// The screen as it stands, as a reply would tell it.
+    std::string state() {
+        const auto before = printed().size();
+        console::DescriptorOutput output(output_[1], -1, remote.queue, nullptr);
+        console::JsonPrinter(output).state("state", remote.application.tabs(),
+                                           remote.application.alerts().shown(),
+                                           remote.application.link().linkState());
+        output.finish();
+        return printed().substr(before);
     }
 
     Remote remote;
-    ManualWatcher watcher;
-    std::array<int, 2> input{-1, -1};
-    int output;
-    std::optional<ConsoleFrontEnd> console;
     std::optional<int> exitStatus;
 
 private:
-    static int emptyFile() {
+    void useFile() {
+        if (std::exchange(usesFile_, true))
+            return;
         static const int FILE = ::memfd_create("printed", MFD_CLOEXEC);
-        if (::ftruncate(FILE, 0) != 0 || ::lseek(FILE, 0, SEEK_SET) != 0)
+        drain();
+        if (::ftruncate(FILE, 0) != 0 || ::lseek(FILE, 0, SEEK_SET) != 0 || ::dup2(FILE, output_[1]) < 0)
             std::abort();
-        return FILE;
     }
+
+    std::array<int, 2> input_{-1, -1};
+    std::array<int, 2> output_{-1, -1};
+    bool usesFile_ = false;
+    std::string drained_;
+    ManualWatcher watcher_;
+    std::optional<ConsoleFrontEnd> console_;
 };
+
+/// Whether the line holds a control character, of either set.
+bool obeyed(std::string_view line) {
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(line[at]);
+        const auto next = at + 1 < line.size() ? static_cast<unsigned char>(line[at + 1]) : 0;
+        if (byte < 0x20 || byte == 0x7F || (byte == 0xC2 && next >= 0x80 && next < 0xA0))
+            return true;
+    }
+    return false;
+}
 
 void happen(Program& program, std::string_view step) {
     auto& streams = program.remote.streams;
@@ -108,6 +159,8 @@ void happen(Program& program, std::string_view step) {
         program.remote.queue.advance(std::chrono::milliseconds(std::clamp(number.value_or(0), 0, 100'000)));
     else if (kind == 'n')
         program.remote.reachability.reachable = !program.remote.reachability.reachable;
+    else if (kind == 'd')
+        program.drain();
     else if (streams.created() == 0)
         return;
     else if (kind == 'o')
@@ -186,26 +239,51 @@ private:
     bool failed_ = false;
 };
 
-void readJson(std::string_view line, Replies& replies) {
-    rapidjson::Document json;
-    json.Parse<rapidjson::kParseValidateEncodingFlag>(line.data(), line.size());
-    check(!json.HasParseError() && json.IsObject(), "a line is no JSON object", line);
-    check(json.HasMember("reply") != json.HasMember("event"), "neither a reply nor an event", line);
-    if (!json.HasMember("reply"))
-        return;
-    const auto& command = replies.next(line);
-    check(!command.isPlain() || command.word() == json["reply"].GetString(), "a reply out of order", line);
-    check(json.HasMember("ok") && json["ok"].IsBool(), "a reply without ok", line);
-    const bool ok = json["ok"].GetBool();
-    check(ok != json.HasMember("error"), "an error that is none, or none that is one", line);
-    replies.add(line, ok);
-}
+/// Reads the lines of JSON and keeps what they tell of the controls.
+class JsonLines {
+public:
+    explicit JsonLines(Replies& replies) : replies_(replies) {}
+
+    void read(std::string_view line) {
+        rapidjson::Document json;
+        json.Parse<rapidjson::kParseValidateEncodingFlag>(line.data(), line.size());
+        check(!json.HasParseError() && json.IsObject(), "a line is no JSON object", line);
+        check(json.HasMember("reply") != json.HasMember("event"), "neither a reply nor an event", line);
+        if (json.HasMember("reply"))
+            readReply(line, json);
+        else if (json["event"] == "screen")
+            controls_.clear();
+        else if (json["event"] == "control")
+            controls_[json["control"].GetString()].CopyFrom(json["state"], allocator_);
+    }
+    /// The newest event of each control must tell how it stands on `view`.
+    void checkControls(const std::string& state) {
+        rapidjson::Document json;
+        json.Parse(state.c_str());
+        for (const auto& [name, told] : controls_)
+            check(json["controls"].HasMember(name.c_str()) && json["controls"][name.c_str()] == told,
+                  "the last event of a control was not its state", name);
+    }
+
+private:
+    void readReply(std::string_view line, const rapidjson::Document& json) {
+        const auto& command = replies_.next(line);
+        check(!command.isPlain() || command.word() == json["reply"].GetString(), "a reply out of order",
+              line);
+        check(json.HasMember("ok") && json["ok"].IsBool(), "a reply without ok", line);
+        const bool ok = json["ok"].GetBool();
+        check(ok != json.HasMember("error"), "an error that is none, or none that is one", line);
+        replies_.add(line, ok);
+    }
+
+    Replies& replies_;
+    rapidjson::Document::AllocatorType allocator_;
+    std::map<std::string, rapidjson::Value> controls_;
+};
 
 /// In text, a reply is "ok", an error, the head of a state, or the first row of a table of settings or of the
 /// help.
 void readText(std::string_view line, Replies& replies, std::size_t& rows) {
-    check(std::none_of(line.begin(), line.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }),
-          "a control character is printed", line);
     const auto begin = line.substr(0, line.find_first_of(":, "));
     const bool isState = line.find(" screen, link ") == begin.size();
     if (line == "ok" || line.starts_with("error: ") || isState) {
@@ -217,7 +295,7 @@ void readText(std::string_view line, Replies& replies, std::size_t& rows) {
     } else if (line.starts_with("  ")) {
         if (rows == 0 || rows == std::string_view::npos) {
             const auto& command = replies.next(line);
-            rows = command.word() == "help" ? CommandInterpreter::commands().size()
+            rows = command.word() == "help" ? console::CommandInterpreter::commands().size()
                    : command.isOneWord()    ? 6
                                             : 1;
             replies.add(line, true);
@@ -232,11 +310,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > LONGEST_SCRIPT)
         return 0;
     Input input(data, size);
-    const bool json = input.line() != "text";
-    Program program(json);
+    const auto kind = input.line();
+    const bool json = !kind.starts_with("text");
+    Program program(json, kind.ends_with(" slow"));
     std::string script;
     std::string piece;
-    const auto type = [&] { program.type(piece), script += std::exchange(piece, {}); };
+    const auto type = [&] {
+        program.type(piece);
+        script += std::exchange(piece, {});
+    };
     while (!input.empty() && !program.exitStatus) {
         const auto line = input.line();
         if (line.starts_with('~')) {
@@ -248,7 +330,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     type();
     program.endInput();
-    program.settle();
     while (!program.exitStatus) {
         if (program.remote.queue.now() > 4'000'000'000s) // The waits reach beyond the clock's range.
             return 0;
@@ -257,15 +338,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
 
     Replies replies(commandsOf(script));
+    JsonLines jsonLines(replies);
     const auto printed = program.printed();
     check(printed.empty() || printed.back() == '\n', "the last line has no end");
     std::size_t rows = 0;
-    for (std::string_view left = printed; !left.empty(); left.remove_prefix(left.find('\n') + 1))
-        if (const auto line = left.substr(0, left.find('\n')); json)
-            readJson(line, replies);
+    for (std::string_view left = printed; !left.empty(); left.remove_prefix(left.find('\n') + 1)) {
+        const auto line = left.substr(0, left.find('\n'));
+        check(!obeyed(line), "a terminal would obey what is printed", line);
+        if (json)
+            jsonLines.read(line);
         else
             readText(line, replies, rows);
+    }
     replies.checkAll(*program.exitStatus);
+    if (json)
+        jsonLines.checkControls(program.state());
     checkCommands(program.remote.sent());
     return 0;
 }

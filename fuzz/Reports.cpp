@@ -8,44 +8,29 @@
 #include "Input.h"
 #include "Invariants.h"
 #include "Remote.h"
+#include "toolkit/Controls.h"
 
 #include <chrono>
-#include <memory>
-#include <vector>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 
 using namespace lumbra;
 
 namespace {
 
 void moveByHand(Control& control) {
-    switch (control.kind()) {
-    case Control::Kind::Picker: {
-        auto& picker = static_cast<Picker&>(control);
-        picker.pickByUser(static_cast<int>(picker.rows().size()) - 1);
-        break;
-    }
-    case Control::Kind::Slider: {
-        auto& slider = static_cast<Slider&>(control);
-        slider.slideByUser(slider.maximum() - slider.value() + slider.minimum());
-        break;
-    }
-    case Control::Kind::Switch: {
-        auto& flip = static_cast<Switch&>(control);
-        flip.flipByUser(!flip.isOn());
-        break;
-    }
-    case Control::Kind::Segmented: {
-        auto& segmented = static_cast<SegmentedControl&>(control);
-        segmented.tapByUser(static_cast<int>(segmented.segments().size()) - 1 - segmented.selected());
-        break;
-    }
-    case Control::Kind::Button:
-        static_cast<Button&>(control).pressByUser();
-        break;
-    case Control::Kind::Label:
-    case Control::Kind::ActivityIndicator:
-        break;
-    }
+    visit(control,
+          Overloads{[](Picker& picker) { picker.pickByUser(static_cast<int>(picker.rows().size()) - 1); },
+                    [](Slider& slider) {
+                        slider.slideByUser(slider.maximum() - slider.value() + slider.minimum());
+                    },
+                    [](Switch& flipped) { flipped.flipByUser(!flipped.isOn()); },
+                    [](SegmentedControl& segmented) {
+                        const auto last = static_cast<int>(segmented.segments().size()) - 1;
+                        segmented.tapByUser(last - segmented.selected());
+                    },
+                    [](Button& button) { button.pressByUser(); }, [](Label&) {}, [](ActivityIndicator&) {}});
 }
 
 } // namespace
