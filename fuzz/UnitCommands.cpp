@@ -3,8 +3,6 @@
 //
 //     02[U1Z3V-35][U1SP1LOAD]
 
-#include "simulator/Unit.h"
-
 #include "Check.h"
 #include "Input.h"
 #include "Remote.h"
@@ -14,6 +12,7 @@
 #include "protocol/SceneMessages.h"
 #include "protocol/ZoneMessages.h"
 #include "simulator/CommandReader.h"
+#include "simulator/Unit.h"
 
 #include <array>
 #include <cstddef>
