@@ -1,13 +1,12 @@
 #include "ApplicationHost.h"
 #include "Options.h"
 #include "TouchModule.h"
+#include "TouchModulePath.h"
 #include "console/ConsoleFrontEnd.h"
 #include "qt/QtDescriptorWatcher.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLibrary>
 
 #include <csignal>
@@ -106,19 +105,6 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
-/// The touch screens' module: beside the program where it was built, in the library folder where it is installed. Always
-/// an absolute path: a module must never come from the working folder.
-QString touchModule() {
-    const QString name = QStringLiteral("lumbra-touch.so");
-    const QFileInfo program(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))); // empty without /proc
-    if (program.isAbsolute())
-        for (const auto* folder : {"", "../" LUMBRA_MODULE_FOLDER "/"})
-            if (const auto file = program.dir().filePath(QLatin1String(folder) + name);
-                QFileInfo::exists(file))
-                return file;
-    return QStringLiteral(LUMBRA_INSTALLED_MODULE_FOLDER "/") + name;
-}
-
 int runTouch(int& argc, char** argv, const Options& options) {
     if (!canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
         complain(QStringLiteral(
@@ -126,7 +112,7 @@ int runTouch(int& argc, char** argv, const Options& options) {
             "\"ulimit -n\" and \"ulimit -u\". --console needs fewer."));
         return FAILURE;
     }
-    QLibrary module(touchModule());
+    QLibrary module(touchModulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));
     const auto run = reinterpret_cast<RunTouch>(module.resolve("runTouch"));
     if (!run) {
         complain(QStringLiteral("The touch screens can't be loaded; --console runs without them. (%1)")

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <chrono>
 #include <csignal>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -431,6 +434,69 @@ TEST(Console, EndsWithTheStatusOfItsAnswers) {
         if (output) {
             EXPECT_EQ(session.read(), output);
         }
+    }
+}
+
+// Scripts as people pipe them: all at once. What a command waited for may change by the next one; each gets its one
+// reply, in order.
+TEST(Console, AnswersRandomScriptsInOnePiece) {
+    const char* const commands[] = {
+        "wait open",
+        "wait closed",
+        "wait answer",
+        "wait answer 0.1",
+        "wait 0",
+        "wait 0.8",
+        "app away",
+        "app back",
+        "app become-active",
+        "tab group",
+        "tab 0",
+        "tab 9",
+        "dismiss",
+        "state",
+        "get",
+        "slide volumeSlider -9",
+        "switch muteSwitch toggle",
+        "pick sourcePicker 3",
+        "set advanced_mode_preference true",
+        "press loadSceneButton",
+        "fly",
+        "tab 3",
+    };
+    for (unsigned seed = 1; seed <= 300; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        const auto dice = [&random](std::size_t sides) { return random() % sides; };
+        std::string script;
+        std::string expected;
+        for (auto left = 1 + dice(12); left > 0; --left) {
+            const std::string line = commands[dice(std::size(commands))];
+            script += line + "\n" + (dice(5) == 0 ? "\n# nothing\n" : "");
+            expected += line.substr(0, line.find(' ')) + " ";
+        }
+        if (dice(2) == 0) {
+            script += dice(2) == 0 ? "quit\nstate\n" : "quit";
+            expected += "quit ";
+        }
+        Session session;
+        session.type(script);
+        session.endInput();
+        session.start(false);
+        for (int step = 0; step < 400 && !session.exitStatus; ++step) {
+            if (auto& remote = session.remote; dice(3) > 0)
+                remote.play(std::array{"connect", "> U1APPQ0", "> U1APPQ4", "end", "error", "network off",
+                                       "network on", "> U1Z1V-30"}[dice(8)]);
+            session.remote.queue.advance(std::chrono::milliseconds(dice(600)));
+            session.settle();
+        }
+        ASSERT_TRUE(session.exitStatus == 0 || session.exitStatus == 1) << script;
+        std::string replies;
+        std::istringstream printed(session.read());
+        for (std::string line; std::getline(printed, line);)
+            if (line.starts_with("{\"reply\":\""))
+                replies += line.substr(10, line.find('"', 10) - 10) + " ";
+        EXPECT_EQ(replies, expected) << script;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "Options.h"
 
+#include "TouchModulePath.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -35,6 +37,16 @@ TEST(Options, WrongOnesAreUsageErrors) {
             << line;
     for (const auto* line : {"--help", "--version", "--console --json --help"})
         EXPECT_TRUE(std::holds_alternative<InformationRequest>(parseOptions(split(line)))) << line;
+}
+
+// Whoever starts the program in a folder of somebody else's must not load what lies there.
+TEST(TouchModulePath, IsNeverInTheWorkingFolder) {
+    for (const auto* program : {"", "lumbra-remote", "./lumbra-remote", "/nowhere/lumbra-remote"}) {
+        const auto path = touchModulePath(QString::fromLatin1(program));
+        EXPECT_TRUE(path.startsWith(QLatin1Char('/')) &&
+                    path.endsWith(QStringLiteral("/lumbra-remote/lumbra-touch.so")))
+            << program << ": " << path.toStdString();
+    }
 }
 
 } // namespace

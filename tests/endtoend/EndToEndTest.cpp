@@ -329,6 +329,41 @@ TEST(EndToEnd, SettingsAreWholeWheneverItIsKilled) {
     }
 }
 
+// What ends while the connect is still under way on the worker must not take away what the worker uses.
+TEST(EndToEnd, QuitsAtOnce) {
+    for (int run = 0; run < 40; ++run) {
+        Process remote({REMOTE_PROGRAM, "--console", "--demo"});
+        remote.write(run % 2 == 0 ? "quit\n" : "wait open\napp away\nquit\n");
+        remote.endInput();
+        ASSERT_EQ(remote.wait(), 0);
+    }
+}
+
+// Unreadable settings are told on standard error; where nobody reads it any more, that is no reason to end.
+TEST(EndToEnd, AReaderThatHasGoneEndsNothing) {
+    const Folder folder;
+    std::ofstream(folder / "a.json") << "rubbish";
+    Process remote({"/bin/sh", "-c", "mkfifo \"$0\"; exec 3<>\"$0\" 2>\"$0\" 3<&-; exec \"$@\"",
+                    folder / "nobody", REMOTE_PROGRAM, "--console", "--demo", "--settings",
+                    folder / "a.json"});
+    remote.write("get serial_port_preference\n");
+    remote.endInput();
+    EXPECT_EQ(remote.wait(), 0);
+}
+
+TEST(Build, IsHardened) {
+    if (!std::string_view(LUMBRA_SANITIZE).empty())
+        GTEST_SKIP() << "sanitizers take the place of these checks";
+    for (const auto* file : {REMOTE_PROGRAM, SIMULATOR_PROGRAM, TOUCH_MODULE}) {
+        Process readelf({"/usr/bin/readelf", "-hdlW", "--dyn-syms", file});
+        std::string text;
+        while (const auto line = readelf.readLine())
+            text += *line + "\n";
+        for (const auto* mark : {"DYN (", "GNU_RELRO", "BIND_NOW", "__stack_chk_fail", "_chk@"})
+            EXPECT_NE(text.find(mark), std::string::npos) << file << " lacks " << mark;
+    }
+}
+
 // Without a handler a signal would end the window with its settings unwritten and its status a failure.
 TEST(EndToEnd, ASignalEndsTheWindowAsClosingItDoes) {
     const Folder folder;

@@ -83,6 +83,15 @@ TEST(LinkCycle, RunsAsPlayed) {
             back
             alerts 1
             link closed)"},
+        {"no thread for the connect alerts, and the next one works", R"(
+            away
+            threads off
+            back
+            alerts 1
+            link closed
+            threads on
+            tab group
+            link opening)"},
         {"a failed announcement is followed by the query", R"(
             write -1
             connect

@@ -1,4 +1,5 @@
 #include "EventLoop.h"
+#include "platform/SignalPipe.h"
 #include "qt/QtDescriptorWatcher.h"
 #include "qt/QtMainQueue.h"
 #include "qt/ThreadWorker.h"
@@ -8,12 +9,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <fcntl.h>
 #include <functional>
 #include <future>
 #include <memory>
 #include <string>
 #include <sys/mman.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -128,14 +131,14 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
     const auto held = std::make_shared<int>(0);
     {
         ThreadWorker worker;
-        worker.post([&] { order += 'a'; });
-        worker.post([&, mainThread = std::this_thread::get_id()] {
+        EXPECT_TRUE(worker.post([&] { order += 'a'; }));
+        EXPECT_TRUE(worker.post([&, mainThread = std::this_thread::get_id()] {
             EXPECT_NE(std::this_thread::get_id(), mainThread);
             begun.set_value();
             goOn.get_future().wait();
             order += 'b';
-        });
-        worker.post([held] {});
+        }));
+        EXPECT_TRUE(worker.post([held] {}));
         begun.get_future().wait();
         release = std::thread([&goOn] { goOn.set_value(); });
     }
@@ -143,6 +146,21 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
     EXPECT_EQ(held.use_count(), 1);
     release.join();
     const ThreadWorker idle; // destroyed without a thread
+}
+
+// The first signal reaches the main loop; where the loop no longer runs, the second one ends the process.
+TEST(SignalPipe, LeavesTheSecondSignalToTheSystem) {
+    const auto child = ::fork();
+    if (child == 0) {
+        SignalPipe signals({SIGTERM, SIGINT}, SignalPipe::Takes::First);
+        ::raise(SIGTERM);
+        if (signals.next() == SIGTERM)
+            ::raise(SIGINT);
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
 }
 
 TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {

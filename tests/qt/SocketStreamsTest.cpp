@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -235,6 +236,39 @@ TEST_F(SocketStreams, ClosingDuringALookupOrAConnectReportsNothingAndKeepsNothin
         EXPECT_EQ(log, closeFirst ? "" : "in.error ");
         EXPECT_EQ(openSockets(), before);
     }
+}
+
+// A name service that does not answer costs one thread, however often a person leaves and returns.
+TEST_F(SocketStreams, ALookUpUnderWayIsJoined) {
+    Listener listener;
+    SlowNameService service;
+    std::atomic<int> lookUps = 0;
+    SocketStreamFactory asking(queue, 10s, [&](const std::string& host, auto) {
+        ++lookUps;
+        EXPECT_EQ(host, "xn--kche-0ra.local");
+        service.wait(1);
+        return std::vector<SocketAddress>{loopbackAddress(listener.port())};
+    });
+    for (int attempt = 0; attempt < 20; ++attempt) {
+        release();
+        open(asking,
+             attempt == 7 ? "xn--kche-0ra.local"
+                          : "k\xc3\xbc"
+                            "che.local",
+             23);
+        settle();
+    }
+    service.step();
+    ASSERT_TRUE(runUntil([&] { return log == "in.open out.open "; }));
+    EXPECT_EQ(lookUps, 1);
+    release();
+    log.clear();
+    open(asking,
+         "k\xc3\xbc"
+         "che.local",
+         23);
+    ASSERT_TRUE(runUntil([&] { return lookUps == 2; })) << "an answer is no cache";
+    release();
 }
 
 TEST_F(SocketStreams, BytesBeforeAResetComeFirstThenOneError) {

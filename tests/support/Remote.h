@@ -32,12 +32,15 @@ namespace lumbra {
 ///     > U1Z3V-30                      the report arrives
 ///     pick zonePicker 2               a hand on a control; likewise slide, switch, segment, press
 ///     wait 0.75                       seconds of virtual time
-///     sent [U1Z3V-20] [U1Z3M1]        all that was sent since the last such line; nothing behind it: nothing
-///     was show volumeLabel 62%            what a control shows link open                       the link's
-///     state alerts 1                        how many alerts were asked for since the last such line connect,
-///     refuse, end, error     what becomes of the newest pair of streams away, back                      the
-///     application leaves, comes back set KEY VALUE, unset KEY        a stored setting stored KEY VALUE what
-///     is stored
+///     sent [U1Z3V-20] [U1Z3M1]        all that was sent since the last such line; nothing behind it: nothing was
+///     show volumeLabel 62%            what a control shows
+///     link open                       the link's state
+///     alerts 1                        how many alerts were asked for since the last such line
+///     connect, end, error             what becomes of the newest pair of streams
+///     network off, threads off        what the system no longer has
+///     away, back                      the application leaves, comes back
+///     set KEY VALUE, unset KEY        a stored setting
+///     stored KEY VALUE                what is stored
 ///
 /// Lines that are empty or begin with "#" are skipped. `play` gives what went wrong, or an empty text.
 class Remote {
@@ -197,6 +200,8 @@ private:
             application.becomeActive();
         else if (word == "network")
             reachability.reachable = rest == "on";
+        else if (word == "threads")
+            worker.hasThread = rest == "on";
         else if (word == "write")
             streams.last().writeResults.push_back(std::stoi(rest));
         else if (word == "set")

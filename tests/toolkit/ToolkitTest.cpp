@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
 #include <string>
 
 namespace lumbra {
@@ -56,6 +58,12 @@ TEST_F(Controls, SliderHoldsItsRangeAndTellsEachMove) {
     expect(1, 1);
     EXPECT_TRUE(slider.slideByUser(-80));
     expect(1, 0);
+    for (const float none : {std::nanf(""), std::numeric_limits<float>::infinity()}) {
+        EXPECT_FALSE(slider.slideByUser(none));
+        slider.setValue(none);
+        EXPECT_EQ(slider.value(), -80);
+    }
+    expect(0, 0);
     slider.setEnabled(false);
     expect(0, 1);
     EXPECT_FALSE(slider.slideByUser(-10));
