@@ -73,7 +73,7 @@ QLatin1String latin1(std::string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const Folder FOLDER;
-    static const auto FILE = FOLDER.path / "settings.json";
+    static const auto PATH = FOLDER.path / "settings.json";
     static const auto ASIDE = FOLDER.path / "settings.json.unreadable-1";
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     // Qt's parser drops a byte order mark that begins a text.
@@ -81,15 +81,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         QByteArray::fromStdString(bytes).toLower().contains("\\ufeff"))
         return 0;
     FOLDER.clear();
-    std::ofstream(FILE, std::ios::binary) << bytes;
+    std::ofstream(PATH, std::ios::binary) << bytes;
     const auto before = parsed(bytes);
 
     ManualQueue queue;
     std::vector<std::string> told;
     const auto tell = [&](const std::string& sentence) { told.push_back(sentence); };
     {
-        FileSettingsStore store(queue, FILE, tell);
-        check(contents(before ? FILE : ASIDE) == bytes, "reading changed the file");
+        FileSettingsStore store(queue, PATH, tell);
+        check(contents(before ? PATH : ASIDE) == bytes, "reading changed the file");
         check(told.size() == (before ? 0U : 1U), "not one sentence for a file that can't be read");
         store.setValue(START_TAB_PREFERENCE, std::int64_t{7});
         store.remove(IP_ADDRESS_PREFERENCE);
@@ -97,12 +97,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     auto wanted = before.value_or(QJsonObject());
     wanted[latin1(START_TAB_PREFERENCE)] = 7;
     wanted.remove(latin1(IP_ADDRESS_PREFERENCE));
-    const auto after = contents(FILE);
+    const auto after = contents(PATH);
     check(parsed(after) == wanted, "writing changed more than it should", after);
 
     FOLDER.clear();
-    std::ofstream(FILE, std::ios::binary) << bytes;
-    FileSettingsStore store(queue, FILE, tell);
+    std::ofstream(PATH, std::ios::binary) << bytes;
+    FileSettingsStore store(queue, PATH, tell);
     ManualWorker worker;
     ScriptedStreamFactory streams;
     const Reachable reachability;
