@@ -19,56 +19,47 @@ int startTab(const SettingsStore& settings) {
 
 } // namespace
 
-AppDelegate::AppDelegate(std::shared_ptr<Window> window, SettingsStore& settings)
-    : window_(std::move(window)), settings_(settings) {}
+AppDelegate::AppDelegate(std::shared_ptr<NetworkTabController> tabs, SettingsStore& settings)
+    : tabBarController_(std::move(tabs)),
+      settings_(settings),
+      zoneVC_(tabBarController_->viewControllers().at(0)),
+      outputVC_(tabBarController_->viewControllers().at(1)),
+      otherVCs_(tabBarController_->viewControllers().begin() + 2,
+                tabBarController_->viewControllers().end()) {}
 
-std::shared_ptr<NetworkTabController> AppDelegate::rootTabController() const {
-    return std::dynamic_pointer_cast<NetworkTabController>(window_->rootViewController);
+std::vector<std::shared_ptr<ViewController>> AppDelegate::tabsInMode(bool advanced) const {
+    std::vector tabs{advanced ? outputVC_ : zoneVC_};
+    tabs.insert(tabs.end(), otherVCs_.begin(), otherVCs_.end());
+    return tabs;
 }
 
-bool AppDelegate::didFinishLaunching() {
+void AppDelegate::shapeTabs(bool advanced) {
     const int start = startTab(settings_);
-    const bool advanced = settings_.flag(ADVANCED_MODE_PREFERENCE);
-    tabBarController_ = rootTabController();
-    if (tabBarController_) {
-        tabBarController_->setAdvancedMode(advanced);
-        auto tabs = tabBarController_->viewControllers();
-        zoneVC_ = tabs.at(0);
-        outputVC_ = tabs.at(1);
-        tabs.erase(tabs.begin() + (advanced ? 0 : 1));
-        tabBarController_->setViewControllers(std::move(tabs));
-        tabBarController_->setSelectedIndex(start);
-        tabBarController_->setTintColor(Color::White);
-    }
-    return true;
+    tabBarController_->setAdvancedMode(advanced);
+    tabBarController_->setViewControllers(tabsInMode(advanced));
+    tabBarController_->setSelectedIndex(start);
+}
+
+void AppDelegate::didFinishLaunching() {
+    shapeTabs(settings_.flag(ADVANCED_MODE_PREFERENCE));
 }
 
 void AppDelegate::willResignActive() {
-    if (const auto tabs = rootTabController())
-        tabs->serverConn()->closeConnection();
+    tabBarController_->serverConn()->closeConnection();
 }
 
 void AppDelegate::didEnterBackground() {
-    if (tabBarController_)
-        tabBarController_->setAppWasInBackground(true);
+    tabBarController_->setAppWasInBackground(true);
 }
 
 void AppDelegate::didBecomeActive() {
     const bool advanced = settings_.flag(ADVANCED_MODE_PREFERENCE);
-    const int start = startTab(settings_);
-    const auto tabController = rootTabController();
-    if (!tabController || tabController->advancedMode() == advanced)
-        return;
-    tabController->setAdvancedMode(advanced);
-    auto tabs = tabController->viewControllers();
-    tabs.front() = advanced ? outputVC_ : zoneVC_;
-    tabController->setViewControllers(std::move(tabs));
-    tabController->setSelectedIndex(start);
+    if (advanced != tabBarController_->advancedMode())
+        shapeTabs(advanced);
 }
 
 void AppDelegate::willTerminate() {
-    if (tabBarController_)
-        tabBarController_->setAppWasInBackground(false);
+    tabBarController_->setAppWasInBackground(false);
 }
 
 } // namespace lumbra

@@ -5,38 +5,36 @@
 #include "toolkit/ViewController.h"
 
 #include <memory>
+#include <vector>
 
 namespace lumbra {
 
-/// The application's one window.
-struct Window {
-    std::shared_ptr<ViewController> rootViewController;
-};
-
-/// Receives the application's life: shapes the tabs by mode, selects the start tab, closes the connection
+/// Receives the application's lifecycle events: shapes the tabs by mode, selects the start tab, closes the connection
 /// when the application resigns active and keeps the tab controller's background flag. Main thread only.
 class AppDelegate {
 public:
-    /// `settings` outlives the delegate.
-    AppDelegate(std::shared_ptr<Window> window, SettingsStore& settings);
+    /// `tabs` holds the layout's five screens, the Zone and the Output screen first. `settings` outlives the delegate.
+    AppDelegate(std::shared_ptr<NetworkTabController> tabs, SettingsStore& settings);
 
-    /// The tabs are those of the layout, all five; one of the first two is left out from here on.
-    bool didFinishLaunching();
+    /// From here on one of the first two tabs is left out.
+    void didFinishLaunching();
     void willResignActive();
     void didEnterBackground();
-    void willEnterForeground() {}
     void didBecomeActive();
     void willTerminate();
 
-private:
-    std::shared_ptr<NetworkTabController> rootTabController() const;
+    /// The tabs as they are in normal or in advanced mode.
+    std::vector<std::shared_ptr<ViewController>> tabsInMode(bool advanced) const;
 
-    std::shared_ptr<Window> window_;
-    SettingsStore& settings_;
+private:
+    void shapeTabs(bool advanced);
+
     std::shared_ptr<NetworkTabController> tabBarController_;
-    // Both stay alive, the one that is not among the tabs with its models, for a later change of the mode.
+    SettingsStore& settings_;
+    // Both stay alive with their models, for a later change of the mode.
     std::shared_ptr<ViewController> zoneVC_;
     std::shared_ptr<ViewController> outputVC_;
+    std::vector<std::shared_ptr<ViewController>> otherVCs_;
 };
 
 } // namespace lumbra

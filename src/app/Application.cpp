@@ -11,21 +11,30 @@
 
 namespace lumbra {
 
-Application::Application(const Platform& platform)
-    : platform_(platform),
-      tabs_(std::make_shared<NetworkTabController>(
-          std::make_shared<ServerConnection>(platform.queue, platform.streams, platform.reachability),
-          platform.settings)),
-      delegate_(std::make_shared<Window>(Window{tabs_}), platform.settings) {
-    const ScreenContext context{platform.queue, platform.worker, notifications_, alerts_, *tabs_};
-    tabs_->setViewControllers({
+namespace {
+
+std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, NotificationCenter& notifications,
+                                                AlertPresenter& alerts) {
+    const auto connection =
+        std::make_shared<ServerConnection>(platform.queue, platform.streams, platform.reachability);
+    auto tabs = std::make_shared<NetworkTabController>(connection, platform.settings);
+    const ScreenContext context{platform.queue, platform.worker, notifications, alerts, *tabs};
+    tabs->setViewControllers({
         std::make_shared<ZoneViewController>(context, buildView("zone")),
         std::make_shared<OutputViewController>(context, buildView("output")),
         std::make_shared<GroupViewController>(context, buildView("group")),
         std::make_shared<OverrideViewController>(context, buildView("override")),
         std::make_shared<SceneViewController>(context, buildView("scene")),
     });
+    return tabs;
 }
+
+} // namespace
+
+Application::Application(const Platform& platform)
+    : platform_(platform),
+      tabs_(buildTabs(platform, notifications_, alerts_)),
+      delegate_(tabs_, platform.settings) {}
 
 Application::~Application() {
     tabs_->serverConn()->closeConnection();
@@ -37,7 +46,6 @@ void Application::launch() {
     delegate_.didFinishLaunching();
     tabs_->loadViewIfNeeded();
     tabs_->viewWillAppear();
-    tabs_->viewDidAppear();
     becomeActive();
 }
 
@@ -47,10 +55,6 @@ void Application::resignActive() {
 
 void Application::enterBackground() {
     delegate_.didEnterBackground();
-}
-
-void Application::enterForeground() {
-    delegate_.willEnterForeground();
 }
 
 void Application::becomeActive() {

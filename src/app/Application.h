@@ -11,6 +11,7 @@
 #include "toolkit/NotificationCenter.h"
 
 #include <memory>
+#include <vector>
 
 namespace lumbra {
 
@@ -39,7 +40,7 @@ public:
     // The platform's events. On becoming active the delegate acts first, then the screen on show is notified.
     void resignActive();
     void enterBackground();
-    void enterForeground();
+    void enterForeground() {} // nothing depends on it
     void becomeActive();
     /// The application is about to end; its settings are written.
     void terminate();
@@ -48,6 +49,10 @@ public:
     void reconnect();
 
     NetworkTabController& tabs() { return *tabs_; }
+    /// The tabs as they are in normal or in advanced mode.
+    std::vector<std::shared_ptr<ViewController>> tabsInMode(bool advanced) const {
+        return delegate_.tabsInMode(advanced);
+    }
     ServerConnection& link() { return *tabs_->serverConn(); }
     AlertPresenter& alerts() { return alerts_; }
     SettingsStore& settings() { return platform_.settings; }

@@ -1,13 +1,9 @@
 #include "app/Layout.h"
 
 #include "screens/FrequencyScale.h"
-#include "toolkit/ActivityIndicator.h"
-#include "toolkit/Button.h"
-#include "toolkit/Label.h"
-#include "toolkit/Picker.h"
-#include "toolkit/SegmentedControl.h"
-#include "toolkit/Slider.h"
-#include "toolkit/Switch.h"
+#include "screens/Readings.h"
+#include "toolkit/Controls.h"
+#include "toolkit/Translatable.h"
 
 #include <algorithm>
 #include <array>
@@ -23,13 +19,14 @@ namespace {
 
 using Kind = Control::Kind;
 
-/// One line of the layout, or several alike: a line with a count of n stands for n controls, whose names, and
-/// whose captions if they have one, end in 1 to n.
+/// One control of the layout, or several alike: with a count of n, the names of n controls, and their captions if they
+/// have any, end in 1 to n.
 struct Line {
     std::string_view name;
     std::string_view caption;
     Kind kind;
-    std::string_view text = {}; ///< a label's text, a button's title
+    std::string_view text = {}; ///< a button's title
+    Reading reading = {};       ///< a label's
     float minimum = 0;
     float maximum = 0;
     float value = 0; ///< a slider's value; a switch is on where it is not 0
@@ -43,7 +40,9 @@ struct Screen {
     std::span<const Line> lines;
 };
 
-constexpr std::array FILTER_TYPES{"Bypass", "High-pass", "High shelf", "Low-pass", "Low shelf", "Parametric"};
+constexpr std::array FILTER_TYPES{LUMBRA_TEXT("System", "Bypass"),     LUMBRA_TEXT("System", "High-pass"),
+                                  LUMBRA_TEXT("System", "High shelf"), LUMBRA_TEXT("System", "Low-pass"),
+                                  LUMBRA_TEXT("System", "Low shelf"),  LUMBRA_TEXT("System", "Parametric")};
 
 constexpr Line picker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker};
@@ -60,8 +59,8 @@ constexpr Line slider(std::string_view name, std::string_view caption, float min
 constexpr Line onOff(std::string_view name, std::string_view caption, bool on) {
     return {.name = name, .caption = caption, .kind = Kind::Switch, .value = on ? 1.0F : 0.0F};
 }
-constexpr Line label(std::string_view name, std::string_view text) {
-    return {.name = name, .caption = {}, .kind = Kind::Label, .text = text};
+constexpr Line label(std::string_view name, const Reading& reading) {
+    return {.name = name, .caption = {}, .kind = Kind::Label, .reading = reading};
 }
 constexpr Line button(std::string_view name, std::string_view title) {
     return {.name = name, .caption = {}, .kind = Kind::Button, .text = title};
@@ -79,61 +78,63 @@ constexpr Line disabled(Line line) {
 }
 
 constexpr std::array ZONE{
-    picker("zonePicker", "Zone"),
-    picker("sourcePicker", "Input"),
-    slider("volumeSlider", "Volume", -80, 0, -40),
-    label("volumeLabel", "50%"),
-    onOff("muteSwitch", "Mute", false),
-    onOff("loudnessSwitch", "Loudness", false),
-    slider("bassSlider", "Bass", -15, 15, 0),
-    label("bassLabel", "0%"),
-    slider("trebleSlider", "Treble", -15, 15, 0),
-    label("trebleLabel", "0%"),
+    picker("zonePicker", LUMBRA_TEXT("System", "Zone")),
+    picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
+    slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
+    label("volumeLabel", percentOfVolume(-40)),
+    onOff("muteSwitch", LUMBRA_TEXT("System", "Mute"), false),
+    onOff("loudnessSwitch", LUMBRA_TEXT("System", "Loudness"), false),
+    slider("bassSlider", LUMBRA_TEXT("System", "Bass"), -15, 15, 0),
+    label("bassLabel", percentOfTone(0)),
+    slider("trebleSlider", LUMBRA_TEXT("System", "Treble"), -15, 15, 0),
+    label("trebleLabel", percentOfTone(0)),
     spinner(),
 };
 
 const std::array OUTPUT{
-    picker("outputPicker", "Output"),
-    picker("sourcePicker", "Input"),
-    slider("volumeSlider", "Volume", -80, 0, -40),
-    label("volumeLabel", "-40 dB"),
-    onOff("muteSwitch", "Mute", false),
-    onOff("powerSwitch", "Power", true),
-    times(7, {.name = "filterType", .caption = "Type", .kind = Kind::Segmented}),
-    times(7,
-          disabled(slider("filterFreq", "Frequency", frequencyToSlider(20), frequencyToSlider(20000), 3000))),
-    times(7, label("freqLabel", "1 kHz")),
-    times(7, disabled(slider("filterGain", "Gain", -15, 15, 0))),
-    times(7, label("gainLabel", "0 dB")),
+    picker("outputPicker", LUMBRA_TEXT("System", "Output")),
+    picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
+    slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
+    label("volumeLabel", decibels(-40)),
+    onOff("muteSwitch", LUMBRA_TEXT("System", "Mute"), false),
+    onOff("powerSwitch", LUMBRA_TEXT("System", "Power"), true),
+    times(7, {.name = "filterType", .caption = LUMBRA_TEXT("System", "Type"), .kind = Kind::Segmented}),
+    times(7, disabled(slider("filterFreq", LUMBRA_TEXT("System", "Frequency"), frequencyToSlider(20),
+                             frequencyToSlider(20000), 3000))),
+    times(7, label("freqLabel", hertz(1000))),
+    times(7, disabled(slider("filterGain", LUMBRA_TEXT("System", "Gain"), -15, 15, 0))),
+    times(7, label("gainLabel", decibels(0))),
     spinner(),
 };
 
 constexpr std::array GROUP{
-    picker("groupPicker", "Group"),
-    picker("sourcePicker", "Input"),
-    slider("volumeSlider", "Volume", -80, 0, -40),
-    label("volumeLabel", "50%"),
-    onOff("muteSwitch", "Mute", false),
-    onOff("powerSwitch", "Power", true),
+    picker("groupPicker", LUMBRA_TEXT("System", "Group")),
+    picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
+    slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
+    label("volumeLabel", percentOfVolume(-40)),
+    onOff("muteSwitch", LUMBRA_TEXT("System", "Mute"), false),
+    onOff("powerSwitch", LUMBRA_TEXT("System", "Power"), true),
     spinner(),
 };
 
 constexpr std::array OVERRIDE{
-    times(10, onOff("ovrSwitch", "Override", false)),
+    times(10, onOff("ovrSwitch", LUMBRA_TEXT("System", "Override"), false)),
     spinner(),
 };
 
 constexpr std::array SCENE{
-    picker("scenePicker", "Scene"),
-    button("loadSceneButton", "Recall"),
-    button("saveSceneButton", "Store"),
+    picker("scenePicker", LUMBRA_TEXT("System", "Scene")),
+    button("loadSceneButton", LUMBRA_TEXT("System", "Recall")),
+    button("saveSceneButton", LUMBRA_TEXT("System", "Store")),
     spinner(),
 };
 
 const std::array SCREENS{
-    Screen{"zone", "Zones", ZONE},    Screen{"output", "Outputs", OUTPUT},
-    Screen{"group", "Groups", GROUP}, Screen{"override", "Overrides", OVERRIDE},
-    Screen{"scene", "Scenes", SCENE},
+    Screen{"zone", LUMBRA_TEXT("System", "Zones"), ZONE},
+    Screen{"output", LUMBRA_TEXT("System", "Outputs"), OUTPUT},
+    Screen{"group", LUMBRA_TEXT("System", "Groups"), GROUP},
+    Screen{"override", LUMBRA_TEXT("System", "Overrides"), OVERRIDE},
+    Screen{"scene", LUMBRA_TEXT("System", "Scenes"), SCENE},
 };
 
 std::shared_ptr<Control> build(const Line& line) {
@@ -153,7 +154,7 @@ std::shared_ptr<Control> build(const Line& line) {
             std::vector<std::string>(FILTER_TYPES.begin(), FILTER_TYPES.end()), 0);
         break;
     case Kind::Label:
-        control = std::make_shared<Label>(std::string(line.text));
+        control = std::make_shared<Label>(line.reading);
         break;
     case Kind::ActivityIndicator:
         control = std::make_shared<ActivityIndicator>();

@@ -11,7 +11,6 @@ NetworkTabController::NetworkTabController(std::shared_ptr<ServerConnection> con
                                            SettingsStore& settings)
     : serverConn_(std::move(connection)), settings_(settings) {
     NetworkTabController::updateFromPreferences();
-    setDelegate(this);
 }
 
 void NetworkTabController::updateFromPreferences() {
@@ -32,7 +31,7 @@ void NetworkTabController::updateFromPreferences() {
     settings_.setValue(SERIAL_PORT_PREFERENCE, serverConn_->serial);
 }
 
-void NetworkTabController::didSelectViewController(TabBarController&, ViewController&) {
+void NetworkTabController::didSelectViewController() {
     settings_.setValue(START_TAB_PREFERENCE, std::int64_t{selectedIndex()});
     settings_.flush();
 }

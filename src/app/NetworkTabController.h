@@ -9,11 +9,9 @@
 
 namespace lumbra {
 
-/// The root of the window: holds the screens as tabs, owns the one connection that they share, loads the
-/// stored link settings into it and records the tab that a person chose. Main thread only.
-class NetworkTabController final : public TabBarController,
-                                   public TabBarControllerDelegate,
-                                   public LinkOwner {
+/// The root of the window: holds the screens as tabs, owns the one connection that they share, loads the stored link
+/// settings into it and stores the tab that a person selects. Main thread only.
+class NetworkTabController final : public TabBarController, public LinkOwner {
 public:
     /// Takes a fresh connection and loads the stored link settings into it. `settings` outlives the
     /// controller.
@@ -27,13 +25,13 @@ public:
     bool advancedMode() const { return advancedMode_; }
     void setAdvancedMode(bool advanced) { advancedMode_ = advanced; }
 
-    /// Takes the four stored link settings into the connection, all or none: where the address is absent or
-    /// the unit number is none, the connection's own values are written back instead.
+    /// Takes the four stored link settings into the connection, all or none: where the address is absent or the unit
+    /// number is not 1 to 4, the connection's own values are stored instead.
     void updateFromPreferences() override;
 
-    void didSelectViewController(TabBarController& tabs, ViewController& selected) override;
-
 private:
+    void didSelectViewController() override;
+
     std::shared_ptr<ServerConnection> serverConn_;
     SettingsStore& settings_;
     bool appWasInBackground_ = false;

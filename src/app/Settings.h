@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/Translatable.h"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -28,12 +30,12 @@ struct SettingEntry {
 
 /// The settings screen's entries, from top to bottom.
 inline constexpr std::array<SettingEntry, 6> SETTINGS{{
-    {IP_ADDRESS_PREFERENCE, SettingEntry::Type::Text, "IP address"},
-    {UNIT_NUMBER_PREFERENCE, SettingEntry::Type::Integer, "Unit number"},
-    {POLLING_PREFERENCE, SettingEntry::Type::Flag, "State queries"},
-    {SERIAL_PORT_PREFERENCE, SettingEntry::Type::Flag, "Serial port"},
-    {START_TAB_PREFERENCE, SettingEntry::Type::Integer, "Start tab"},
-    {ADVANCED_MODE_PREFERENCE, SettingEntry::Type::Flag, "Advanced mode"},
+    {IP_ADDRESS_PREFERENCE, SettingEntry::Type::Text, LUMBRA_TEXT("System", "IP address")},
+    {UNIT_NUMBER_PREFERENCE, SettingEntry::Type::Integer, LUMBRA_TEXT("System", "Unit number")},
+    {POLLING_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "State queries")},
+    {SERIAL_PORT_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "Serial port")},
+    {START_TAB_PREFERENCE, SettingEntry::Type::Integer, LUMBRA_TEXT("System", "Start tab")},
+    {ADVANCED_MODE_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "Advanced mode")},
 }};
 
 /// The entry of that key; null where there is none.

@@ -1,6 +1,7 @@
 #include "link/ScreenViewController.h"
 
 #include "protocol/Command.h"
+#include "toolkit/Translatable.h"
 
 #include <span>
 #include <string>
@@ -80,7 +81,7 @@ void ScreenViewController::dataReceived(const ReceiveBuffer& buffer, std::size_t
 void ScreenViewController::displayConnectionError() {
     context_.queue.post([self = shared(this),
                          message = "Failed to connect to IP address " + serverConn_->ip_address() + "."] {
-        self->context_.alerts.present({"Error", message, "OK"});
+        self->context_.alerts.present({LUMBRA_TEXT("System", "Error"), message, LUMBRA_TEXT("System", "OK")});
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/HideLists.h"
+#include "model/Defaults.h"
 
 #include <array>
 #include <cstddef>

@@ -44,19 +44,4 @@ protected:
     }
 };
 
-/// "Zone 1", "Zone 2" ... for a model's names before the unit has told them.
-template <class Names>
-void fillDefaultNames(Names& names, const std::string& kind) {
-    for (std::size_t item = 0; item < names.size(); ++item)
-        names[item] = kind + " " + std::to_string(item + 1);
-}
-
-/// An array with the same value everywhere, for the first values of a model's fields.
-template <class Array>
-constexpr Array filled(typename Array::value_type value) {
-    Array array{};
-    array.fill(value);
-    return array;
-}
-
 } // namespace lumbra

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Defaults.h"
 #include "model/HideLists.h"
 
 #include <array>

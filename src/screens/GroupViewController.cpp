@@ -1,6 +1,6 @@
 #include "screens/GroupViewController.h"
 
-#include "screens/Texts.h"
+#include "screens/Readings.h"
 
 #include <utility>
 
@@ -23,7 +23,7 @@ void GroupViewController::processCommand(std::string_view report) {
     dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
 }
 
-std::string GroupViewController::volumeText(std::int64_t volume) const {
+Reading GroupViewController::volumeReading(std::int64_t volume) const {
     return percentOfVolume(volume);
 }
 

@@ -21,7 +21,7 @@ public:
 
 protected:
     void processCommand(std::string_view report) override;
-    std::string volumeText(std::int64_t volume) const override;
+    Reading volumeReading(std::int64_t volume) const override;
     std::int64_t maxVolume(std::size_t) const override { return Groups::max_volume; }
     void showItem() override;
 

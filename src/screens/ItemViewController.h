@@ -83,8 +83,8 @@ protected:
           volumeLabel_(this->view().template outlet<Label>("volumeLabel")),
           muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {}
 
-    /// The volume label's text.
-    virtual std::string volumeText(std::int64_t volume) const = 0;
+    /// What the volume label reads at `volume` dB.
+    virtual Reading volumeReading(std::int64_t volume) const = 0;
     /// The highest volume that a report may carry for the item.
     virtual std::int64_t maxVolume(std::size_t item) const = 0;
 
@@ -106,7 +106,7 @@ protected:
     }
     void showVolume() {
         volumeSlider_->setValue(static_cast<float>(ofCurrent(model_.volume)));
-        volumeLabel_->setText(volumeText(ofCurrent(model_.volume)));
+        volumeLabel_->setReading(volumeReading(ofCurrent(model_.volume)));
     }
 
     // The deferred slider step: each value-changed event has the slider looked at once, 0.75 s later, and the

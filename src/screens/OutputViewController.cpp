@@ -1,10 +1,9 @@
 #include "screens/OutputViewController.h"
 
 #include "screens/FrequencyScale.h"
-#include "screens/Texts.h"
+#include "screens/Readings.h"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -19,15 +18,6 @@ auto outletsOf(const View& view, const std::string& name) {
     for (std::size_t band = 0; band < outlets.size(); ++band)
         outlets[band] = view.outlet<Control>(name + std::to_string(band + 1));
     return outlets;
-}
-
-template <class Outlets, class Control>
-std::optional<std::size_t> bandOf(const Outlets& outlets, const Control& sender) {
-    const auto found =
-        std::find_if(outlets.begin(), outlets.end(), [&](const auto& outlet) { return outlet.is(sender); });
-    if (found == outlets.end())
-        return std::nullopt;
-    return static_cast<std::size_t>(found - outlets.begin());
 }
 
 bool hasGain(std::int64_t type) {
@@ -51,9 +41,12 @@ void OutputViewController::viewDidLoad() {
     const std::weak_ptr self = shared(this);
     powerSwitch_->valueChanged.set(self, &OutputViewController::powerSwitchChange);
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
-        filterType_[band]->valueChanged.set(self, &OutputViewController::filterTypeChange);
-        filterFreq_[band]->valueChanged.set(self, &OutputViewController::filterFreqChange);
-        filterGain_[band]->valueChanged.set(self, &OutputViewController::filterGainChange);
+        filterType_[band]->valueChanged.set(self,
+                                            [band](auto& screen, auto&) { screen.filterTypeChange(band); });
+        filterFreq_[band]->valueChanged.set(self,
+                                            [band](auto& screen, auto&) { screen.filterFreqChange(band); });
+        filterGain_[band]->valueChanged.set(self,
+                                            [band](auto& screen, auto&) { screen.filterGainChange(band); });
     }
 }
 
@@ -61,26 +54,22 @@ void OutputViewController::powerSwitchChange(Switch& sender) {
     send(setPower(itemKind(), output().current, sender.isOn()));
 }
 
-void OutputViewController::filterTypeChange(SegmentedControl& sender) {
-    if (const auto band = bandOf(filterType_, sender)) {
-        ofCurrent(model().filter_type)[*band] = sender.selected();
-        sendFilterCommand(*band);
-    }
+void OutputViewController::filterTypeChange(std::size_t band) {
+    ofCurrent(model().filter_type)[band] = filterType_[band]->selected();
+    sendFilterCommand(band);
 }
 
-void OutputViewController::filterFreqChange(Slider& sender) {
-    if (const auto band = bandOf(filterFreq_, sender))
-        defer(filterFreq_[*band], [this, band = *band](float value) {
-            settle(sliderToFrequency(value), ofCurrent(model().filter_freq)[band],
-                   [&] { sendFilterCommand(band); });
-        });
+void OutputViewController::filterFreqChange(std::size_t band) {
+    defer(filterFreq_[band], [this, band](float value) {
+        settle(sliderToFrequency(value), ofCurrent(model().filter_freq)[band],
+               [&] { sendFilterCommand(band); });
+    });
 }
 
-void OutputViewController::filterGainChange(Slider& sender) {
-    if (const auto band = bandOf(filterGain_, sender))
-        defer(filterGain_[*band], [this, band = *band](float value) {
-            settle(truncated(value), ofCurrent(model().filter_gain)[band], [&] { sendFilterCommand(band); });
-        });
+void OutputViewController::filterGainChange(std::size_t band) {
+    defer(filterGain_[band], [this, band](float value) {
+        settle(truncated(value), ofCurrent(model().filter_gain)[band], [&] { sendFilterCommand(band); });
+    });
 }
 
 void OutputViewController::sendFilterCommand(std::size_t band) {
@@ -93,7 +82,7 @@ void OutputViewController::processCommand(std::string_view report) {
     dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
 }
 
-std::string OutputViewController::volumeText(std::int64_t volume) const {
+Reading OutputViewController::volumeReading(std::int64_t volume) const {
     return decibels(volume);
 }
 
@@ -103,7 +92,7 @@ void OutputViewController::showItem() {
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
         const auto gain = ofCurrent(output().filter_gain)[band];
         filterGain_[band]->setValue(static_cast<float>(gain));
-        filterGainLabel_[band]->setText(decibels(gain));
+        filterGainLabel_[band]->setReading(decibels(gain));
         showFrequency(band);
         showType(band);
     }
@@ -119,7 +108,7 @@ void OutputViewController::showType(std::size_t band) {
 void OutputViewController::showFrequency(std::size_t band) {
     const auto frequency = ofCurrent(output().filter_freq)[band];
     filterFreq_[band]->setValue(frequencyToSlider(frequency));
-    filterFreqLabel_[band]->setText(hertz(frequency));
+    filterFreqLabel_[band]->setReading(hertz(frequency));
 }
 
 void OutputViewController::handle(const reports::Power& report) {
@@ -162,7 +151,10 @@ void OutputViewController::handle(const outputs::Band& report) {
     showType(band);
     if (report.frequency) {
         showFrequency(band);
-        filterGainLabel_[band]->setText(report.gain ? decibels(*report.gain) : "Gain");
+        if (report.gain)
+            filterGainLabel_[band]->setReading(decibels(*report.gain));
+        else
+            filterGainLabel_[band]->setText("Gain");
     }
     if (report.gain)
         filterGain_[band]->setValue(static_cast<float>(*report.gain));

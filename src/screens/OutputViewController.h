@@ -7,6 +7,7 @@
 #include "toolkit/SegmentedControl.h"
 
 #include <array>
+#include <cstddef>
 
 namespace lumbra {
 
@@ -20,16 +21,16 @@ public:
 
     void viewDidLoad() override;
     void powerSwitchChange(Switch& sender);
-    // The band is found by the control that sends; a sender of no band is ignored.
-    void filterTypeChange(SegmentedControl& sender);
-    void filterFreqChange(Slider& sender);
-    void filterGainChange(Slider& sender);
+    // The band is 0-based.
+    void filterTypeChange(std::size_t band);
+    void filterFreqChange(std::size_t band);
+    void filterGainChange(std::size_t band);
 
     const Outputs& output() const { return model(); }
 
 protected:
     void processCommand(std::string_view report) override;
-    std::string volumeText(std::int64_t volume) const override;
+    Reading volumeReading(std::int64_t volume) const override;
     std::int64_t maxVolume(std::size_t item) const override { return output().max_volume[item]; }
     void showItem() override;
 

@@ -1,6 +1,6 @@
 #include "screens/SceneViewController.h"
 
-#include "model/HideLists.h"
+#include "model/Defaults.h"
 
 #include <cstddef>
 #include <utility>

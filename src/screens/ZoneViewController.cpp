@@ -1,7 +1,7 @@
 #include "screens/ZoneViewController.h"
 
 #include "model/Outputs.h"
-#include "screens/Texts.h"
+#include "screens/Readings.h"
 
 #include <utility>
 
@@ -45,7 +45,7 @@ void ZoneViewController::processCommand(std::string_view report) {
     dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
 }
 
-std::string ZoneViewController::volumeText(std::int64_t volume) const {
+Reading ZoneViewController::volumeReading(std::int64_t volume) const {
     return percentOfVolume(volume);
 }
 
@@ -58,12 +58,12 @@ void ZoneViewController::showItem() {
 
 void ZoneViewController::showBass() {
     bassSlider_->setValue(static_cast<float>(ofCurrent(zone().bass)));
-    bassLabel_->setText(percentOfTone(ofCurrent(zone().bass)));
+    bassLabel_->setReading(percentOfTone(ofCurrent(zone().bass)));
 }
 
 void ZoneViewController::showTreble() {
     trebleSlider_->setValue(static_cast<float>(ofCurrent(zone().treble)));
-    trebleLabel_->setText(percentOfTone(ofCurrent(zone().treble)));
+    trebleLabel_->setReading(percentOfTone(ofCurrent(zone().treble)));
 }
 
 void ZoneViewController::handle(const reports::MaxVolume& report) {

@@ -51,15 +51,16 @@ private:
     Signal<> changed_;
 };
 
-/// Where a control's event goes: one method of one target, which the control does not keep alive.
+/// Where a control's event goes: one target, which the control does not keep alive.
 template <class Sender>
 class TargetAction {
 public:
-    template <class Target>
-    void set(std::weak_ptr<Target> target, void (Target::*method)(Sender&)) {
-        action_ = [target = std::move(target), method](Sender& sender) {
+    /// `action` is called with the target and the control: a method of the target, or a function.
+    template <class Target, class Action>
+    void set(std::weak_ptr<Target> target, Action action) {
+        action_ = [target = std::move(target), action](Sender& sender) {
             if (const auto alive = target.lock())
-                (alive.get()->*method)(sender);
+                std::invoke(action, *alive, sender);
         };
     }
     void send(Sender& sender) const {

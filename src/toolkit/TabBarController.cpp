@@ -30,8 +30,7 @@ bool TabBarController::selectByUser(int index) {
     if (!has(index))
         return false;
     setSelectedIndex(index);
-    if (delegate_)
-        delegate_->didSelectViewController(*this, *selectedViewController());
+    didSelectViewController();
     return true;
 }
 
@@ -42,10 +41,8 @@ void TabBarController::viewWillAppear() {
 
 void TabBarController::viewWillDisappear() {
     onShow_ = false;
-    if (const auto leaving = std::exchange(shown_, nullptr)) {
+    if (const auto leaving = std::exchange(shown_, nullptr))
         leaving->viewWillDisappear();
-        leaving->viewDidDisappear();
-    }
 }
 
 void TabBarController::showSelected() {
@@ -61,12 +58,8 @@ void TabBarController::showSelected() {
         return;
     if (coming)
         coming->viewWillAppear();
-    if (leaving) {
+    if (leaving)
         leaving->viewWillDisappear();
-        leaving->viewDidDisappear();
-    }
-    if (coming)
-        coming->viewDidAppear();
 }
 
 } // namespace lumbra

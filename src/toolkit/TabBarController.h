@@ -1,6 +1,5 @@
 #pragma once
 
-#include "toolkit/Picker.h"
 #include "toolkit/Signal.h"
 #include "toolkit/ViewController.h"
 
@@ -10,22 +9,10 @@
 
 namespace lumbra {
 
-class TabBarController;
-
-/// Hears which tab a person selects.
-class TabBarControllerDelegate {
-public:
-    virtual void didSelectViewController(TabBarController& tabs, ViewController& selected) = 0;
-
-protected:
-    ~TabBarControllerDelegate() = default;
-};
-
 /// Holds screens as tabs and shows one of them. Main thread only.
 ///
-/// A screen that comes on show is loaded if it is not, then told that it will appear; the one it replaces is
-/// told that it will disappear and that it has, and the new one that it has appeared. While the tab
-/// controller itself is not on show, no screen is told anything.
+/// A screen that comes on show is loaded if it is not, then told that it will appear; then the one that it replaces is
+/// told that it will disappear. While the tab controller itself is not on show, no screen is told anything.
 class TabBarController : public ViewController {
 public:
     TabBarController();
@@ -37,18 +24,11 @@ public:
     int selectedIndex() const { return selected_; }
     /// Null while there are no tabs.
     std::shared_ptr<ViewController> selectedViewController() const;
-    /// Selects a tab without telling the delegate. A position that does not exist changes nothing.
+    /// Selects a tab for the program. A position that does not exist changes nothing.
     void setSelectedIndex(int index);
 
-    /// A hand selects a tab; the delegate is told, also where that tab is on show already. False where there
-    /// is no such tab.
+    /// A hand selects a tab, which may be on show already. False where there is no such tab.
     bool selectByUser(int index);
-
-    /// Not kept alive.
-    void setDelegate(TabBarControllerDelegate* delegate) { delegate_ = delegate; }
-
-    Color tintColor() const { return tint_; }
-    void setTintColor(Color color) { tint_ = color; }
 
     /// Calls `observer` whenever the tabs or the screen on show have changed while this controller is on
     /// show, and when it comes on show.
@@ -59,6 +39,10 @@ public:
     void viewWillAppear() override;
     void viewWillDisappear() override;
 
+protected:
+    /// A hand has selected the tab that is on show now.
+    virtual void didSelectViewController() {}
+
 private:
     bool has(int index) const { return index >= 0 && index < static_cast<int>(controllers_.size()); }
     void showSelected();
@@ -67,8 +51,6 @@ private:
     std::shared_ptr<ViewController> shown_;
     int selected_ = 0;
     bool onShow_ = false;
-    TabBarControllerDelegate* delegate_ = nullptr;
-    Color tint_ = Color::Black;
     Signal<> changed_;
 };
 

@@ -21,12 +21,8 @@ public:
     virtual void viewDidLoad() {}
     /// About to be shown.
     virtual void viewWillAppear() {}
-    /// On show.
-    virtual void viewDidAppear() {}
     /// About to be hidden.
     virtual void viewWillDisappear() {}
-    /// Hidden.
-    virtual void viewDidDisappear() {}
 
     /// Runs `viewDidLoad` unless it has run.
     void loadViewIfNeeded() {

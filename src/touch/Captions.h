@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/Label.h"
+
 #include <QString>
 
 #include <string_view>
@@ -12,8 +14,8 @@ namespace lumbra {
 /// Captions, titles, segments, labels and alerts. A number behind a caption ("Override 3") is kept.
 QString translatedText(std::string_view text);
 
-/// The same as a screen reader should say it: "50%" is "50 percent", "-40 dB" is "-40 decibels".
-QString spokenText(std::string_view text);
+/// A label as a screen reader should say it: "50%" is "50 percent", "-40 dB" is "-40 decibels".
+QString spokenText(const Label& label);
 
 /// The name of a control with this English caption, of the item `where` (which may be empty), as a screen
 /// reader should say it: "Kitchen volume".

@@ -24,7 +24,7 @@ public:
     /// Plain text, never to be interpreted.
     QString text() const { return translatedText(control_->text()); }
     /// The text as a screen reader says it: "50 percent".
-    QString spoken() const { return spokenText(control_->text()); }
+    QString spoken() const { return spokenText(*control_); }
 
 private:
     std::shared_ptr<Label> control_;

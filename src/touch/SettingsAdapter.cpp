@@ -94,11 +94,9 @@ void SettingsAdapter::setStartTab(int position) {
 
 QStringList SettingsAdapter::tabs() const {
     QStringList titles;
-    for (const auto& tab : application_.tabs().viewControllers())
-        titles << translatedText(tab->view().title());
     // The mode may have been changed on this very screen, before the tabs follow on the way back.
-    if (!titles.isEmpty())
-        titles.first() = translatedText(advancedMode() ? "Outputs" : "Zones");
+    for (const auto& tab : application_.tabsInMode(advancedMode()))
+        titles << translatedText(tab->view().title());
     return titles;
 }
 
@@ -112,9 +110,8 @@ void SettingsAdapter::setAdvancedMode(bool advanced) {
 
 QString SettingsAdapter::caption(const QString& key) {
     const auto wanted = key.toStdString();
-    const auto* const entry =
-        std::find_if(SETTINGS.begin(), SETTINGS.end(), [&](const auto& e) { return e.key == wanted; });
-    return entry == SETTINGS.end() ? QString() : translatedText(entry->caption);
+    const auto* const entry = findSetting(wanted);
+    return entry ? translatedText(entry->caption) : QString();
 }
 
 void SettingsAdapter::store(std::string_view key, SettingValue value) {

@@ -1,5 +1,6 @@
 #include "Remote.h"
 #include "app/WindowLife.h"
+#include "screens/Readings.h"
 #include "touch/AddressHint.h"
 #include "touch/AppAdapter.h"
 #include "touch/Captions.h"
@@ -145,10 +146,10 @@ TEST(Captions, TheSystemsTextsAndNoOthersAreTranslated) {
                              "che"),
               QString::fromUtf8("K\xc3\xbc"
                                 "che"));
-    EXPECT_EQ(spokenText("50%"), QStringLiteral("50 percent"));
-    EXPECT_EQ(spokenText("-40 dB"), QStringLiteral("-40 decibels"));
-    EXPECT_EQ(spokenText("12 kHz"), QStringLiteral("12 kilohertz"));
-    EXPECT_EQ(spokenText("Gain"), QStringLiteral("Gain"));
+    EXPECT_EQ(spokenText(Label(percentOfVolume(-40))), QStringLiteral("50 percent"));
+    EXPECT_EQ(spokenText(Label(decibels(-40))), QStringLiteral("-40 decibels"));
+    EXPECT_EQ(spokenText(Label(hertz(12999))), QStringLiteral("12 kilohertz"));
+    EXPECT_EQ(spokenText(Label("Gain")), QStringLiteral("Gain"));
 }
 
 // Languages differ in what they write small and in what comes first.

@@ -47,7 +47,8 @@ TEST(Catalogues, HoldAFinishedTranslationOfEveryString) {
         QProcess lupdate;
         lupdate.start(QStringLiteral(LUPDATE_PROGRAM),
                       {QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("none"),
-                       QStringLiteral(LUMBRA_TOUCH_SOURCES), QStringLiteral("-ts"), copy});
+                       QStringLiteral("-tr-function-alias"), QStringLiteral("QT_TRANSLATE_NOOP+=LUMBRA_TEXT"),
+                       QStringLiteral(LUMBRA_TOUCH_SOURCES "/.."), QStringLiteral("-ts"), copy});
         ASSERT_TRUE(lupdate.waitForFinished() && lupdate.exitCode() == 0);
         const auto all = messages(copy);
         EXPECT_GT(all.size(), 50U);
