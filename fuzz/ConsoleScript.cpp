@@ -249,12 +249,15 @@ public:
         json.Parse<rapidjson::kParseValidateEncodingFlag>(line.data(), line.size());
         check(!json.HasParseError() && json.IsObject(), "a line is no JSON object", line);
         check(json.HasMember("reply") != json.HasMember("event"), "neither a reply nor an event", line);
-        if (json.HasMember("reply"))
+        if (json.HasMember("reply")) {
             readReply(line, json);
-        else if (json["event"] == "screen")
+        } else if (json["event"] == "screen") {
             controls_.clear();
-        else if (json["event"] == "control")
+            screen_ = json["screen"].GetString();
+        } else if (json["event"] == "control") {
+            check(json["screen"] == screen_.c_str(), "a control of a screen that is not on show", line);
             controls_[json["control"].GetString()].CopyFrom(json["state"], allocator_);
+        }
     }
     /// The newest event of each control must tell how it stands on `view`.
     void checkControls(const std::string& state) {
@@ -278,7 +281,8 @@ private:
 
     Replies& replies_;
     rapidjson::Document::AllocatorType allocator_;
-    std::map<std::string, rapidjson::Value> controls_;
+    std::string screen_;
+    std::map<std::string, rapidjson::Value> controls_; ///< of that screen
 };
 
 /// In text, a reply is "ok", an error, the head of a state, or the first row of a table of settings or of the
