@@ -51,9 +51,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     while (!input.empty()) {
         remote.streams.last().feed(input.take(piece));
         remote.settle();
-        const auto broken = brokenInvariant(remote);
-        check(broken.empty(), broken);
     }
+    auto broken = brokenInvariant(remote);
+    check(broken.empty(), broken);
     check(remote.sent().empty(), "a report made the remote send a command");
     check(remote.application.link().isConnected(), "a report ended the link");
 
@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     remote.queue.advance(std::chrono::seconds(1));
     checkCommands(remote.sent());
-    const auto broken = brokenInvariant(remote);
+    broken = brokenInvariant(remote);
     check(broken.empty(), broken);
     return 0;
 }
