@@ -10,7 +10,7 @@ QString touchModulePath(const QString& program) {
     const QFileInfo file(program);
     if (file.isAbsolute())
         for (const auto* folder : {"", "../" LUMBRA_MODULE_FOLDER "/"})
-            if (const auto module = file.dir().filePath(QLatin1String(folder) + name);
+            if (auto module = file.dir().filePath(QLatin1String(folder) + name);
                 QFileInfo::exists(module))
                 return module;
     return QStringLiteral(LUMBRA_INSTALLED_MODULE_FOLDER "/") + name;

@@ -7,14 +7,13 @@
 namespace lumbra {
 namespace {
 
-// a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close.
-struct Case {
-    const char* what;
-    const char* happens;
-    const char* events;
-};
-
 TEST(WindowLife, SendsEachEventOnceAChange) {
+    // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close.
+    struct Case {
+        const char* what;
+        const char* happens;
+        const char* events;
+    };
     const Case cases[] = {
         {"minimised and back", "ha", "resign background foreground active "},
         {"leaving twice", "hh", "resign background "},
