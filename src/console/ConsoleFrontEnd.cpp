@@ -7,7 +7,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstddef>
 #include <cstdlib>
 #include <string_view>
@@ -41,15 +40,13 @@ ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& wa
       options_(options),
       quit_(std::move(quit)),
       inputIsTerminal_(::isatty(options.input) != 0),
-      endSignals_({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First),
-      windowSignals_({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every),
       editor_(canEditLines(options)
                   ? std::make_unique<LineEditor>(LineEditor::Delegate{
                         [this](std::string line) { typed_.push_back({std::move(line)}); },
                         [this] { inputEnded_ = true; },
                         [this](std::string_view line) { return completions(application_, line); }})
                   : nullptr),
-      output_(options.output, endSignals_.descriptor(), application.queue(),
+      output_(options.output, options.endSignals, application.queue(),
               editor_ ? std::function<void(bool)>(
                             [this](bool begins) { begins ? editor_->hide() : editor_->show(); })
                       : nullptr),
@@ -63,9 +60,10 @@ ConsoleFrontEnd::~ConsoleFrontEnd() = default;
 void ConsoleFrontEnd::start() {
     application_.launch();
     output_.flush();
-    endWatch_ = watcher_.watchReadable(endSignals_.descriptor(), [this] { end(true); });
-    if (editor_)
-        windowWatch_ = watcher_.watchReadable(windowSignals_.descriptor(), [this] { readWindowSignals(); });
+    if (options_.endSignals != -1)
+        endWatch_ = watcher_.watchReadable(options_.endSignals, [this] { end(true); });
+    if (editor_ && options_.windowSignals != -1)
+        windowWatch_ = watcher_.watchReadable(options_.windowSignals, [this] { readWindowSignals(); });
     inputWatch_ = watcher_.watchReadable(options_.input, [this] { readInput(); });
     pump();
 }
@@ -88,7 +86,8 @@ void ConsoleFrontEnd::readInput() {
 }
 
 void ConsoleFrontEnd::readWindowSignals() {
-    while (windowSignals_.next()) {
+    std::array<char, 64> bytes; // NOLINT(cppcoreguidelines-pro-type-member-init): what they are is no matter
+    while (::read(options_.windowSignals, bytes.data(), bytes.size()) > 0) {
     }
     editor_->windowChanged();
 }

@@ -8,7 +8,6 @@
 #include "console/LineEditor.h"
 #include "console/Printer.h"
 #include "platform/DescriptorWatch.h"
-#include "platform/SignalPipe.h"
 
 #include <deque>
 #include <functional>
@@ -17,10 +16,13 @@
 
 namespace lumbra {
 
+/// The descriptors stay the caller's and outlive the front end.
 struct ConsoleOptions {
     bool json = false; ///< for programs, not people
     int input = 0;
     int output = 1;
+    int endSignals = -1;    ///< readable once the program should end; -1: never
+    int windowSignals = -1; ///< non-blocking, readable once the terminal's window has changed; -1: never
 };
 
 /// The console: shows the application's controls as text and moves them by commands. Main thread only.
@@ -51,8 +53,6 @@ private:
     std::function<void(int)> quit_;
     bool inputIsTerminal_;
 
-    SignalPipe endSignals_;
-    SignalPipe windowSignals_;
     std::unique_ptr<console::LineEditor> editor_; ///< on a terminal only
     console::DescriptorOutput output_;
     std::unique_ptr<console::Printer> printer_;

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <chrono>
-#include <csignal>
 #include <random>
 #include <sstream>
 #include <string>
@@ -404,18 +403,18 @@ TEST(Console, EndsWithTheStatusOfItsAnswers) {
     struct Case {
         const char* name;
         std::vector<const char*> input;
-        int signal;
+        bool signal;
         int status;
         const char* output;
     };
     const Case cases[] = {
-        {"quit", {"quit\n", "tab group\n"}, 0, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
-        {"quit after an error", {"fly\n", "quit\n"}, 0, 1, nullptr},
-        {"an end without a line end", {"quit"}, 0, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
-        {"an end after an error", {"fly"}, 0, 1, nullptr},
-        {"an end", {}, 0, 0, ""},
-        {"a signal during a wait", {"wait 1000\n"}, SIGTERM, 0, ""},
-        {"a hang-up after an error", {"fly\n"}, SIGHUP, 1, nullptr},
+        {"quit", {"quit\n", "tab group\n"}, false, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
+        {"quit after an error", {"fly\n", "quit\n"}, false, 1, nullptr},
+        {"an end without a line end", {"quit"}, false, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
+        {"an end after an error", {"fly"}, false, 1, nullptr},
+        {"an end", {}, false, 0, ""},
+        {"a signal during a wait", {"wait 1000\n"}, true, 0, ""},
+        {"a hang-up after an error", {"fly\n"}, true, 1, nullptr},
     };
     for (const auto& [name, input, signal, status, output] : cases) {
         SCOPED_TRACE(name);
@@ -424,8 +423,8 @@ TEST(Console, EndsWithTheStatusOfItsAnswers) {
         session.remote.application.enterBackground();
         for (const auto* bytes : input)
             session.type(bytes);
-        if (signal != 0)
-            ::raise(signal);
+        if (signal)
+            session.endBySignal();
         else
             session.endInput();
         session.settle();

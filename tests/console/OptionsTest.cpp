@@ -1,6 +1,6 @@
-#include "Options.h"
+#include "program/Options.h"
 
-#include "TouchModulePath.h"
+#include "program/TouchModulePath.h"
 
 #include <gtest/gtest.h>
 

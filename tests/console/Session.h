@@ -80,17 +80,19 @@ public:
     std::optional<int> exitStatus;
 
     explicit Session(bool json = true) : json_(json) {
-        if (::pipe2(input_.data(), O_CLOEXEC) != 0 || ::pipe2(output_.data(), O_CLOEXEC) != 0)
+        if (::pipe2(input_.data(), O_CLOEXEC) != 0 || ::pipe2(output_.data(), O_CLOEXEC) != 0 ||
+            ::pipe2(signals_.data(), O_CLOEXEC) != 0)
             std::abort();
         ::fcntl(output_[0], F_SETFL, O_NONBLOCK);
-        console.emplace(remote.application, watcher,
-                        ConsoleOptions{.json = json, .input = input_[0], .output = output_[1]},
-                        [this](int status) { exitStatus = status; });
+        console.emplace(
+            remote.application, watcher,
+            ConsoleOptions{.json = json, .input = input_[0], .output = output_[1], .endSignals = signals_[0]},
+            [this](int status) { exitStatus = status; });
     }
     ~Session() {
         console.reset();
         endInput();
-        for (const int descriptor : {input_[0], output_[0], output_[1]})
+        for (const int descriptor : {input_[0], output_[0], output_[1], signals_[0], signals_[1]})
             ::close(descriptor);
     }
 
@@ -118,6 +120,11 @@ public:
     void endInput() {
         if (input_[1] >= 0)
             ::close(std::exchange(input_[1], -1));
+    }
+    /// A signal asks the program to end.
+    void endBySignal() {
+        if (::write(signals_[1], "!", 1) != 1)
+            std::abort();
     }
     void closeOutput() {
         std::signal(SIGPIPE, SIG_IGN); // as the program does
@@ -196,6 +203,7 @@ private:
     bool json_;
     std::array<int, 2> input_{-1, -1};
     std::array<int, 2> output_{-1, -1};
+    std::array<int, 2> signals_{-1, -1};
     std::vector<std::string> lines_;
 };
 

@@ -7,7 +7,7 @@ namespace {
 
 using Type = EqResponse::Type;
 
-struct Case {
+struct Point {
     const char* what;
     EqResponse::Band band;
     double frequency;
@@ -16,7 +16,7 @@ struct Case {
 
 // Where a section's response is known without its formula: far from its frequency, at it, and half way.
 TEST(EqResponse, SectionsAnswerAsTheirTypesMust) {
-    const Case cases[] = {
+    const Point cases[] = {
         {"a bypassed band is flat", {Type::Bypass, 1000, 12}, 1000, 0},
         {"a high-pass is down by 3 dB at its frequency", {Type::HighPass, 1000, 0}, 1000, -3.01},
         {"and lets the highs pass", {Type::HighPass, 200, 0}, 10'000, 0},

@@ -1,4 +1,4 @@
-#include "Options.h"
+#include "program/Options.h"
 
 #include <QCommandLineParser>
 

@@ -1,4 +1,4 @@
-#include "TouchModulePath.h"
+#include "program/TouchModulePath.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,8 +10,7 @@ QString touchModulePath(const QString& program) {
     const QFileInfo file(program);
     if (file.isAbsolute())
         for (const auto* folder : {"", "../" LUMBRA_MODULE_FOLDER "/"})
-            if (auto module = file.dir().filePath(QLatin1String(folder) + name);
-                QFileInfo::exists(module))
+            if (auto module = file.dir().filePath(QLatin1String(folder) + name); QFileInfo::exists(module))
                 return module;
     return QStringLiteral(LUMBRA_INSTALLED_MODULE_FOLDER "/") + name;
 }

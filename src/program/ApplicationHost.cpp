@@ -1,4 +1,4 @@
-#include "ApplicationHost.h"
+#include "program/ApplicationHost.h"
 
 #include "app/Settings.h"
 #include "platform/MemorySettingsStore.h"

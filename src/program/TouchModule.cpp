@@ -1,7 +1,7 @@
-#include "TouchModule.h"
+#include "program/TouchModule.h"
 
-#include "ApplicationHost.h"
 #include "platform/SignalPipe.h"
+#include "program/ApplicationHost.h"
 #include "qt/QtDescriptorWatcher.h"
 #include "touch/DisplayGuard.h"
 #include "touch/TouchFrontEnd.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Options.h"
 #include "app/Application.h"
+#include "program/Options.h"
 #include "qt/QtMainQueue.h"
 #include "qt/ThreadWorker.h"
 

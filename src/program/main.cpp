@@ -1,8 +1,9 @@
-#include "ApplicationHost.h"
-#include "Options.h"
-#include "TouchModule.h"
-#include "TouchModulePath.h"
 #include "console/ConsoleFrontEnd.h"
+#include "platform/SignalPipe.h"
+#include "program/ApplicationHost.h"
+#include "program/Options.h"
+#include "program/TouchModule.h"
+#include "program/TouchModulePath.h"
 #include "qt/QtDescriptorWatcher.h"
 
 #include <QCoreApplication>
@@ -100,7 +101,13 @@ int runConsole(int& argc, char** argv, const Options& options) {
         return FAILURE;
     }
     QtDescriptorWatcher watcher;
-    ConsoleFrontEnd console(host.application(), watcher, {.json = options.json}, &QCoreApplication::exit);
+    const SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
+    const SignalPipe windowSignals({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every);
+    ConsoleFrontEnd console(host.application(), watcher,
+                            {.json = options.json,
+                             .endSignals = endSignals.descriptor(),
+                             .windowSignals = windowSignals.descriptor()},
+                            &QCoreApplication::exit);
     console.start();
     return QCoreApplication::exec();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Options.h"
+#include "program/Options.h"
 
 namespace lumbra {
 
