@@ -8,6 +8,7 @@
 //     ~n             the network goes, or comes back
 //     ~sNUMBER       so many bytes of the next write are taken; an error without a number
 //     ~d             the reader reads all there is
+//     ~q             a signal ends the program
 
 #include "Check.h"
 #include "Commands.h"
@@ -44,18 +45,20 @@ constexpr std::size_t LONGEST_SCRIPT = 32768;
 class Program {
 public:
     Program(bool json, bool slow) {
-        if (::pipe2(input_.data(), O_CLOEXEC) != 0 || ::pipe2(output_.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        if (::pipe2(input_.data(), O_CLOEXEC) != 0 || ::pipe2(output_.data(), O_CLOEXEC | O_NONBLOCK) != 0 ||
+            ::pipe2(signals_.data(), O_CLOEXEC) != 0)
             std::abort();
         if (slow)
             ::fcntl(output_[1], F_SETPIPE_SZ, 4096);
         else
             useFile();
-        console_.emplace(remote.application, watcher_,
-                         ConsoleOptions{.json = json, .input = input_[0], .output = output_[1]},
-                         [this](int status) {
-                             check(!exitStatus, "the program ended twice");
-                             exitStatus = status;
-                         });
+        console_.emplace(
+            remote.application, watcher_,
+            ConsoleOptions{.json = json, .input = input_[0], .output = output_[1], .endSignals = signals_[0]},
+            [this](int status) {
+                check(!exitStatus, "the program ended twice");
+                exitStatus = status;
+            });
         console_->start();
         settle();
     }
@@ -64,7 +67,7 @@ public:
         // Nothing of the console is left in the queue.
         remote.settle();
         remote.queue.advance(10s);
-        for (const int descriptor : {input_[0], input_[1], output_[0], output_[1]})
+        for (const int descriptor : {input_[0], input_[1], output_[0], output_[1], signals_[0], signals_[1]})
             if (descriptor >= 0)
                 ::close(descriptor);
     }
@@ -89,6 +92,13 @@ public:
         useFile();
         ::close(std::exchange(input_[1], -1));
         settle();
+    }
+    void signal() {
+        isInterrupted = true;
+        if (::write(signals_[1], "!", 1) != 1)
+            std::abort();
+        settle();
+        check(exitStatus.has_value(), "a signal did not end the program");
     }
     /// Reads what the pipe holds.
     void drain() {
@@ -118,6 +128,7 @@ public:
 
     Remote remote;
     std::optional<int> exitStatus;
+    bool isInterrupted = false;
 
 private:
     void useFile() {
@@ -131,6 +142,7 @@ private:
 
     std::array<int, 2> input_{-1, -1};
     std::array<int, 2> output_{-1, -1};
+    std::array<int, 2> signals_{-1, -1};
     bool usesFile_ = false;
     std::string drained_;
     ManualWatcher watcher_;
@@ -161,6 +173,8 @@ void happen(Program& program, std::string_view step) {
         program.remote.reachability.reachable = !program.remote.reachability.reachable;
     else if (kind == 'd')
         program.drain();
+    else if (kind == 'q')
+        program.signal();
     else if (streams.created() == 0)
         return;
     else if (kind == 'o')
@@ -230,6 +244,9 @@ public:
     void checkAll(int exitStatus) const {
         check(count_ == commands_.size(), "a command got no reply",
               count_ < commands_.size() ? commands_[count_].line : "");
+        checkStatus(exitStatus);
+    }
+    void checkStatus(int exitStatus) const {
         check(exitStatus == (failed_ ? 1 : 0), "the wrong exit status", std::to_string(exitStatus));
     }
 
@@ -316,7 +333,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input(data, size);
     const auto kind = input.line();
     const bool json = !kind.starts_with("text");
-    Program program(json, kind.ends_with(" slow"));
+    const bool slow = kind.ends_with(" slow");
+    Program program(json, slow);
     std::string script;
     std::string piece;
     const auto type = [&] {
@@ -332,8 +350,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             piece.append(line) += '\n';
         }
     }
-    type();
-    program.endInput();
+    if (!program.exitStatus) {
+        type();
+        program.endInput();
+    }
     while (!program.exitStatus) {
         if (program.remote.queue.now() > 4'000'000'000s) // The waits reach beyond the clock's range.
             return 0;
@@ -343,7 +363,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     Replies replies(commandsOf(script));
     JsonLines jsonLines(replies);
-    const auto printed = program.printed();
+    auto printed = program.printed();
+    const bool isCut = program.isInterrupted && slow; // A signal waits for no reader.
+    if (isCut)
+        printed.resize(printed.rfind('\n') + 1);
     check(printed.empty() || printed.back() == '\n', "the last line has no end");
     std::size_t rows = 0;
     for (std::string_view left = printed; !left.empty(); left.remove_prefix(left.find('\n') + 1)) {
@@ -354,8 +377,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         else
             readText(line, replies, rows);
     }
-    replies.checkAll(*program.exitStatus);
-    if (json)
+    if (!program.isInterrupted)
+        replies.checkAll(*program.exitStatus);
+    else if (!isCut)
+        replies.checkStatus(*program.exitStatus);
+    if (json && !isCut)
         jsonLines.checkControls(program.state());
     checkCommands(program.remote.sent());
     return 0;
