@@ -1,214 +1,301 @@
-// The report road, from a report's bytes to the control that moves: our pattern tables against the standard
+// The report road, from a report's bytes to the control that moves: our report forms against the standard
 // library's regular expressions, and against a hand-written parser as the floor. Before anything is timed,
 // all three are shown to read the same texts alike.
 
 #include "Allocations.h"
+#include "FormOracle.h"
 #include "Remote.h"
-#include "protocol/GroupMessages.h"
-#include "protocol/OutputMessages.h"
-#include "protocol/OverrideMessages.h"
-#include "protocol/SceneMessages.h"
-#include "protocol/ZoneMessages.h"
+#include "model/Outputs.h"
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <map>
 #include <optional>
-#include <regex>
 
 namespace lumbra {
 namespace {
 
-/// What a parser found: the row of the family's table, and the captured texts. -1 is no row.
-struct Found {
-    int row = -1;
-    std::array<std::string_view, 5> groups{};
-    std::size_t count = 0;
+template <class Report>
+using Parse = std::optional<Parsed<Report>> (*)(std::string_view text);
 
-    bool operator==(const Found& other) const {
-        return row == other.row && count == other.count &&
-               std::equal(groups.begin(), groups.begin() + static_cast<std::ptrdiff_t>(count),
-                          other.groups.begin());
-    }
-};
-
-/// Reads the forms that report patterns are made of, one character at a time, without an engine: what a
-/// family's parser would be if it were written out by hand.
+/// What a family's parser would be if it were written out by hand: it reads one word or number after the
+/// other.
+template <class Report>
 class HandWritten {
 public:
     explicit HandWritten(std::string_view text) : text_(text) {}
 
-    bool literal(std::string_view word) {
-        if (text_.substr(at_, word.size()) != word)
+    bool unit() { return literal("U") && digit(unit_, '0', '9'); }
+    template <std::size_t SIZE>
+    bool literal(const char (&word)[SIZE]) {
+        if (text_.size() < SIZE - 1)
             return false;
-        at_ += word.size();
+        for (std::size_t at = 0; at < SIZE - 1; ++at)
+            if (text_[at] != word[at])
+                return false;
+        text_.remove_prefix(SIZE - 1);
         return true;
     }
-    bool digits(std::size_t least, std::size_t most, bool sign = false, char low = '0', char high = '9') {
-        const auto begin = at_;
-        if (sign && at_ < text_.size() && text_[at_] == '-')
-            ++at_;
-        const auto first = at_;
-        while (at_ < text_.size() && at_ - first < most && text_[at_] >= low && text_[at_] <= high)
-            ++at_;
-        if (at_ - first < least)
-            return at_ = begin, false;
-        keep(begin, at_);
+    bool digit(int& value, char low, char high) {
+        if (text_.empty() || text_[0] < low || text_[0] > high)
+            return false;
+        value = text_[0] - '0';
+        text_.remove_prefix(1);
         return true;
     }
-    bool name() {
+    bool flag(int& value) { return digit(value, '0', '1'); }
+    bool number(int& value, int most = 2) {
+        if (!digit(value, '0', '9'))
+            return false;
+        for (int next = 0; --most > 0 && digit(next, '0', '9');)
+            value = 10 * value + next;
+        return true;
+    }
+    bool level(int& value) {
+        const bool negative = literal("-");
+        if (!number(value))
+            return false;
+        value = negative ? -value : value;
+        return true;
+    }
+    bool name(Name& name) {
         if (!literal("N\""))
             return false;
-        const auto begin = at_;
-        auto end = begin;
-        while (end < text_.size() && end - begin < 17 && text_[end] != '\n' && text_[end] != '\r')
+        std::size_t end = 0;
+        while (end < text_.size() && end < 17 && text_[end] != '\n' && text_[end] != '\r')
             ++end;
-        for (auto quote = end; quote-- > begin + 1;)
-            if (text_[quote] == '"')
-                return keep(begin, quote), at_ = quote + 1, true;
+        for (auto quote = end; quote-- > 1;)
+            if (text_[quote] == '"') {
+                name = Name::fromLatin1(text_.substr(0, quote));
+                return true;
+            }
         return false;
     }
-    Found as(int row) {
-        found_.row = row;
-        return found_;
+    template <class Kind>
+    std::optional<Parsed<Report>> made(bool complete, const Kind& report) const {
+        std::optional<Parsed<Report>> parsed;
+        if (complete)
+            parsed.emplace(Parsed<Report>{unit_, report});
+        return parsed;
+    }
+    std::optional<Parsed<Report>> input() {
+        int input = 0;
+        int on = 0;
+        Name of;
+        if (!number(input))
+            return {};
+        if (name(of))
+            return made(true, reports::InputName{input - 1, of});
+        const bool complete = literal("STEREO") && flag(on);
+        return made(complete, reports::InputStereo{input - 1, on != 0});
     }
 
 private:
-    void keep(std::size_t begin, std::size_t end) {
-        found_.groups[found_.count++] = text_.substr(begin, end - begin);
-    }
-
     std::string_view text_;
-    std::size_t at_ = 0;
-    Found found_;
+    int unit_ = 0;
 };
 
-Found unitAnd(HandWritten& in, std::string_view end, int row) {
-    return in.literal(end) ? in.as(row) : Found{};
-}
-Found inputReport(HandWritten& in, int nameRow, int stereoRow) {
-    if (!in.digits(1, 2))
-        return {};
-    if (in.name())
-        return in.as(nameRow);
-    return in.literal("STEREO") && in.digits(1, 1, false, '0', '1') ? in.as(stereoRow) : Found{};
-}
-
-Found zoneByHand(std::string_view text) {
-    HandWritten in(text);
-    if (!in.literal("U") || !in.digits(1, 1))
+std::optional<Parsed<zones::Report>> zoneByHand(std::string_view text) {
+    using namespace zones;
+    HandWritten<Report> in(text);
+    int item = 0;
+    int value = 0;
+    Name name;
+    if (!in.unit())
         return {};
     if (in.literal("Z")) {
-        if (!in.digits(1, 2))
+        if (!in.number(item))
             return {};
-        if (in.literal("V"))
-            return in.digits(1, 2, true) ? in.as(0) : Found{};
-        if (in.literal("I"))
-            return in.digits(1, 2) ? in.as(1) : Found{};
-        if (in.literal("MV"))
-            return in.digits(1, 2, true) ? in.as(10) : Found{};
-        if (in.literal("M"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(2) : Found{};
-        if (in.literal("LD"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(3) : Found{};
-        if (in.literal("BASS"))
-            return in.digits(1, 2, true) ? in.as(4) : Found{};
-        if (in.literal("TREB"))
-            return in.digits(1, 2, true) ? in.as(5) : Found{};
-        return in.name() ? in.as(7) : Found{};
+        if (in.literal("V")) {
+            const bool complete = in.level(value);
+            return in.made(complete, reports::Volume{item - 1, value});
+        }
+        if (in.literal("I")) {
+            const bool complete = in.number(value);
+            return in.made(complete, reports::Input{item - 1, value - 1});
+        }
+        if (in.literal("MV")) {
+            const bool complete = in.level(value);
+            return in.made(complete, reports::MaxVolume{item - 1, value});
+        }
+        if (in.literal("M")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, reports::Mute{item - 1, value != 0});
+        }
+        if (in.literal("LD")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, Loudness{item - 1, value != 0});
+        }
+        if (in.literal("BASS")) {
+            const bool complete = in.level(value);
+            return in.made(complete, Bass{item - 1, value});
+        }
+        if (in.literal("TREB")) {
+            const bool complete = in.level(value);
+            return in.made(complete, Treble{item - 1, value});
+        }
+        const bool complete = in.name(name);
+        return in.made(complete, reports::ItemName{item - 1, name});
     }
     if (in.literal("I"))
-        return inputReport(in, 6, 9);
-    if (in.literal("O"))
-        return in.digits(1, 2) && in.literal("Z") && in.digits(1, 2) ? in.as(8) : Found{};
-    return unitAnd(in, "APPQ0", 11);
+        return in.input();
+    if (in.literal("O")) {
+        const bool complete = in.number(item) && in.literal("Z") && in.number(value);
+        return in.made(complete, OutputAssignment{item - 1, value - 1});
+    }
+    return in.made(in.literal("APPQ0"), reports::EndOfState{});
 }
 
-Found bandByHand(HandWritten& in) {
-    if (!in.digits(1, 1, false, '1', '7'))
+std::optional<Parsed<outputs::Report>> bandByHand(HandWritten<outputs::Report>& in, int item) {
+    int band = 0;
+    int gain = 0;
+    int frequency = 0;
+    if (!in.digit(band, '1', '7'))
         return {};
+    const auto made = [&](bool complete, std::int64_t type, bool hasGain, bool hasFrequency) {
+        return in.made(complete,
+                       outputs::Band{item - 1, band - 1, type, hasGain ? std::optional(gain) : std::nullopt,
+                                     hasFrequency ? std::optional(frequency) : std::nullopt});
+    };
     if (in.literal("BYPASS"))
-        return in.as(4);
+        return made(true, Outputs::FILTER_BYPASS, false, false);
     if (in.literal("HPF"))
-        return in.digits(1, 5) ? in.as(5) : Found{};
+        return made(in.number(frequency, 5), Outputs::FILTER_HIGHPASS, false, true);
     if (in.literal("LPF"))
-        return in.digits(1, 5) ? in.as(7) : Found{};
-    const int row = in.literal("HS") ? 6 : in.literal("LS") ? 8 : in.literal("P") ? 9 : -1;
-    return row >= 0 && in.digits(1, 2, true) && in.literal("F") && in.digits(1, 5) ? in.as(row) : Found{};
+        return made(in.number(frequency, 5), Outputs::FILTER_LOWPASS, false, true);
+    const auto type = in.literal("HS")   ? Outputs::FILTER_HIGHSHELF
+                      : in.literal("LS") ? Outputs::FILTER_LOWSHELF
+                                         : Outputs::FILTER_PARAMETRIC;
+    if (type == Outputs::FILTER_PARAMETRIC && !in.literal("P"))
+        return {};
+    return made(in.level(gain) && in.literal("F") && in.number(frequency, 5), type, true, true);
 }
 
-Found outputByHand(std::string_view text) {
-    HandWritten in(text);
-    if (!in.literal("U") || !in.digits(1, 1))
+std::optional<Parsed<outputs::Report>> outputByHand(std::string_view text) {
+    using namespace outputs;
+    HandWritten<Report> in(text);
+    int item = 0;
+    int value = 0;
+    Name name;
+    if (!in.unit())
         return {};
     if (in.literal("O")) {
-        if (!in.digits(1, 2))
+        if (!in.number(item))
             return {};
-        if (in.literal("V"))
-            return in.digits(1, 2, true) ? in.as(0) : Found{};
-        if (in.literal("I"))
-            return in.digits(1, 2) ? in.as(1) : Found{};
-        if (in.literal("MV"))
-            return in.digits(1, 2, true) ? in.as(12) : Found{};
-        if (in.literal("MXTO"))
-            return in.digits(1, 2, true) ? in.as(13) : Found{};
-        if (in.literal("MNTO"))
-            return in.digits(1, 2, true) ? in.as(14) : Found{};
-        if (in.literal("M"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(2) : Found{};
-        if (in.literal("P"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(3) : Found{};
+        if (in.literal("V")) {
+            const bool complete = in.level(value);
+            return in.made(complete, reports::Volume{item - 1, value});
+        }
+        if (in.literal("I")) {
+            const bool complete = in.number(value);
+            return in.made(complete, reports::Input{item - 1, value - 1});
+        }
+        if (in.literal("MV")) {
+            const bool complete = in.level(value);
+            return in.made(complete, reports::MaxVolume{item - 1, value});
+        }
+        if (in.literal("MXTO")) {
+            const bool complete = in.level(value);
+            return in.made(complete, MaxTurnOnVolume{item - 1, value});
+        }
+        if (in.literal("MNTO")) {
+            const bool complete = in.level(value);
+            return in.made(complete, MinTurnOnVolume{item - 1, value});
+        }
+        if (in.literal("M")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, reports::Mute{item - 1, value != 0});
+        }
+        if (in.literal("P")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, reports::Power{item - 1, value != 0});
+        }
         if (in.literal("B"))
-            return bandByHand(in);
-        if (in.literal("STEREO"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(15) : Found{};
-        return in.name() ? in.as(11) : Found{};
+            return bandByHand(in, item);
+        if (in.literal("STEREO")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, Stereo{item - 1, value != 0});
+        }
+        const bool complete = in.name(name);
+        return in.made(complete, reports::ItemName{item - 1, name});
     }
     if (in.literal("I"))
-        return inputReport(in, 10, 16);
-    return unitAnd(in, "APPQ1", 17);
+        return in.input();
+    return in.made(in.literal("APPQ1"), reports::EndOfState{});
 }
 
-Found groupByHand(std::string_view text) {
-    HandWritten in(text);
-    if (!in.literal("U") || !in.digits(1, 1))
+std::optional<Parsed<groups::Report>> groupByHand(std::string_view text) {
+    using namespace groups;
+    HandWritten<Report> in(text);
+    int item = 0;
+    int value = 0;
+    Name name;
+    if (!in.unit())
         return {};
     if (in.literal("G")) {
-        if (!in.digits(1, 2))
+        if (!in.number(item))
             return {};
-        if (in.literal("V"))
-            return in.digits(1, 2, true) ? in.as(0) : Found{};
-        if (in.literal("I"))
-            return in.digits(1, 2) ? in.as(1) : Found{};
-        if (in.literal("M"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(2) : Found{};
-        if (in.literal("P"))
-            return in.digits(1, 1, false, '0', '1') ? in.as(3) : Found{};
-        return in.name() ? in.as(4) : Found{};
+        if (in.literal("V")) {
+            const bool complete = in.level(value);
+            return in.made(complete, reports::Volume{item - 1, value});
+        }
+        if (in.literal("I")) {
+            const bool complete = in.number(value);
+            return in.made(complete, reports::Input{item - 1, value - 1});
+        }
+        if (in.literal("M")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, reports::Mute{item - 1, value != 0});
+        }
+        if (in.literal("P")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, reports::Power{item - 1, value != 0});
+        }
+        const bool complete = in.name(name);
+        return in.made(complete, reports::ItemName{item - 1, name});
     }
     if (in.literal("I"))
-        return inputReport(in, 5, 6);
-    return unitAnd(in, "APPQ4", 7);
+        return in.input();
+    return in.made(in.literal("APPQ4"), reports::EndOfState{});
 }
 
-Found overrideByHand(std::string_view text) {
-    HandWritten in(text);
-    if (!in.literal("U") || !in.digits(1, 1))
+std::optional<Parsed<overrides::Report>> overrideByHand(std::string_view text) {
+    using namespace overrides;
+    HandWritten<Report> in(text);
+    int item = 0;
+    int value = 0;
+    if (!in.unit())
         return {};
-    if (in.literal("AO"))
-        return in.digits(1, 2) && in.literal("A") && in.digits(1, 1, false, '0', '1') ? in.as(0) : Found{};
-    return unitAnd(in, "APPQ3", 1);
+    if (in.literal("AO")) {
+        if (!in.number(item))
+            return {};
+        if (in.literal("A")) {
+            const bool complete = in.flag(value);
+            return in.made(complete, State{item - 1, value != 0});
+        }
+        return {};
+    }
+    return in.made(in.literal("APPQ3"), reports::EndOfState{});
 }
 
-Found sceneByHand(std::string_view text) {
-    HandWritten in(text);
-    if (!in.literal("U") || !in.digits(1, 1))
+std::optional<Parsed<scenes::Report>> sceneByHand(std::string_view text) {
+    using namespace scenes;
+    HandWritten<Report> in(text);
+    int item = 0;
+    Name name;
+    if (!in.unit())
         return {};
-    if (in.literal("SP"))
-        return in.digits(1, 2) && in.name() ? in.as(0) : Found{};
-    return unitAnd(in, "APPQ2", 1);
+    if (in.literal("SP")) {
+        if (!in.number(item))
+            return {};
+        const bool complete = in.name(name);
+        return in.made(complete, reports::ItemName{item - 1, name});
+    }
+    return in.made(in.literal("APPQ2"), reports::EndOfState{});
 }
 
 /// A whole answer of the unit to one state query, as report texts.
@@ -259,76 +346,52 @@ std::vector<std::string> answer(const std::string& family) {
     return all;
 }
 
-/// One family: its table compiled three ways, and its texts.
+/// Has `parse` read texts, over and over.
+template <class Function>
+void timeReading(benchmark::State& state, const std::vector<std::string>& texts, Function parse) {
+    const auto before = allocations();
+    for (auto _ : state)
+        for (const auto& text : texts) {
+            const auto reading = parse(text);
+            benchmark::DoNotOptimize(reading);
+        }
+    const auto reports = static_cast<double>(state.iterations()) * static_cast<double>(texts.size());
+    state.counters["time/report"] =
+        benchmark::Counter(reports, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["allocations/report"] = static_cast<double>(allocations() - before) / reports;
+}
+
+/// One screen's reports, read three ways.
 struct Family {
     std::string name;
-    std::vector<std::string_view> patterns;
-    Found (*byHand)(std::string_view);
+    char screen; ///< as in the oracle
     std::vector<std::string> texts = answer(name);
-    PatternSet compiled{patterns};
-    std::vector<std::regex> standard = [this] {
-        std::vector<std::regex> all;
-        for (const auto pattern : patterns)
-            all.emplace_back(pattern.begin(), pattern.end());
-        return all;
-    }();
+    std::function<void(benchmark::State&)> timeForms;
+    std::function<void(benchmark::State&)> timeHand;
+    std::function<std::string(std::string_view)> byHand;
 
     template <class Report>
-    Family(std::string familyName, std::span<const ReportPattern<Report>> table,
-           Found (*hand)(std::string_view))
-        : name(std::move(familyName)), byHand(hand) {
-        for (const auto& row : table)
-            patterns.push_back(row.pattern);
-        compiled = PatternSet(patterns);
-        standard.clear();
-        for (const auto pattern : patterns)
-            standard.emplace_back(pattern.begin(), pattern.end());
-    }
+    Family(const char* familyName, char oracleScreen, Parse<Report> forms, Parse<Report> hand)
+        : name(familyName),
+          screen(oracleScreen),
+          timeForms([this, forms](benchmark::State& state) { timeReading(state, texts, forms); }),
+          timeHand([this, hand](benchmark::State& state) { timeReading(state, texts, hand); }),
+          byHand([hand](std::string_view text) { return oracle::words(hand(text)); }) {}
+    Family(const Family&) = delete;
 
-    Found byTable(std::string_view text) const {
-        const auto match = compiled.match(text);
-        Found found;
-        found.row = match.pattern;
-        if (found.row >= 0)
-            for (std::size_t group = 1; group <= match.captures.count(); ++group)
-                found.groups[found.count++] = match.captures.text(group);
-        return found;
-    }
-    Found byStandard(const std::string& text) const {
-        Found found;
-        std::smatch match;
-        for (std::size_t row = 0; row < standard.size(); ++row)
-            if (std::regex_search(text, match, standard[row])) {
-                found.row = static_cast<int>(row);
-                for (std::size_t group = 1; group < match.size(); ++group)
-                    found.groups[found.count++] = std::string_view(
-                        text.data() + match.position(group), static_cast<std::size_t>(match.length(group)));
-                break;
-            }
-        return found;
-    }
-
-private:
-    template <class Report>
-    static std::vector<std::string_view> patternsOf(std::span<const ReportPattern<Report>> table) {
-        std::vector<std::string_view> all;
-        for (const auto& row : table)
-            all.push_back(row.pattern);
-        return all;
+    void timeExpressions(benchmark::State& state) const {
+        std::cmatch match;
+        timeReading(state, texts,
+                    [this, &match](std::string_view text) { return oracle::rowOf(screen, text, match); });
     }
 };
 
-std::vector<Family>& families() {
-    static std::vector<Family> all = [] {
-        std::vector<Family> made;
-        made.reserve(5);
-        made.emplace_back("zone", zones::reportPatterns(), zoneByHand);
-        made.emplace_back("output", outputs::reportPatterns(), outputByHand);
-        made.emplace_back("group", groups::reportPatterns(), groupByHand);
-        made.emplace_back("override", overrides::reportPatterns(), overrideByHand);
-        made.emplace_back("scene", scenes::reportPatterns(), sceneByHand);
-        return made;
-    }();
+std::array<Family, 5>& families() {
+    static std::array<Family, 5> all{Family{"zone", 'z', zones::parse, zoneByHand},
+                                     Family{"output", 'o', outputs::parse, outputByHand},
+                                     Family{"group", 'g', groups::parse, groupByHand},
+                                     Family{"override", 'r', overrides::parse, overrideByHand},
+                                     Family{"scene", 's', scenes::parse, sceneByHand}};
     return all;
 }
 
@@ -346,8 +409,9 @@ void proveEqual() {
                         changed[change - text.size()] = "0-9\"ZM\n8"[change % 8];
                     else if (change == 2 * text.size())
                         changed += "5\"x\"";
-                    const auto found = family.byTable(changed);
-                    if (!(found == family.byStandard(changed)) || !(found == family.byHand(changed))) {
+                    const auto reading = oracle::byForms(family.screen, changed);
+                    if (reading != oracle::byExpressions(family.screen, changed) ||
+                        reading != family.byHand(changed)) {
                         std::fprintf(stderr, "the three parsers differ on '%s' (%s)\n", changed.c_str(),
                                      family.name.c_str());
                         std::exit(1);
@@ -355,23 +419,6 @@ void proveEqual() {
                     ++compared;
                 }
     std::printf("The three parsers agree on %zu texts.\n", compared);
-}
-
-enum class Way { Table, Standard, Hand };
-
-void match(benchmark::State& state, const Family& family, Way way) {
-    const auto before = allocations();
-    for (auto _ : state)
-        for (const auto& text : family.texts) {
-            const auto found = way == Way::Table      ? family.byTable(text)
-                               : way == Way::Standard ? family.byStandard(text)
-                                                      : family.byHand(text);
-            benchmark::DoNotOptimize(found);
-        }
-    const auto reports = static_cast<double>(state.iterations()) * static_cast<double>(family.texts.size());
-    state.counters["time/report"] =
-        benchmark::Counter(reports, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-    state.counters["allocations/report"] = static_cast<double>(allocations() - before) / reports;
 }
 
 /// A screen with its whole answer arriving in one piece, from the first byte to the last control changed.
@@ -401,6 +448,13 @@ void wholeAnswer(benchmark::State& state, const Family& family) {
                                            static_cast<double>(family.texts.size());
 }
 
+/// The application, put together and taken apart again.
+void construct(benchmark::State& state) {
+    Remote remote;
+    for (auto _ : state)
+        Application({remote.queue, remote.worker, remote.streams, remote.reachability, remote.settings});
+}
+
 } // namespace
 } // namespace lumbra
 
@@ -411,32 +465,32 @@ int main(int argc, char** argv) {
         return 2;
     proveEqual();
     for (const auto& family : families()) {
-        for (const auto& [name, way] :
-             {std::pair{"table", Way::Table}, {"std::regex", Way::Standard}, {"hand", Way::Hand}})
-            benchmark::RegisterBenchmark(
-                (family.name + "/match/" + name).c_str(),
-                [&family, way = way](benchmark::State& state) { match(state, family, way); });
+        benchmark::RegisterBenchmark((family.name + "/read/forms").c_str(), family.timeForms);
+        benchmark::RegisterBenchmark((family.name + "/read/std::regex").c_str(),
+                                     [&family](benchmark::State& state) { family.timeExpressions(state); });
+        benchmark::RegisterBenchmark((family.name + "/read/hand").c_str(), family.timeHand);
         benchmark::RegisterBenchmark((family.name + "/whole answer").c_str(),
                                      [&family](benchmark::State& state) { wholeAnswer(state, family); });
     }
+    benchmark::RegisterBenchmark("application/construct", construct);
 
     /// Prints each line as usual, and the ratios behind them.
     class Ratios : public benchmark::ConsoleReporter {
     public:
         void ReportRuns(const std::vector<Run>& runs) override {
             for (const auto& run : runs)
-                times[run.benchmark_name()] = run.GetAdjustedRealTime();
+                times[run.benchmark_name()] = run.GetAdjustedCPUTime();
             ConsoleReporter::ReportRuns(runs);
         }
         std::map<std::string, double> times;
     } reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     for (const auto& family : families()) {
-        const auto time = [&](const char* way) { return reporter.times[family.name + "/match/" + way]; };
-        if (time("table") > 0)
+        const auto time = [&](const char* way) { return reporter.times[family.name + "/read/" + way]; };
+        if (time("forms") > 0)
             std::printf(
-                "%-8s  the table is %.1f times as fast as std::regex and takes %.1f times as long as the "
+                "%-8s  the forms are %.1f times as fast as std::regex and take %.2f times as long as the "
                 "hand-written floor\n",
-                family.name.c_str(), time("std::regex") / time("table"), time("table") / time("hand"));
+                family.name.c_str(), time("std::regex") / time("forms"), time("forms") / time("hand"));
     }
 }

@@ -12,8 +12,8 @@ namespace {
 
 /// Unread commands beyond this stay with the kernel, and so with the client.
 constexpr qint64 READ_BUFFER = 1 << 14;
-/// What the kernel may hold for a client: little, like a small device, so that one that does not read shows
-/// soon.
+/// The kernel's buffer for a client: as small as a small device's, so that it soon shows if a client does not
+/// read.
 constexpr int SEND_BUFFER = 1 << 16;
 
 std::string nameOf(const QTcpSocket& socket) {
@@ -38,16 +38,16 @@ ClientConnection::ClientConnection(QTcpSocket* socket, const Faults& faults, QOb
     delayTimer_.setTimerType(Qt::PreciseTimer);
     connect(&delayTimer_, &QTimer::timeout, this, &ClientConnection::releaseDelayed);
     connect(socket_, &QTcpSocket::readyRead, this, &ClientConnection::readCommands);
-    // Queued: both are also emitted from inside writes, where nothing here may be entered again.
+    // Queued: both signals are also emitted from inside a write, and the slots may write.
     connect(socket_, &QTcpSocket::bytesWritten, this, &ClientConnection::written, Qt::QueuedConnection);
     connect(
         socket_, &QTcpSocket::disconnected, this, [this] { drop(QStringLiteral("closed by the client")); },
         Qt::QueuedConnection);
 }
 
-void ClientConnection::send(const std::string& bytes) {
+bool ClientConnection::send(const std::string& bytes) {
     if (phase_ != Phase::LIVE || faults_.silence || bytes.empty())
-        return;
+        return false;
     if (faults_.delay.count() > 0) {
         delayed_.push_back({clock_.elapsed() + faults_.delay.count(), bytes});
         delayedBytes_ += static_cast<std::int64_t>(bytes.size());
@@ -59,6 +59,7 @@ void ClientConnection::send(const std::string& bytes) {
     }
     if (phase_ == Phase::LIVE && backlog() > BACKLOG_LIMIT)
         drop(QStringLiteral("dropped: it does not read what it is sent"));
+    return true;
 }
 
 std::int64_t ClientConnection::backlog() const {
@@ -135,7 +136,8 @@ void ClientConnection::finish() {
         ::setsockopt(descriptor, SOL_SOCKET, SO_LINGER, &now, sizeof now);
         drop(QStringLiteral("reset, as told"));
     } else {
-        // Closing would send RST if the client's commands were still unread.
+        // Only our direction is closed: to close the socket while commands are unread would send RST. From
+        // here on they are read and thrown away.
         phase_ = Phase::ENDED;
         ::shutdown(descriptor, SHUT_WR);
         delayTimer_.stop();

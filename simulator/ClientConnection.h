@@ -16,16 +16,15 @@
 namespace lumbra::sim {
 
 /// One client of the simulated unit: cuts what it sends into commands, and sends it reports under the faults
-/// that concern the bytes of a connection. Main thread.
+/// that concern the bytes of a connection. Belongs to the thread of its event loop.
 ///
-/// Nothing here grows without bound: commands are not read while many bytes wait for the client, and a client
-/// for which more than BACKLOG_LIMIT bytes wait all the same, because of what others do, is dropped.
+/// Memory stays bounded: while BACKLOG_PAUSE bytes wait for the client, no more of its commands are read.
+/// Where the changes that others make bring it to more than BACKLOG_LIMIT, the client is dropped.
 class ClientConnection : public QObject {
     Q_OBJECT
 
 public:
     static constexpr std::int64_t BACKLOG_LIMIT = 1 << 20;
-    /// While this much waits, the client's commands wait too.
     static constexpr std::int64_t BACKLOG_PAUSE = 1 << 16;
 
     /// Takes `socket` over. `faults` outlives the connection.
@@ -34,15 +33,18 @@ public:
     /// "address:port" of the client.
     const std::string& name() const { return name_; }
 
-    /// Queues bytes for the client.
-    void send(const std::string& bytes);
+    /// Queues bytes for the client; false if it is sent nothing (any more).
+    bool send(const std::string& bytes);
+
+    /// True once our side is closed and the client's is not yet.
+    bool hasEnded() const { return phase_ == Phase::ENDED; }
 
     /// The bytes that wait for the client in this process.
     std::int64_t backlog() const;
 
 Q_SIGNALS:
     void commandReceived(const lumbra::sim::CommandReader::Command& command);
-    /// Nothing waits for the client any more. Emitted from the event loop.
+    /// All bytes have left this process. Emitted from the event loop.
     void drained();
     /// The connection is over; `reason` is a clause such as "closed by the client". Emitted once, from the
     /// event loop.

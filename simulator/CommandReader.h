@@ -7,8 +7,8 @@
 namespace lumbra::sim {
 
 /// Cuts one client's bytes into commands, "[U" + unit digit + body + "]". What stands outside brackets is
-/// dropped, a
-/// "[" begins anew, and a text that is too long to be a command is given up: no input makes the reader grow.
+/// dropped, a "[" always begins a new command, and a text that is too long for a command is dropped too, so
+/// that no input makes the reader grow.
 class CommandReader {
 public:
     /// The longest text between brackets that is kept; the longest command has 18 characters.

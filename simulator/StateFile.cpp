@@ -192,16 +192,19 @@ bool StateFile::load(Memory& memory, QString& message) const {
         return false;
     }
     QFile file(path_);
+    const QByteArray json = file.open(QIODevice::ReadOnly) ? file.read(LONGEST + 1) : QByteArray();
+    if (file.error() != QFileDevice::NoError) {
+        message = QStringLiteral("The state file %1 can't be read: %2. It is left alone.")
+                      .arg(path_, file.errorString());
+        return false;
+    }
     QString error;
-    if (!file.open(QIODevice::ReadOnly))
-        error = file.errorString();
-    else if (file.size() > LONGEST)
+    if (json.size() > LONGEST) {
         error = QStringLiteral("it is too long for one");
-    else if (const auto read = fromJson(file.readAll(), error)) {
+    } else if (const auto read = fromJson(json, error)) {
         memory = *read;
         return true;
     }
-    file.close();
     const QString aside = freeNameBeside(path_);
     if (QFile::rename(path_, aside)) {
         message = QStringLiteral(

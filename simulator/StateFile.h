@@ -16,8 +16,8 @@ QByteArray toJson(const Memory& memory);
 /// range. Then `error` is a clause that names the first thing amiss.
 std::optional<Memory> fromJson(const QByteArray& json, QString& error);
 
-/// The file that keeps a unit's memory between runs. A save replaces the file at once or not at all, whenever
-/// the program is killed. No exceptions: what fails is told in words.
+/// The file that keeps a unit's memory between runs. A save replaces the whole file or leaves it as it was,
+/// even if the program is killed in the middle. It throws nothing.
 class StateFile {
 public:
     /// A file longer than this is no state file.
@@ -25,10 +25,10 @@ public:
 
     explicit StateFile(QString path) : path_(std::move(path)) {}
 
-    /// Reads the file into `memory`; true also when there is none yet, `memory` is then left as it is. A file
-    /// that can't be read or makes no sense is set aside under another name, `memory` is left as it is, and
-    /// `message` is a sentence that tells so. False when it could not even be set aside, or is no regular
-    /// file and thus nobody's memory: the caller must not save then.
+    /// Reads the file into `memory`, which stays as it is where there is no file yet. A file that holds no
+    /// memory is set aside under another name: `memory` stays as it is, and `message` is a sentence that
+    /// tells so. False, with such a sentence, if a file is there that can't be read or set aside, or that is
+    /// no regular file: the caller must not save then.
     bool load(Memory& memory, QString& message) const;
 
     /// Writes `memory`; false with a sentence in `message` when that fails, the old file is then as it was.

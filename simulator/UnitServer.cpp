@@ -1,6 +1,10 @@
 #include "simulator/UnitServer.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
+#include <unistd.h>
 #include <utility>
 
 namespace lumbra::sim {
@@ -9,7 +13,9 @@ namespace {
 
 constexpr int QUERIES = 5;
 /// Reports that an unpaced flood puts together at a time.
-constexpr std::size_t FLOOD_BATCH = 1000;
+constexpr std::int64_t FLOOD_BATCH = 1000;
+/// How long to wait before accepting again after it failed.
+constexpr std::chrono::milliseconds ACCEPT_PAUSE{200};
 
 /// `text` with every byte but printable ASCII written as \xNN.
 std::string printable(const std::string& text) {
@@ -28,39 +34,75 @@ std::string printable(const std::string& text) {
 } // namespace
 
 UnitServer::UnitServer(Unit unit, Faults faults, QObject* parent)
-    : QObject(parent), unit_(std::move(unit)), faults_(faults), random_(faults.seed) {
-    connect(&server_, &QTcpServer::newConnection, this, &UnitServer::accept);
+    : QObject(parent),
+      unit_(std::move(unit)),
+      faults_(faults),
+      random_(faults.seed),
+      floodPace_(faults.flood.value_or(0)) {
     if (faults_.flood && *faults_.flood > 0) {
         connect(&floodTimer_, &QTimer::timeout, this, &UnitServer::floodOnTime);
-        floodTimer_.start(std::chrono::milliseconds(10));
+        floodTimer_.start(FloodPace::TICK);
         floodClock_.start();
     }
 }
 
 bool UnitServer::listen(const QHostAddress& address, quint16 port) {
-    return server_.listen(address, port);
+    if (!server_.listen(address, port))
+        return false;
+    // Qt's server does not always tell that accepting failed: it may spin instead, or never accept again.
+    server_.pauseAccepting();
+    acceptable_ = std::make_unique<QSocketNotifier>(server_.socketDescriptor(), QSocketNotifier::Read);
+    connect(acceptable_.get(), &QSocketNotifier::activated, this, &UnitServer::accept);
+    return true;
 }
 
 void UnitServer::accept() {
-    while (QTcpSocket* socket = server_.nextPendingConnection()) {
-        auto* client = new ClientConnection(socket, faults_, this);
-        if (clients_.size() >= MAX_CLIENTS) {
-            trace(client->name(), "!", "turned away: too many clients");
-            delete client;
-            continue;
-        }
-        clients_.push_back(client);
-        connect(client, &ClientConnection::commandReceived, this,
-                [this, client](const CommandReader::Command& command) { execute(*client, command); });
-        connect(client, &ClientConnection::closed, this,
-                [this, client](const QString& reason) { remove(client, reason); });
-        trace(client->name(), "!", "connected");
-        if (faults_.flood == 0) {
-            connect(client, &ClientConnection::drained, this,
-                    [this, client] { client->send(someReports(FLOOD_BATCH)); });
-            client->send(someReports(FLOOD_BATCH));
-        }
+    const int listener = static_cast<int>(server_.socketDescriptor());
+    const int descriptor = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (descriptor >= 0) {
+        welcome(descriptor);
+        return;
     }
+    // Mostly for want of descriptors. The client still waits, so the notifier would come again at once.
+    trace("listener", "!", std::string("can't accept: ") + std::strerror(errno));
+    dropEnded();
+    acceptable_->setEnabled(false);
+    QTimer::singleShot(ACCEPT_PAUSE, acceptable_.get(), [this] { acceptable_->setEnabled(true); });
+}
+
+void UnitServer::welcome(int descriptor) {
+    auto* socket = new QTcpSocket;
+    if (!socket->setSocketDescriptor(descriptor)) {
+        ::close(descriptor);
+        delete socket;
+        return;
+    }
+    auto* client = new ClientConnection(socket, faults_, this);
+    if (clients_.size() >= MAX_CLIENTS && !dropEnded()) {
+        trace(client->name(), "!", "turned away: too many clients");
+        delete client;
+        return;
+    }
+    clients_.push_back(client);
+    connect(client, &ClientConnection::commandReceived, this,
+            [this, client](const CommandReader::Command& command) { execute(*client, command); });
+    connect(client, &ClientConnection::closed, this,
+            [this, client](const QString& reason) { remove(client, reason); });
+    trace(client->name(), "!", "connected");
+    if (faults_.flood == 0) {
+        connect(client, &ClientConnection::drained, this,
+                [this, client] { client->send(someReports(FLOOD_BATCH)); });
+        client->send(someReports(FLOOD_BATCH));
+    }
+}
+
+bool UnitServer::dropEnded() {
+    const auto ended = std::find_if(clients_.begin(), clients_.end(),
+                                    [](const ClientConnection* client) { return client->hasEnded(); });
+    if (ended == clients_.end())
+        return false;
+    remove(*ended, QStringLiteral("dropped: it has not closed its ended connection"));
+    return true;
 }
 
 void UnitServer::execute(ClientConnection& client, const CommandReader::Command& command) {
@@ -99,8 +141,7 @@ void UnitServer::tell(const std::vector<ClientConnection*>& clients,
     for (const std::string& report : reports)
         bytes += noise() + report;
     for (ClientConnection* client : clients) {
-        client->send(bytes);
-        if (trace_ && !faults_.silence)
+        if (client->send(bytes) && trace_)
             for (const std::string& report : reports)
                 trace(client->name(), "<", report);
     }
@@ -108,25 +149,23 @@ void UnitServer::tell(const std::vector<ClientConnection*>& clients,
 
 void UnitServer::remove(ClientConnection* client, const QString& reason) {
     trace(client->name(), "!", reason.toStdString());
-    clients_.erase(std::remove(clients_.begin(), clients_.end(), client), clients_.end());
+    std::erase(clients_, client);
     client->deleteLater();
 }
 
 void UnitServer::floodOnTime() {
-    const std::int64_t due = floodClock_.elapsed() * *faults_.flood / 1000;
-    const std::string bytes = someReports(static_cast<std::size_t>(due - flooded_));
-    flooded_ = due;
+    const std::string bytes = someReports(floodPace_.due(std::chrono::milliseconds(floodClock_.restart())));
     for (ClientConnection* client : clients_)
         client->send(bytes);
 }
 
-std::string UnitServer::someReports(std::size_t count) {
+std::string UnitServer::someReports(std::int64_t count) {
     if (floodReports_.empty())
         for (int query = 0; query < QUERIES; ++query)
             for (std::string& report : unit_.answer(query))
                 floodReports_.push_back(std::move(report));
     std::string bytes;
-    for (std::size_t done = 0; done < count; ++done)
+    for (std::int64_t done = 0; done < count; ++done)
         bytes += noise() + floodReports_[random_() % floodReports_.size()];
     return bytes;
 }
@@ -137,7 +176,7 @@ std::string UnitServer::noise() {
         bytes.resize(random_() % (static_cast<std::size_t>(faults_.noise) + 1));
     for (char& byte : bytes) {
         byte = static_cast<char>(random_() & 0xFF);
-        // A closing bracket would hand the last report in again, an opening one begin a report.
+        // A round bracket would begin or end a report.
         if (byte == '(' || byte == ')')
             byte = '\n';
     }

@@ -2,15 +2,18 @@
 
 #include "simulator/ClientConnection.h"
 #include "simulator/Faults.h"
+#include "simulator/FloodPace.h"
 #include "simulator/Unit.h"
 
 #include <QHostAddress>
 #include <QObject>
+#include <QSocketNotifier>
 #include <QTcpServer>
 #include <QTimer>
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -24,7 +27,8 @@ class UnitServer : public QObject {
     Q_OBJECT
 
 public:
-    /// A client beyond these is turned away.
+    /// One more takes the place of a client whose connection we have ended and that has not closed its side;
+    /// where there is none, it is turned away.
     static constexpr std::size_t MAX_CLIENTS = 64;
 
     /// Commands received so far.
@@ -55,24 +59,28 @@ Q_SIGNALS:
 
 private:
     void accept();
+    void welcome(int descriptor);
+    /// Drops the first client that we ended and that has not closed; false if there is none.
+    bool dropEnded();
     void execute(ClientConnection& client, const CommandReader::Command& command);
     void tell(const std::vector<ClientConnection*>& clients, const std::vector<std::string>& reports);
     void remove(ClientConnection* client, const QString& reason);
     void floodOnTime();
-    std::string someReports(std::size_t count);
+    std::string someReports(std::int64_t count);
     std::string noise();
     void trace(const std::string& who, const char* direction, const std::string& text) const;
 
     Unit unit_;
     const Faults faults_;
-    QTcpServer server_;
+    QTcpServer server_; ///< listens; `accept` is what accepts
+    std::unique_ptr<QSocketNotifier> acceptable_;
     std::vector<ClientConnection*> clients_; // children
     Statistics statistics_;
     std::function<void(const std::string&)> trace_;
     std::mt19937 random_;
     QTimer floodTimer_;
     QElapsedTimer floodClock_;
-    std::int64_t flooded_ = 0;
+    FloodPace floodPace_;
     std::vector<std::string> floodReports_;
 };
 

@@ -1,4 +1,6 @@
 #include "simulator/Faults.h"
+#include "simulator/LineWriter.h"
+#include "simulator/SignalPipe.h"
 #include "simulator/StateFile.h"
 #include "simulator/Unit.h"
 #include "simulator/UnitServer.h"
@@ -8,12 +10,15 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <fcntl.h>
 #include <functional>
 #include <limits>
 #include <optional>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
@@ -24,6 +29,8 @@ constexpr int USAGE_ERROR = 2;
 constexpr int FAILURE = 1;
 constexpr int MOST = std::numeric_limits<int>::max();
 constexpr std::chrono::milliseconds SAVE_DELAY{200};
+/// How long the end waits for the reader of standard output.
+constexpr std::chrono::milliseconds READER_PATIENCE{100};
 
 struct Settings {
     int port = 0;
@@ -155,28 +162,12 @@ std::optional<Settings> readSettings(const QCoreApplication& application) {
     return settings;
 }
 
-int signalPipe[2] = {-1, -1};
-
-/// Ends `application` in good order on SIGTERM and SIGINT: the handler may only write, the event loop does
-/// the rest.
-void quitOnSignals(QCoreApplication& application) {
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalPipe) != 0)
-        return;
-    auto* notifier = new QSocketNotifier(signalPipe[1], QSocketNotifier::Read, &application);
-    QObject::connect(notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
-    struct sigaction action {};
-    action.sa_handler = [](int) {
-        const char byte = 0;
-        [[maybe_unused]] const auto written = ::write(signalPipe[0], &byte, 1);
-    };
-    action.sa_flags = SA_RESTART;
-    for (const int number : {SIGTERM, SIGINT})
-        ::sigaction(number, &action, nullptr);
-}
-
-void printLine(const std::string& line) {
-    std::fwrite((line + '\n').data(), 1, line.size() + 1, stdout);
-    std::fflush(stdout);
+/// Keeps a standard descriptor that was closed from being given to a socket, which would then be sent what is
+/// printed.
+void fillStandardDescriptors() {
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor)
+        if (::fcntl(descriptor, F_GETFD) == -1)
+            ::open("/dev/null", O_RDWR); // takes the lowest that is free
 }
 
 QString endpoint(const QHostAddress& address, quint16 port) {
@@ -184,12 +175,7 @@ QString endpoint(const QHostAddress& address, quint16 port) {
     return (v6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2")).arg(address.toString()).arg(port);
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("lumbra-unit-sim"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(LUMBRA_VERSION));
+int run(const QCoreApplication& application) {
     const std::optional<Settings> settings = readSettings(application);
     if (!settings)
         return USAGE_ERROR;
@@ -208,9 +194,10 @@ int main(int argc, char** argv) {
         unit.restore(memory);
     }
 
+    LineWriter output(STDOUT_FILENO);
     UnitServer server(std::move(unit), settings->faults);
     if (settings->verbose)
-        server.setTrace(printLine);
+        server.setTrace([&](const std::string& line) { output.write(line); });
     QTimer saveTimer;
     saveTimer.setSingleShot(true);
     const auto save = [&] {
@@ -227,25 +214,50 @@ int main(int argc, char** argv) {
                 saveTimer.start(SAVE_DELAY);
         });
 
-    quitOnSignals(application);
+    const SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP});
+    if (endSignals.descriptor() == -1) {
+        complain(QStringLiteral("Can't watch for signals: %1.").arg(qt_error_string(errno)));
+        return FAILURE;
+    }
+    const QSocketNotifier notifier(endSignals.descriptor(), QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
     if (!server.listen(settings->address, static_cast<quint16>(settings->port))) {
         complain(QStringLiteral("Can't listen on %1: %2.")
                      .arg(endpoint(settings->address, static_cast<quint16>(settings->port)),
                           server.errorString()));
         return FAILURE;
     }
-    printLine(QStringLiteral("Simulated unit %1 listens on %2")
-                  .arg(settings->unit)
-                  .arg(endpoint(server.address(), server.port()))
-                  .toStdString());
+    output.write(QStringLiteral("Simulated unit %1 listens on %2")
+                     .arg(settings->unit)
+                     .arg(endpoint(server.address(), server.port()))
+                     .toStdString());
 
     QCoreApplication::exec();
+    const bool saved = !keeps || save();
     const UnitServer::Statistics& statistics = server.statistics();
     if (settings->verbose)
-        printLine(QStringLiteral("Commands: %1 carried out, %2 refused, %3 for other units")
-                      .arg(statistics.carried_out)
-                      .arg(statistics.refused)
-                      .arg(statistics.elsewhere)
-                      .toStdString());
-    return keeps && !save() ? FAILURE : EXIT_SUCCESS;
+        output.write(QStringLiteral("Commands: %1 carried out, %2 refused, %3 for other units")
+                         .arg(statistics.carried_out)
+                         .arg(statistics.refused)
+                         .arg(statistics.elsewhere)
+                         .toStdString());
+    output.flush(READER_PATIENCE);
+    return saved ? EXIT_SUCCESS : FAILURE;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    fillStandardDescriptors();
+    std::signal(SIGPIPE, SIG_IGN); // NOLINT: the system's macro
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("lumbra-unit-sim"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(LUMBRA_VERSION));
+    try {
+        return run(application);
+    } catch (const std::exception& failure) {
+        complain(
+            QStringLiteral("The simulated unit can't run: %1.").arg(QString::fromLocal8Bit(failure.what())));
+        return FAILURE;
+    }
 }

@@ -1,45 +1,30 @@
 #include "protocol/GroupMessages.h"
 
-#include <array>
+#include "protocol/InputMessages.h"
 
 namespace lumbra::groups {
 
 namespace {
 
 using namespace reports;
-using Row = ReportPattern<Report>;
+using Row = ReportRow<Report>;
 
-constexpr std::array ROWS{
-    Row{R"(^U([0-9])G([0-9]{1,2})V(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Volume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])G([0-9]{1,2})I([0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Input{c.index(2), c.index(3)};
-        }},
-    Row{R"(^U([0-9])G([0-9]{1,2})M([0-1]))",
-        [](const Captures& c) -> Report {
-            return Mute{c.index(2), c.flag(3)};
-        }},
-    Row{R"(^U([0-9])G([0-9]{1,2})P([0-1]))",
-        [](const Captures& c) -> Report {
-            return Power{c.index(2), c.flag(3)};
-        }},
-    Row{R"~(^U([0-9])G([0-9]{1,2})N"(.{1,16})")~",
-        [](const Captures& c) -> Report {
-            return ItemName{c.index(2), c.name(3)};
-        }},
-    inputNameRow<Report>(),
-    inputStereoRow<Report>(),
-    Row{R"(^U([0-9])APPQ4)", [](const Captures&) -> Report { return EndOfState{}; }},
+// In matching order.
+constexpr Row ROWS[]{
+    {"U#G##V-##", Row::number<Volume>},
+    {"U#G##I##", Row::index<Input>},
+    {"U#G##M[0-1]", Row::flag<Mute>},
+    {"U#G##P[0-1]", Row::flag<Power>},
+    {R"(U#G##N"*")", Row::name<ItemName>},
+    INPUT_NAME<Report>,
+    INPUT_STEREO<Report>,
+    {"U#APPQ4", Row::end},
 };
-static_assert(isSound<Report>(ROWS));
 
 } // namespace
 
-std::span<const ReportPattern<Report>> reportPatterns() {
-    return ROWS;
+std::optional<Parsed<Report>> parse(std::string_view text) {
+    return parseReport<Report, ROWS>(text);
 }
 
 } // namespace lumbra::groups

@@ -2,7 +2,7 @@
 
 #include "model/Outputs.h"
 #include "protocol/Command.h"
-#include "protocol/GroupMessages.h"
+#include "protocol/InputMessages.h"
 
 #include <array>
 #include <cstddef>
@@ -12,71 +12,42 @@ namespace lumbra::outputs {
 namespace {
 
 using namespace reports;
-using Row = ReportPattern<Report>;
+using Row = ReportRow<Report>;
 
 template <std::int64_t TYPE>
 Report bypass(const Captures& c) {
-    return Band{c.index(2), c.index(3), TYPE, std::nullopt, std::nullopt};
+    return Band{c.index(1), c.index(2), TYPE, std::nullopt, std::nullopt};
 }
 template <std::int64_t TYPE>
 Report atFrequency(const Captures& c) {
-    return Band{c.index(2), c.index(3), TYPE, std::nullopt, c.number(4)};
+    return Band{c.index(1), c.index(2), TYPE, std::nullopt, c.number(3)};
 }
 template <std::int64_t TYPE>
 Report withGain(const Captures& c) {
-    return Band{c.index(2), c.index(3), TYPE, c.number(4), c.number(5)};
+    return Band{c.index(1), c.index(2), TYPE, c.number(3), c.number(4)};
 }
 
-constexpr std::array ROWS{
-    Row{R"(^U([0-9])O([0-9]{1,2})V(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Volume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})I([0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Input{c.index(2), c.index(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})M([0-1]))",
-        [](const Captures& c) -> Report {
-            return Mute{c.index(2), c.flag(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})P([0-1]))",
-        [](const Captures& c) -> Report {
-            return Power{c.index(2), c.flag(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})B([1-7])BYPASS)", bypass<Outputs::FILTER_BYPASS>},
-    Row{R"(^U([0-9])O([0-9]{1,2})B([1-7])HPF([0-9]{1,5}))", atFrequency<Outputs::FILTER_HIGHPASS>},
-    Row{R"(^U([0-9])O([0-9]{1,2})B([1-7])HS(-?[0-9]{1,2})F([0-9]{1,5}))",
-        withGain<Outputs::FILTER_HIGHSHELF>},
-    Row{R"(^U([0-9])O([0-9]{1,2})B([1-7])LPF([0-9]{1,5}))", atFrequency<Outputs::FILTER_LOWPASS>},
-    Row{R"(^U([0-9])O([0-9]{1,2})B([1-7])LS(-?[0-9]{1,2})F([0-9]{1,5}))", withGain<Outputs::FILTER_LOWSHELF>},
-    Row{R"(^U([0-9])O([0-9]{1,2})B([1-7])P(-?[0-9]{1,2})F([0-9]{1,5}))",
-        withGain<Outputs::FILTER_PARAMETRIC>},
-    inputNameRow<Report>(),
-    Row{R"~(^U([0-9])O([0-9]{1,2})N"(.{1,16})")~",
-        [](const Captures& c) -> Report {
-            return ItemName{c.index(2), c.name(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})MV(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return MaxVolume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})MXTO(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return MaxTurnOnVolume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})MNTO(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return MinTurnOnVolume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})STEREO([0-1]))",
-        [](const Captures& c) -> Report {
-            return Stereo{c.index(2), c.flag(3)};
-        }},
-    inputStereoRow<Report>(),
-    Row{R"(^U([0-9])APPQ1)", [](const Captures&) -> Report { return EndOfState{}; }},
+// In matching order.
+constexpr Row ROWS[]{
+    {"U#O##V-##", Row::number<Volume>},
+    {"U#O##I##", Row::index<Input>},
+    {"U#O##M[0-1]", Row::flag<Mute>},
+    {"U#O##P[0-1]", Row::flag<Power>},
+    {"U#O##B[1-7]BYPASS", bypass<Outputs::FILTER_BYPASS>},
+    {"U#O##B[1-7]HPF#####", atFrequency<Outputs::FILTER_HIGHPASS>},
+    {"U#O##B[1-7]HS-##F#####", withGain<Outputs::FILTER_HIGHSHELF>},
+    {"U#O##B[1-7]LPF#####", atFrequency<Outputs::FILTER_LOWPASS>},
+    {"U#O##B[1-7]LS-##F#####", withGain<Outputs::FILTER_LOWSHELF>},
+    {"U#O##B[1-7]P-##F#####", withGain<Outputs::FILTER_PARAMETRIC>},
+    INPUT_NAME<Report>,
+    {R"(U#O##N"*")", Row::name<ItemName>},
+    {"U#O##MV-##", Row::number<MaxVolume>},
+    {"U#O##MXTO-##", Row::number<MaxTurnOnVolume>},
+    {"U#O##MNTO-##", Row::number<MinTurnOnVolume>},
+    {"U#O##STEREO[0-1]", Row::flag<Stereo>},
+    INPUT_STEREO<Report>,
+    {"U#APPQ1", Row::end},
 };
-static_assert(isSound<Report>(ROWS));
 
 /// How a filter type is said on the wire.
 struct FilterWord {
@@ -96,8 +67,8 @@ constexpr std::array<FilterWord, 6> FILTER_WORDS{{
 
 } // namespace
 
-std::span<const ReportPattern<Report>> reportPatterns() {
-    return ROWS;
+std::optional<Parsed<Report>> parse(std::string_view text) {
+    return parseReport<Report, ROWS>(text);
 }
 
 std::string setBand(std::int64_t output, std::int64_t band, std::int64_t type, std::int64_t gain,

@@ -2,27 +2,22 @@
 
 #include "protocol/Command.h"
 
-#include <array>
-
 namespace lumbra::overrides {
 
 namespace {
 
-using Row = ReportPattern<Report>;
+using Row = ReportRow<Report>;
 
-constexpr std::array ROWS{
-    Row{R"(^U([0-9])AO([0-9]{1,2})A([0-1]))",
-        [](const Captures& c) -> Report {
-            return State{c.index(2), c.flag(3)};
-        }},
-    Row{R"(^U([0-9])APPQ3)", [](const Captures&) -> Report { return reports::EndOfState{}; }},
+// In matching order.
+constexpr Row ROWS[]{
+    {"U#AO##A[0-1]", Row::flag<State>},
+    {"U#APPQ3", Row::end},
 };
-static_assert(isSound<Report>(ROWS));
 
 } // namespace
 
-std::span<const ReportPattern<Report>> reportPatterns() {
-    return ROWS;
+std::optional<Parsed<Report>> parse(std::string_view text) {
+    return parseReport<Report, ROWS>(text);
 }
 
 std::string operate(std::int64_t override_) {

@@ -1,64 +1,155 @@
 #pragma once
 
-#include "protocol/PatternSet.h"
-#include "protocol/ReportBuffer.h"
+#include "protocol/ItemReports.h"
+#include "protocol/ReportForm.h"
 
+#include <array>
 #include <cstddef>
+#include <iterator>
 #include <optional>
-#include <span>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace lumbra {
 
-/// One kind of report: its pattern, written as the protocol has it, and what makes the typed report of its
-/// groups.
-template <class Report>
-struct ReportPattern {
-    std::string_view pattern;
-    Report (*decode)(const Captures& captures);
+/// The values that a report carries, read by the form that it has.
+struct Captures {
+    /// The form's numbers by their place: 0 is the unit, 1 mostly the item. "-0" is 0.
+    std::array<int, Form::MAX_NUMBERS> numbers{};
+    /// The unit's bytes. Valid while the report text is.
+    std::string_view nameBytes;
+
+    int number(std::size_t place) const { return numbers[place]; }
+    /// A number that counts from 1 on the wire, as an index from 0. It may be -1 or beyond the last item.
+    int index(std::size_t place) const { return numbers[place] - 1; }
+    bool flag(std::size_t place) const { return numbers[place] != 0; }
+    Name name() const { return Name::fromLatin1(nameBytes); }
 };
 
-/// Whether every pattern of a table can be read from what a report buffer keeps, and begins with the unit.
+/// A row of a family's table: a form, and what makes the typed report of its values. Report is the family's
+/// variant.
 template <class Report>
-constexpr bool isSound(std::span<const ReportPattern<Report>> table) {
-    for (const auto& row : table)
-        if (!row.pattern.starts_with(UNIT_PREFIX) || longestMatch(row.pattern) > ReportBuffer::CAPACITY)
+struct ReportRow {
+    Form form;
+    Report (*decode)(const Captures& captures);
+
+    // What most rows decode: an item and one more value, as the report of type Kind.
+    template <class Kind>
+    static Report number(const Captures& c) {
+        return Kind{c.index(1), c.number(2)};
+    }
+    template <class Kind>
+    static Report index(const Captures& c) {
+        return Kind{c.index(1), c.index(2)};
+    }
+    template <class Kind>
+    static Report flag(const Captures& c) {
+        return Kind{c.index(1), c.flag(2)};
+    }
+    template <class Kind>
+    static Report name(const Captures& c) {
+        return Kind{c.index(1), c.name()};
+    }
+    static Report end(const Captures&) { return reports::EndOfState{}; }
+};
+
+/// A typed report, and the digit of the unit that it is from.
+template <class Report>
+struct Parsed {
+    int unit;
+    Report report;
+};
+
+namespace detail {
+
+/// Where reading stands in a report text.
+struct Cursor {
+    const char* at = nullptr;
+    const char* end = nullptr;
+
+    /// Whether a character from `low` to `high` comes next.
+    bool sees(char low, char high) const { return at != end && *at >= low && *at <= high; }
+    bool skip(char character) {
+        const bool there = sees(character, character);
+        at += there ? 1 : 0;
+        return there;
+    }
+};
+
+/// Reads one part of a form. False where the text differs.
+template <FormPart PART>
+bool take(Cursor& in, Captures& captures) {
+    if constexpr (PART.kind == FormPart::Kind::Character) {
+        return in.skip(PART.low);
+    } else if constexpr (PART.kind == FormPart::Kind::Number) {
+        const bool negative = PART.negative && in.skip('-');
+        int value = 0;
+        std::size_t digits = 0;
+        for (; digits < PART.most && in.sees(PART.low, PART.high); ++digits)
+            value = 10 * value + (*in.at++ - '0');
+        captures.numbers[PART.numberIndex] = negative ? -value : value;
+        return digits > 0;
+    } else {
+        if (!in.skip('"'))
             return false;
-    return true;
+        const char* const begin = in.at;
+        const char* close = begin;
+        for (std::size_t length = 0; length <= Name::MAX_CHARACTERS; ++length, ++in.at) {
+            if (in.at == in.end || *in.at == '\r' || *in.at == '\n')
+                break;
+            if (*in.at == '"')
+                close = in.at;
+        }
+        captures.nameBytes = {begin, close};
+        return close != begin;
+    }
 }
 
-/// Turns a report text into one of a family's typed reports. Main thread only.
-template <class Report>
-class ReportParser {
-public:
-    /// The rows in matching order; the table outlives the parser.
-    explicit ReportParser(std::span<const ReportPattern<Report>> table)
-        : table_(table), patterns_(patternsOf(table)) {}
+/// Reads the parts from FIRST to LAST of a row's form.
+template <const auto& TABLE, std::size_t ROW, std::size_t FIRST, std::size_t LAST>
+bool takeParts(Cursor& in, Captures& captures) {
+    return [&]<std::size_t... PART>(std::index_sequence<PART...>) {
+        return (take<TABLE[ROW].form.parts[FIRST + PART]>(in, captures) && ...);
+    }
+    (std::make_index_sequence<LAST - FIRST>());
+}
 
-    struct Parsed {
-        int unit; ///< the reporting unit's digit
-        Report report;
+} // namespace detail
+
+/// Reads a report text (the unit's bytes) by the first row of a table that it fits; nothing where it fits
+/// none. Ranges are not checked. TABLE is a constexpr array of ReportRow<Report>, in matching order. The
+/// compiler writes the forms out as comparisons: there is no state, no allocation and no recursion. Any
+/// thread.
+template <class Report, const auto& TABLE>
+std::optional<Parsed<Report>> parseReport(std::string_view text) {
+    Captures captures;
+    std::optional<Parsed<Report>> parsed;
+    detail::Cursor behindHead{};
+    bool headFits = false;
+    const auto tryRow = [&]<std::size_t ROW>() {
+        constexpr const Form& form = TABLE[ROW].form;
+        // Neighbours mostly begin alike, so the unit and the item are read once for all of them.
+        if constexpr (ROW == 0 || !form.sharesHead(TABLE[ROW - (ROW > 0)].form)) {
+            behindHead = {text.data(), text.data() + text.size()};
+            headFits = detail::takeParts<TABLE, ROW, 0, form.head>(behindHead, captures);
+        }
+        auto in = behindHead;
+        if (!headFits || !detail::takeParts<TABLE, ROW, form.head, form.size>(in, captures))
+            return false;
+        parsed.emplace(Parsed<Report>{captures.number(0), TABLE[ROW].decode(captures)});
+        return true;
     };
-    /// Nothing where `text` (the unit's bytes) matches no pattern. Ranges are not checked.
-    std::optional<Parsed> parse(std::string_view text) const {
-        const auto match = patterns_.match(text);
-        if (match.pattern < 0)
-            return std::nullopt;
-        return Parsed{match.captures.number(1),
-                      table_[static_cast<std::size_t>(match.pattern)].decode(match.captures)};
+    [&]<std::size_t... ROW>(std::index_sequence<ROW...>) {
+        static_cast<void>((tryRow.template operator()<ROW>() || ...));
     }
+    (std::make_index_sequence<std::size(TABLE)>());
+    return parsed;
+}
 
-private:
-    static PatternSet patternsOf(std::span<const ReportPattern<Report>> table) {
-        std::vector<std::string_view> patterns;
-        for (const auto& row : table)
-            patterns.push_back(row.pattern);
-        return PatternSet(patterns);
-    }
-
-    std::span<const ReportPattern<Report>> table_;
-    PatternSet patterns_;
+/// How a screen reads its reports: with its family's `parse`.
+template <class Report>
+struct ReportParser {
+    std::optional<Parsed<Report>> (*parse)(std::string_view text);
 };
 
 } // namespace lumbra

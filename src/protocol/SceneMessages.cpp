@@ -2,27 +2,22 @@
 
 #include "protocol/Command.h"
 
-#include <array>
-
 namespace lumbra::scenes {
 
 namespace {
 
-using Row = ReportPattern<Report>;
+using Row = ReportRow<Report>;
 
-constexpr std::array ROWS{
-    Row{R"~(^U([0-9])SP([0-9]{1,2})N"(.{1,16})")~",
-        [](const Captures& c) -> Report {
-            return reports::ItemName{c.index(2), c.name(3)};
-        }},
-    Row{R"(^U([0-9])APPQ2)", [](const Captures&) -> Report { return reports::EndOfState{}; }},
+// In matching order.
+constexpr Row ROWS[]{
+    {R"(U#SP##N"*")", Row::name<reports::ItemName>},
+    {"U#APPQ2", Row::end},
 };
-static_assert(isSound<Report>(ROWS));
 
 } // namespace
 
-std::span<const ReportPattern<Report>> reportPatterns() {
-    return ROWS;
+std::optional<Parsed<Report>> parse(std::string_view text) {
+    return parseReport<Report, ROWS>(text);
 }
 
 std::string recall(std::int64_t scene) {

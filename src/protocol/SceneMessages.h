@@ -4,20 +4,24 @@
 #include "protocol/ReportParser.h"
 
 #include <cstdint>
-#include <span>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace lumbra::scenes {
 
+/// What the Scene screen reads: a scene's name, and the end of the unit's answer.
 using Report = std::variant<reports::ItemName, reports::EndOfState>;
 
-/// The Scene screen's reports in matching order.
-std::span<const ReportPattern<Report>> reportPatterns();
+/// Reads a report text (the unit's bytes); nothing where it is no report of the Scene screen. Any thread.
+std::optional<Parsed<Report>> parse(std::string_view text);
 
-/// Has the unit apply a stored scene. 0-based.
+// Command bodies. Scenes are 0-based.
+
+/// Has the unit apply a stored scene.
 std::string recall(std::int64_t scene);
-/// Has the unit store its present setting as a scene. 0-based.
+/// Has the unit store its present setting as a scene.
 std::string store(std::int64_t scene);
 
 } // namespace lumbra::scenes

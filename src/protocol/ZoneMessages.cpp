@@ -1,64 +1,35 @@
 #include "protocol/ZoneMessages.h"
 
 #include "protocol/Command.h"
-#include "protocol/GroupMessages.h"
-
-#include <array>
+#include "protocol/InputMessages.h"
 
 namespace lumbra::zones {
 
 namespace {
 
 using namespace reports;
-using Row = ReportPattern<Report>;
+using Row = ReportRow<Report>;
 
-constexpr std::array ROWS{
-    Row{R"(^U([0-9])Z([0-9]{1,2})V(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Volume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])Z([0-9]{1,2})I([0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Input{c.index(2), c.index(3)};
-        }},
-    Row{R"(^U([0-9])Z([0-9]{1,2})M([0-1]))",
-        [](const Captures& c) -> Report {
-            return Mute{c.index(2), c.flag(3)};
-        }},
-    Row{R"(^U([0-9])Z([0-9]{1,2})LD([0-1]))",
-        [](const Captures& c) -> Report {
-            return Loudness{c.index(2), c.flag(3)};
-        }},
-    Row{R"(^U([0-9])Z([0-9]{1,2})BASS(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Bass{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])Z([0-9]{1,2})TREB(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return Treble{c.index(2), c.number(3)};
-        }},
-    inputNameRow<Report>(),
-    Row{R"~(^U([0-9])Z([0-9]{1,2})N"(.{1,16})")~",
-        [](const Captures& c) -> Report {
-            return ItemName{c.index(2), c.name(3)};
-        }},
-    Row{R"(^U([0-9])O([0-9]{1,2})Z([0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return OutputAssignment{c.index(2), c.index(3)};
-        }},
-    inputStereoRow<Report>(),
-    Row{R"(^U([0-9])Z([0-9]{1,2})MV(-?[0-9]{1,2}))",
-        [](const Captures& c) -> Report {
-            return MaxVolume{c.index(2), c.number(3)};
-        }},
-    Row{R"(^U([0-9])APPQ0)", [](const Captures&) -> Report { return EndOfState{}; }},
+// In matching order.
+constexpr Row ROWS[]{
+    {"U#Z##V-##", Row::number<Volume>},
+    {"U#Z##I##", Row::index<Input>},
+    {"U#Z##M[0-1]", Row::flag<Mute>},
+    {"U#Z##LD[0-1]", Row::flag<Loudness>},
+    {"U#Z##BASS-##", Row::number<Bass>},
+    {"U#Z##TREB-##", Row::number<Treble>},
+    INPUT_NAME<Report>,
+    {R"(U#Z##N"*")", Row::name<ItemName>},
+    {"U#O##Z##", Row::index<OutputAssignment>},
+    INPUT_STEREO<Report>,
+    {"U#Z##MV-##", Row::number<MaxVolume>},
+    {"U#APPQ0", Row::end},
 };
-static_assert(isSound<Report>(ROWS));
 
 } // namespace
 
-std::span<const ReportPattern<Report>> reportPatterns() {
-    return ROWS;
+std::optional<Parsed<Report>> parse(std::string_view text) {
+    return parseReport<Report, ROWS>(text);
 }
 
 std::string setBass(std::int64_t zone, std::int64_t level) {

@@ -4,20 +4,26 @@
 #include "protocol/ReportParser.h"
 
 #include <cstdint>
-#include <span>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace lumbra::zones {
 
+// Zones and outputs are 0-based. In reports neither they nor levels are range-checked.
+
+/// The zone's loudness compensation is on or off.
 struct Loudness {
     int item;
     bool on;
 };
+/// The zone's bass, in steps from -15 to 15.
 struct Bass {
     int item;
     int level;
 };
+/// The zone's treble, in steps from -15 to 15.
 struct Treble {
     int item;
     int level;
@@ -25,18 +31,24 @@ struct Treble {
 /// The output is a member of the zone.
 struct OutputAssignment {
     int output;
-    int item;
+    int item; ///< the zone
 };
 
+/// What the Zone screen reads: of zones, of inputs, and the end of the unit's answer.
 using Report = std::variant<reports::Volume, reports::Input, reports::Mute, Loudness, Bass, Treble,
                             reports::InputName, reports::ItemName, OutputAssignment, reports::InputStereo,
                             reports::MaxVolume, reports::EndOfState>;
 
-/// The Zone screen's reports in matching order.
-std::span<const ReportPattern<Report>> reportPatterns();
+/// Reads a report text (the unit's bytes); nothing where it is no report of the Zone screen. Any thread.
+std::optional<Parsed<Report>> parse(std::string_view text);
 
+// Command bodies.
+
+/// Sets a zone's bass, -15 to 15.
 std::string setBass(std::int64_t zone, std::int64_t level);
+/// Sets a zone's treble, -15 to 15.
 std::string setTreble(std::int64_t zone, std::int64_t level);
+/// Turns a zone's loudness compensation on or off.
 std::string setLoudness(std::int64_t zone, bool on);
 
 } // namespace lumbra::zones

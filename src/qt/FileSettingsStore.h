@@ -3,6 +3,7 @@
 #include "platform/MainQueue.h"
 #include "platform/SettingsStore.h"
 
+#include <QByteArray>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -14,38 +15,41 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/stat.h>
+#include <variant>
 
 namespace lumbra {
+
+/// The settings in the bytes of a file, or what is wrong with them, as part of a sentence. Empty or blank
+/// text holds no settings.
+std::variant<QJsonObject, std::string> parseSettings(const QByteArray& text);
 
 /// Settings in a file that holds one JSON object. Main thread only.
 ///
 /// A text, a whole number and a flag are stored as such; a number with a fraction reads as its text; any
 /// other value reads as absent. Keys and values that this program does not know stay in the file.
 ///
-/// The file is replaced as a whole: whatever happens while it is written, it is the old file or the new one.
-/// Programs that share it see each other's changes, and each writes only the keys that it changed itself.
+/// Every read looks at the file, so a change by an editor or by another program is seen at once. A write
+/// replaces the whole file and changes only the keys that this program changed. A lock on the folder keeps
+/// two programs from writing at the same time; while another program holds it, the write is tried again
+/// later.
 ///
-/// An absent or empty file is an empty store. A file that can't be read as settings is set aside under the
-/// name "FILE.unreadable-1" (or the next free number), never overwritten. What a person should know is told
-/// in one sentence: that, and a write that failed, whose values are kept and written with the next flush that
-/// succeeds.
+/// A file whose content is wrong is renamed to "FILE.unreadable-1" (or the next free number), never
+/// overwritten. A file that can't be read for any other reason stays as it is; if that happens at the start,
+/// the store lives in memory. Other files are left alone, so a temporary file stays behind when the program
+/// is killed during a write.
 class FileSettingsStore final : public SettingsStore {
 public:
-    /// Takes one sentence for the person in front of the program.
+    /// Takes one sentence for the person in front of the program: what was set aside, or not saved. Does not
+    /// throw.
     using Report = std::function<void(const std::string& sentence)>;
 
-    /// How long after a change the file is written unless `flush` comes first.
-    static constexpr std::chrono::milliseconds FLUSH_DELAY{200};
-    /// A file longer than this is none of ours, and counts as unreadable.
-    static constexpr qint64 MAX_FILE_SIZE = 1 << 20;
-
-    /// The sentence as a line on standard error.
+    /// Writes the sentence as a line to standard error; a failure to do so is ignored.
     static void reportOnStandardError(const std::string& sentence);
 
-    /// Reads the file, and removes what a killed program left beside it. `queue` outlives the store.
+    /// Reads the file. If its content is wrong and the folder is locked, waits up to `PATIENCE` for the lock.
+    /// `queue` outlives the store.
     FileSettingsStore(MainQueue& queue, const std::string& path, Report report = reportOnStandardError);
-    /// Writes what has changed.
+    /// Writes what has changed; waits up to `PATIENCE` for the lock, then reports that changes are lost.
     ~FileSettingsStore() override;
     FileSettingsStore(const FileSettingsStore&) = delete;
     FileSettingsStore& operator=(const FileSettingsStore&) = delete;
@@ -53,32 +57,39 @@ public:
     std::optional<SettingValue> value(std::string_view key) const override;
     void setValue(std::string_view key, SettingValue value) override;
     void remove(std::string_view key) override;
-    /// Makes the folder where it is missing. Nothing is written where nothing differs.
+    /// Creates the folder if it is missing. Never waits. A failure is reported once until a write succeeds.
     void flush() override;
 
+    /// How long after a change the file is written unless `flush` comes first, and how long until a write
+    /// that found the folder locked is tried again.
+    static constexpr std::chrono::milliseconds FLUSH_DELAY{200};
+    /// How long the start and the end of the program wait for the lock.
+    static constexpr std::chrono::milliseconds PATIENCE{500};
+    /// A larger file can't be a settings file.
+    static constexpr qint64 MAX_FILE_SIZE = 1 << 20; // bytes
+
 private:
-    /// What the program knows of the file: a stamp that changes with it, and what it held.
-    struct Known {
-        std::optional<struct stat> stamp; ///< nothing while the file is absent
-        QJsonObject values;
-        std::string problem; ///< why the file can't be read; `values` are then those of before
+    struct Problem {
+        std::string reason; ///< empty: none
+        bool isContent = false;
     };
 
     void refresh() const;
-    void read() const;
     QJsonValue current(const QString& key) const;
     void change(const QString& key, const QJsonValue& value);
-    /// Makes way for a file that can be read. False, and the store lives in memory from now on, where it can
-    /// not.
-    bool makeReadable();
-    void write(const QJsonObject& values);
+    void flushLater();
+    void save(std::chrono::milliseconds patience);
+    void saveFailed(const std::string& reason);
+    /// Renames the file if its content is wrong; otherwise, or if that fails, the store lives in memory.
+    void setAside();
 
     MainQueue& queue_;
-    const QString path_;
+    const std::string path_;
     const Report report_;
 
-    mutable Known known_;
-    std::map<QString, QJsonValue> changes_; ///< not in the file yet; undefined for a key that goes
+    mutable QJsonObject values_;            ///< as last read
+    mutable Problem problem_;               ///< why the file can't be read now
+    std::map<QString, QJsonValue> changes_; ///< not in the file yet; undefined: to be removed
     bool inMemoryOnly_ = false;
     bool failureReported_ = false;
     bool flushPosted_ = false;

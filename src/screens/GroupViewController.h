@@ -29,7 +29,7 @@ private:
     using ItemViewController::handle;
     void handle(const reports::Power& report);
 
-    ReportParser<groups::Report> parser_{groups::reportPatterns()};
+    ReportParser<groups::Report> parser_{groups::parse};
     Outlet<Switch> powerSwitch_;
 };
 

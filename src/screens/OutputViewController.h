@@ -54,7 +54,7 @@ private:
     template <class Control>
     using PerBand = std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)>;
 
-    ReportParser<outputs::Report> parser_{outputs::reportPatterns()};
+    ReportParser<outputs::Report> parser_{outputs::parse};
     Outlet<Switch> powerSwitch_;
     PerBand<SegmentedControl> filterType_;
     PerBand<Slider> filterFreq_;

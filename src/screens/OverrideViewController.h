@@ -26,7 +26,7 @@ private:
     void handle(const overrides::State& report);
     void handle(const reports::EndOfState& report);
 
-    ReportParser<overrides::Report> parser_{overrides::reportPatterns()};
+    ReportParser<overrides::Report> parser_{overrides::parse};
     std::array<Outlet<Switch>, 10> ovrSwitch_;
 };
 

@@ -39,7 +39,7 @@ private:
     void handle(const reports::ItemName& report);
     void handle(const reports::EndOfState& report);
 
-    ReportParser<scenes::Report> parser_{scenes::reportPatterns()};
+    ReportParser<scenes::Report> parser_{scenes::parse};
     Outlet<Picker> scenePicker_;
     Outlet<Button> loadSceneButton_;
     Outlet<Button> saveSceneButton_;

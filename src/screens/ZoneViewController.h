@@ -39,7 +39,7 @@ private:
     void showBass();
     void showTreble();
 
-    ReportParser<zones::Report> parser_{zones::reportPatterns()};
+    ReportParser<zones::Report> parser_{zones::parse};
     Outlet<Switch> loudnessSwitch_;
     Outlet<Slider> bassSlider_;
     Outlet<Slider> trebleSlider_;

@@ -2,40 +2,51 @@
 
 #include "ManualQueue.h"
 
+#include <QJsonDocument>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <csignal>
-#include <cstdint>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <optional>
-#include <set>
-#include <stdlib.h>
-#include <string>
+#include <map>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <vector>
 
 namespace lumbra {
 namespace {
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
+using Files = std::map<std::string, std::string>;
 
 void put(const fs::path& file, const std::string& text) {
     std::ofstream(file, std::ios::binary) << text;
 }
 
+/// What the file holds; JSON without white space.
 std::string contents(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    const auto json = QJsonDocument::fromJson(QByteArray::fromStdString(text));
+    return json.isNull() ? text : json.toJson(QJsonDocument::Compact).toStdString();
 }
 
-class FileSettings : public ::testing::Test {
-public:
+/// Runs `work` with less than the system gives otherwise.
+template <class Work>
+void limited(__rlimit_resource resource, rlim_t value, Work work) {
+    rlimit before{};
+    ::getrlimit(resource, &before);
+    const rlimit tight{value, before.rlim_max};
+    ::setrlimit(resource, &tight);
+    work();
+    ::setrlimit(resource, &before);
+}
+
+struct FileSettings : ::testing::Test {
     FileSettings() {
         std::string name = fs::temp_directory_path() / "lumbra-settings-XXXXXX";
         folder = ::mkdtemp(name.data());
@@ -43,281 +54,211 @@ public:
     }
     ~FileSettings() override { fs::remove_all(folder); }
 
-protected:
-    FileSettingsStore store() {
-        return FileSettingsStore(queue, file.string(),
-                                 [this](const auto& sentence) { told.push_back(sentence); });
-    }
-    /// The names in the folder, sorted and joined.
-    std::string names() const {
-        std::set<std::string> sorted;
+    FileSettingsStore store() { return {queue, file.string(), report}; }
+    Files files() const {
+        Files found;
         for (const auto& entry : fs::directory_iterator(folder))
-            sorted.insert(entry.path().filename().string());
-        std::string joined;
-        for (const auto& name : sorted)
-            joined += name + " ";
-        return joined;
+            found[entry.path().filename()] = entry.is_regular_file() ? contents(entry.path()) : "";
+        return found;
     }
 
     ManualQueue queue;
-    fs::path folder;
-    fs::path file;
-    std::vector<std::string> told;
+    fs::path folder, file;
+    std::string told;
+    FileSettingsStore::Report report = [this](const std::string& sentence) { told += sentence + "\n"; };
 };
 
-TEST_F(FileSettings, ValuesKeepTheirTypesAcrossRuns) {
+TEST_F(FileSettings, ValuesKeepTheirTypesAndUnknownOnesStay) {
+    const std::string before = R"({"flag":true,"fraction":1.5,"list":[{"a":null}],"whole":3})";
+    put(file, before);
     {
         auto settings = store();
-        EXPECT_EQ(settings.value("absent"), std::nullopt);
-        settings.setValue("text", std::string("Küche \"1\"\n"));
-        settings.setValue("digits", std::string("4"));
-        settings.setValue("number", std::int64_t{-9007199254740993}); // beyond what a double can hold
+        EXPECT_EQ(settings.value("fraction"), SettingValue("1.5"));
+        EXPECT_EQ(settings.value("whole"), SettingValue(std::int64_t{3}));
+        EXPECT_EQ(settings.value("list"), std::nullopt);
         settings.setValue("flag", true);
-        settings.setValue("gone", true);
-        settings.remove("gone");
-        EXPECT_EQ(settings.integer("number"), -9007199254740993);
-        EXPECT_FALSE(fs::exists(file)) << "not before its time";
+        EXPECT_EQ(queue.delayed(), 0U) << "nothing differs";
+        settings.setValue("number", std::int64_t{-9007199254740993}); // beyond what a double can hold
+        settings.setValue("whole", "3");
         queue.advance(199ms);
-        EXPECT_FALSE(fs::exists(file));
+        EXPECT_EQ(contents(file), before);
         queue.advance(1ms);
-        EXPECT_EQ(names(), "settings.json ");
-        settings.setValue("flag", false); // written by the destructor
+        EXPECT_NE(contents(file), before);
+        settings.remove("flag");
+        settings.setValue("text", "Küche \"1\"\n"); // written by the destructor
     }
-    auto settings = store();
-    EXPECT_EQ(settings.value("text"), SettingValue(std::string("Küche \"1\"\n")));
-    EXPECT_EQ(settings.value("digits"), SettingValue(std::string("4")));
-    EXPECT_EQ(settings.value("number"), SettingValue(std::int64_t{-9007199254740993}));
-    EXPECT_EQ(settings.value("flag"), SettingValue(false));
-    EXPECT_EQ(settings.value("gone"), std::nullopt);
-    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(contents(file), R"({"fraction":1.5,"list":[{"a":null}],"number":-9007199254740993,)"
+                              R"("text":"Küche \"1\"\n","whole":"3"})");
+    EXPECT_EQ(store().value("number"), SettingValue(std::int64_t{-9007199254740993}));
 }
 
-TEST_F(FileSettings, ReadsWhatOthersWroteAndKeepsWhatItDoesNotKnow) {
-    put(file,
-        R"({"fraction": 1.5, "whole": 3.0, "null": null, "list": [1, {"a": 2}], "object": {"x": 1e3}, "key": 7})");
-    auto settings = store();
-    EXPECT_EQ(settings.value("fraction"), SettingValue(std::string("1.5")));
-    EXPECT_EQ(settings.value("whole"), SettingValue(std::int64_t{3}));
-    for (const auto* key : {"null", "list", "object"})
-        EXPECT_EQ(settings.value(key), std::nullopt) << key;
-    settings.setValue("key", std::int64_t{8});
-    settings.flush();
-    const auto text = contents(file);
-    for (const auto* part : {"\"fraction\": 1.5", "\"null\": null", "\"a\": 2", "\"x\": 1000", "\"key\": 8"})
-        EXPECT_NE(text.find(part), std::string::npos) << part << " in " << text;
-}
-
-TEST_F(FileSettings, WritesNothingWhereNothingDiffers) {
-    put(file, R"({ "unit": 2 })");
-    auto settings = store();
-    settings.setValue("unit", std::int64_t{2});
-    settings.remove("absent");
-    EXPECT_EQ(queue.delayed(), 0U);
-    settings.setValue("unit", std::int64_t{3});
-    settings.setValue("unit", std::int64_t{2});
-    EXPECT_EQ(queue.delayed(), 1U) << "one write for any number of changes";
-    queue.advance(1s);
-    EXPECT_EQ(contents(file), R"({ "unit": 2 })");
-    settings.setValue("unit", std::string("2"));
-    settings.flush();
-    EXPECT_NE(contents(file).find("\"2\""), std::string::npos) << "another type is another value";
-}
-
-TEST_F(FileSettings, AnUnreadableFileIsSetAsideAndNeverOverwritten) {
-    const struct {
-        std::string name, text;
-        bool readable;
-    } cases[] = {
-        {"empty", "", true},
-        {"blank", " \n", true},
-        {"an empty object", "{}", true},
-        {"torn", R"({"unit": 4, "ip)", false},
-        {"another format", "[General]\nunit=4\n", false},
-        {"a list", "[1]", false},
-        {"binary", std::string("\0\x01\xff", 3), false},
-        {"huge", std::string(FileSettingsStore::MAX_FILE_SIZE + 1, ' '), false},
-    };
-    int setAside = 0;
-    for (const auto& [name, text, readable] : cases) {
+TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
+    put(folder / "settings.json.unreadable-1", "taken");
+    fs::create_symlink("nowhere", folder / "settings.json.unreadable-2");
+    int number = 2;
+    for (const auto& [text, reason] : std::map<std::string, std::string>{
+             {"", ""}, // no reason: it can be read
+             {"\xEF\xBB\xBF{}", ""},
+             {"{\n\"unit\": 4,\n\"ip", "unterminated string in line 3"},
+             {"[1]", "it holds no JSON object"},
+             {std::string(FileSettingsStore::MAX_FILE_SIZE + 1, ' '), "it is larger than 1 MiB"}}) {
         put(file, text);
-        told.clear();
-        auto settings = store();
-        EXPECT_EQ(settings.value("unit"), std::nullopt) << name;
-        settings.setValue("unit", std::int64_t{1});
-        settings.flush();
-        EXPECT_EQ(store().integer("unit"), 1) << name;
-        ASSERT_EQ(told.size(), readable ? 0U : 1U) << name;
-        if (readable)
+        told = "";
+        store().setValue("unit", std::int64_t{1});
+        EXPECT_EQ(contents(file), R"({"unit":1})");
+        EXPECT_EQ(told.empty(), reason.empty()) << told;
+        if (reason.empty())
             continue;
-        const auto aside = file.string() + ".unreadable-" + std::to_string(++setAside);
-        EXPECT_EQ(contents(aside), text) << name;
-        EXPECT_NE(told[0].find(aside), std::string::npos) << told[0];
+        const auto aside = file.string() + ".unreadable-" + std::to_string(++number);
+        EXPECT_EQ(contents(aside), text);
+        EXPECT_EQ(told, "The settings in " + file.string() + " can't be read (" + reason +
+                            "); the file was renamed to " + aside + ".\n");
     }
-    EXPECT_EQ(contents(file.string() + ".unreadable-1"), cases[3].text) << "the first one is still there";
+    EXPECT_EQ(contents(folder / "settings.json.unreadable-1"), "taken");
 }
 
-TEST_F(FileSettings, WhatCanNotBeSetAsideIsLeftAloneAndTheRunGoesOnInMemory) {
-    fs::create_directory(file);
-    put(file / "precious", "x");
-    {
-        auto settings = store();
-        settings.setValue("unit", std::int64_t{2});
+TEST_F(FileSettings, AFileThatCanNotBeReadAtTheStartIsLeftAloneForTheRun) {
+    put(file, R"({"unit":4})");
+    fs::create_directory(folder / "folder");
+    ::mkfifo((folder / "pipe").c_str(), 0600);
+    for (const auto& [name, reason] :
+         Files{{"folder", "(it is no regular file); the file is left as it is"},
+               {"pipe", "(it is no regular file); the file is left as it is"},
+               {"settings.json", "(Too many open files); the file is left as it is"}}) {
+        file = folder / name;
+        std::optional<FileSettingsStore> settings;
+        limited(RLIMIT_NOFILE, name == "settings.json" ? 0 : 99,
+                [&] { settings.emplace(queue, file, report); });
+        // The application writes back defaults here: they must not replace values that nobody saw.
+        settings->setValue("unit", std::int64_t{1});
         queue.advance(1s);
-        settings.flush();
-        EXPECT_EQ(settings.integer("unit"), 2);
+        EXPECT_EQ(settings->integer("unit"), 1);
+        EXPECT_NE(told.find(file.string() + " can't be read " + reason), std::string::npos) << told;
     }
-    EXPECT_EQ(told.size(), 1U);
-    EXPECT_EQ(names(), "settings.json ");
-    EXPECT_EQ(contents(file / "precious"), "x");
+    EXPECT_EQ(files(), (Files{{"folder", ""}, {"pipe", ""}, {"settings.json", R"({"unit":4})"}}));
 }
 
 TEST_F(FileSettings, AFileThatBreaksDuringTheRunCostsNeitherSide) {
+    put(file, R"({"unit":3,"more":1})");
     auto settings = store();
-    settings.setValue("unit", std::int64_t{2});
-    settings.flush();
-    put(file, "{ half an ed"); // somebody's editor
-    EXPECT_EQ(settings.integer("unit"), 2);
-    EXPECT_TRUE(told.empty());
-    put(file, R"({"unit": 3, "more": 1})");
-    EXPECT_EQ(settings.integer("unit"), 3);
-    put(file, "{ broken for go");
+    put(file, R"({"unit":4,"more":1})"); // somebody's editor, in place and in the same tick of the clock
+    EXPECT_EQ(settings.integer("unit"), 4);
+    put(file, "{ half an ed");
     settings.setValue("polling", true);
     settings.remove("more");
+    limited(RLIMIT_NOFILE, 0, [&] { settings.flush(); });
+    EXPECT_EQ(files(), (Files{{"settings.json", "{ half an ed"}}));
     settings.flush();
-    EXPECT_EQ(contents(file.string() + ".unreadable-1"), "{ broken for go");
-    EXPECT_EQ(told.size(), 1U);
-    EXPECT_EQ(store().integer("unit"), 3);
-    EXPECT_TRUE(store().flag("polling"));
-    EXPECT_EQ(store().value("more"), std::nullopt);
+    EXPECT_EQ(files(), (Files{{"settings.json", R"({"polling":true,"unit":4})"},
+                              {"settings.json.unreadable-1", "{ half an ed"}}));
     fs::remove(file);
     EXPECT_EQ(settings.value("unit"), std::nullopt);
 }
 
-TEST_F(FileSettings, AFailedWriteKeepsTheOldFileAndIsToldOnce) {
+TEST_F(FileSettings, AFailedWriteKeepsTheOldFileAndIsToldOnceUntilOneSucceeds) {
+    std::signal(SIGXFSZ, SIG_IGN);
     auto settings = store();
-    settings.setValue("start", std::int64_t{1});
-    settings.flush();
-    const auto before = contents(file);
-
-    // As on a full disk: the system takes no more than ten bytes.
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit tight{10, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &tight);
-    settings.setValue("start", std::int64_t{2});
-    settings.flush();
-    queue.advance(1s);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
-
-    EXPECT_EQ(contents(file), before);
-    EXPECT_EQ(names(), "settings.json ") << "and no temporary file";
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_NE(told[0].find(file.string() + " (File too large)"), std::string::npos) << told[0];
-    EXPECT_EQ(settings.integer("start"), 2);
-    settings.flush();
-    EXPECT_EQ(store().integer("start"), 2);
-}
-
-TEST_F(FileSettings, MakesItsFolderOrTellsWhyNot) {
-    const auto home = folder;
-    file = home / "a" / "b" / "settings.json";
-    store().setValue("unit", std::int64_t{1});
-    EXPECT_EQ(store().integer("unit"), 1);
-    put(home / "plain", "");
-    file = home / "plain" / "settings.json";
-    store().setValue("unit", std::int64_t{1});
-    EXPECT_EQ(told.size(), 1U);
-}
-
-TEST_F(FileSettings, FollowsALinkToItsFile) {
-    fs::create_directory(folder / "synced");
-    put(folder / "synced" / "real.json", R"({"unit": 2})");
-    fs::create_symlink("synced/real.json", file);
-    store().setValue("unit", std::int64_t{3});
-    EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_NE(contents(folder / "synced" / "real.json").find('3'), std::string::npos);
-}
-
-TEST_F(FileSettings, SweepsOnlyTheTemporaryFilesOfItsOwnWrites) {
-    for (const auto* name :
-         {"settings.json.LfumDL", "settings.json.aBcdef", "settings.json.backup", "settings.json.Backup",
-          "settings.json.BACKUP", "settings.json.aB1def", "settings.json.aBcdefg", "settings.jsonXaBcdef",
-          "other.json.LfumDL", "settings.json"})
-        put(folder / name, "{}");
-    store();
-    EXPECT_EQ(names(),
-              "other.json.LfumDL settings.json settings.json.BACKUP settings.json.Backup "
-              "settings.json.aB1def settings.json.aBcdefg settings.json.backup settings.jsonXaBcdef ");
-}
-
-TEST_F(FileSettings, TwoProgramsSeeAndKeepEachOthersChanges) {
-    auto one = store();
-    auto two = store();
-    one.setValue("unit", std::int64_t{1});
-    one.setValue("polling", true);
-    one.flush();
-    EXPECT_EQ(two.integer("unit"), 1);
-    two.setValue("unit", std::int64_t{2});
-    one.setValue("serial", true);
-    one.flush();
-    two.flush();
-    for (auto* settings : {&one, &two}) {
-        EXPECT_EQ(settings->integer("unit"), 2);
-        EXPECT_TRUE(settings->flag("polling"));
-        EXPECT_TRUE(settings->flag("serial"));
+    for (std::int64_t round = 0; round < 2; ++round) {
+        const auto before = files();
+        settings.setValue("start", round);
+        limited(RLIMIT_FSIZE, 10, [&] { // as on a full disk, the first bytes are taken
+            settings.flush();
+            queue.advance(1s);
+        });
+        EXPECT_EQ(files(), before);
+        EXPECT_EQ(std::exchange(told, ""), "The settings can't be saved in " + file.string() +
+                                               " (File too large). The next change tries again; what is not "
+                                               "saved when the program ends is lost.\n");
+        settings.flush();
+        EXPECT_EQ(store().integer("start"), round);
     }
+}
 
-    // And at the very same time: without a lock one program's write undoes the other's.
-    constexpr int CHANGES = 50;
-    std::vector<pid_t> children;
-    for (const auto* name : {"first-", "second-"}) {
-        children.push_back(::fork());
-        if (children.back() == 0) {
-            auto mine = store();
-            for (int change = 0; change < CHANGES; ++change) {
-                mine.setValue(name + std::to_string(change), true);
-                mine.flush();
-                ::usleep(500); // lets the other one in
-            }
-            ::_exit(0);
+TEST_F(FileSettings, MakesItsFolderFollowsLinksAndTouchesNoOtherFile) {
+    file = folder / "link.json";
+    fs::create_symlink("synced/settings.json", file);
+    folder /= "synced";
+    fs::create_directory(folder);
+    Files expected{{"settings.json.MyCopy", "mine"}, {"settings.json.OldOne", "mine"}};
+    for (const auto& [name, text] : expected)
+        put(folder / name, text);
+    put(file, "{"); // set aside where it is; the link stays
+    store().setValue("unit", std::int64_t{1});
+    expected.insert({{"settings.json", R"({"unit":1})"}, {"settings.json.unreadable-1", "{"}});
+    EXPECT_EQ(files(), expected);
+    EXPECT_TRUE(fs::is_symlink(file));
+
+    folder = folder.parent_path();
+    file = folder / "a" / "b" / "settings.json";
+    store().setValue("unit", std::int64_t{1});
+    EXPECT_EQ(contents(file), R"({"unit":1})");
+    file = folder / "link.json" / "settings.json";
+    told = "";
+    store().setValue("unit", std::int64_t{1});
+    EXPECT_NE(told.find("(Not a directory)"), std::string::npos) << told;
+}
+
+TEST_F(FileSettings, WaitsForAnotherProgramsLockWithoutBlocking) {
+    const int lock = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC);
+    ::flock(lock, LOCK_EX);
+    {
+        auto settings = store();
+        settings.setValue("unit", std::int64_t{1});
+        settings.flush();
+        queue.advance(10s);
+        EXPECT_FALSE(fs::exists(file)) << "not while another program may be writing";
+        ::flock(lock, LOCK_UN);
+        queue.advance(FileSettingsStore::FLUSH_DELAY);
+        EXPECT_EQ(contents(file), R"({"unit":1})");
+        EXPECT_EQ(queue.delayed(), 0U);
+        ::flock(lock, LOCK_EX);
+        settings.setValue("unit", std::int64_t{2});
+        EXPECT_EQ(told, "");
+    }
+    ::close(lock);
+    EXPECT_EQ(contents(file), R"({"unit":1})");
+    EXPECT_NE(told.find("(another program has locked its folder)"), std::string::npos) << told;
+}
+
+TEST_F(FileSettings, ProgramsKeepEachOthersChangesAndKilledOnesDoNoHarm) {
+    const auto start = [this](const std::string& name, int changes) {
+        const auto child = ::fork();
+        if (child != 0)
+            return child;
+        std::optional<FileSettingsStore> settings(std::in_place, queue, file, report);
+        for (int change = 0; change < changes; ++change) {
+            settings->setValue(name + std::to_string(change % 50), std::int64_t{change});
+            settings->flush();
+            ::usleep(300); // lets the others in
         }
+        settings.reset();
+        ::_exit(0);
+    };
+    const auto children = {start("first-", 50), start("second-", 50)};
+    for (unsigned round = 0; round < 40; ++round) {
+        const auto child = start("killed-", 1 << 30);
+        ::usleep(round * 137); // spreads the kills over the steps of a write
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
     }
     for (const auto child : children)
         ::waitpid(child, nullptr, 0);
-    for (int change = 0; change < CHANGES; ++change)
+    for (int change = 0; change < 50; ++change)
         for (const auto* name : {"first-", "second-"})
-            EXPECT_TRUE(one.flag(name + std::to_string(change))) << name << change;
+            EXPECT_EQ(store().text(name + std::to_string(change)), std::to_string(change)) << name;
 }
 
-TEST_F(FileSettings, IsWholeAfterAKillAtAnyMoment) {
-    for (int round = 0; round < 40; ++round) {
-        int written[2];
-        ASSERT_EQ(::pipe(written), 0);
-        const auto child = ::fork();
-        if (child == 0) {
-            auto settings = store();
-            for (std::int64_t number = 0;; ++number) {
-                settings.setValue("text", std::string(3000, static_cast<char>('a' + number % 26)));
-                settings.setValue("number", number % 26);
-                settings.flush();
-                if (number == 0 && ::write(written[1], "", 1) != 1)
-                    ::_exit(1);
-            }
-        }
-        char byte = 0;
-        ASSERT_EQ(::read(written[0], &byte, 1), 1);
-        ::usleep(static_cast<useconds_t>(round * 137)); // spreads the kills over the steps of a write
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        ::close(written[0]);
-        ::close(written[1]);
-        auto settings = store();
-        EXPECT_EQ(settings.text("text"),
-                  std::string(3000, static_cast<char>('a' + settings.integer("number"))));
+TEST_F(FileSettings, AReportThatFailsDoesNotSilenceTheNext) {
+    const int before = ::dup(STDERR_FILENO);
+    for (const auto* path : {"/dev/full", file.c_str()}) {
+        const int log = ::open(path, O_WRONLY | O_CREAT, 0600);
+        ::dup2(log, STDERR_FILENO);
+        ::close(log);
+        FileSettingsStore::reportOnStandardError("told");
     }
-    EXPECT_TRUE(told.empty());
+    ::dup2(before, STDERR_FILENO);
+    ::close(before);
+    EXPECT_EQ(contents(file), "lumbra-remote: told\n");
 }
 
 } // namespace

@@ -4,126 +4,117 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <unistd.h>
+
 namespace {
 
 constexpr int PATIENCE = 20'000; // ms
 
 /// The program lumbra-unit-sim, run as a user would.
-class Program {
+class Program : public QProcess {
 public:
-    explicit Program(const QStringList& arguments) {
-        process_.start(QStringLiteral(SIMULATOR_PROGRAM), arguments);
-        EXPECT_TRUE(process_.waitForStarted(PATIENCE));
+    /// Blanks divide the arguments. Standard output may go to a descriptor of the test's.
+    explicit Program(const QString& arguments, int output = -1) {
+        if (output >= 0)
+            setChildProcessModifier([output] { ::dup2(output, STDOUT_FILENO); });
+        start(QStringLiteral(SIMULATOR_PROGRAM), arguments.split(QLatin1Char(' ')));
+        EXPECT_TRUE(waitForStarted(PATIENCE));
     }
 
-    /// The line that tells that it is ready.
-    QString readyLine() {
-        while (!process_.canReadLine() && process_.waitForReadyRead(PATIENCE)) {
+    QByteArray readyLine() {
+        while (!canReadLine() && waitForReadyRead(PATIENCE)) {
         }
-        return QString::fromLocal8Bit(process_.readLine()).trimmed();
+        return readLine();
     }
 
-    QByteArray ask(const QString& readyLine, const QByteArray& command, const QByteArray& last) {
-        QTcpSocket socket;
-        socket.connectToHost(QStringLiteral("127.0.0.1"), readyLine.section(QLatin1Char(':'), -1).toUShort());
-        EXPECT_TRUE(socket.waitForConnected(PATIENCE));
-        socket.write(command);
-        QByteArray answer;
-        while (!answer.contains(last) && socket.waitForReadyRead(PATIENCE))
-            answer += socket.readAll();
-        return answer;
+    /// Its exit code once `signal` (0: none) has come; -1 if the signal has ended it.
+    int end(int signal = SIGTERM) {
+        ::kill(static_cast<pid_t>(processId()), signal);
+        EXPECT_TRUE(waitForFinished(PATIENCE));
+        return exitStatus() == NormalExit ? exitCode() : -1;
     }
-
-    int exitCode() {
-        EXPECT_TRUE(process_.waitForFinished(PATIENCE));
-        return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
-    }
-
-    int end() {
-        process_.terminate();
-        return exitCode();
-    }
-
-    QByteArray errors() { return process_.readAllStandardError(); }
-    QByteArray output() { return process_.readAllStandardOutput(); }
-
-private:
-    QProcess process_;
 };
+
+/// True if the unit that told its ready line answers `commands` with something that ends in `last`.
+bool answers(const QByteArray& readyLine, const QByteArray& commands, const QByteArray& last) {
+    QTcpSocket socket;
+    const QByteArray port = readyLine.mid(readyLine.lastIndexOf(':') + 1).trimmed();
+    socket.connectToHost(QStringLiteral("127.0.0.1"), port.toUShort());
+    EXPECT_TRUE(socket.waitForConnected(PATIENCE));
+    socket.write(commands);
+    QByteArray answer;
+    while (!answer.contains(last) && socket.waitForReadyRead(PATIENCE))
+        answer += socket.readAll();
+    return answer.contains(last);
+}
 
 TEST(Program, keepsItsStateFromRunToRun) {
     const QTemporaryDir directory;
     const QString file = directory.filePath(QStringLiteral("state"));
-    const QStringList arguments = {QStringLiteral("--unit"), QStringLiteral("3"), QStringLiteral("--state"),
-                                   file};
-    {
-        Program program(arguments);
-        const QString ready = program.readyLine();
-        EXPECT_TRUE(ready.startsWith(QStringLiteral("Simulated unit 3 listens on 127.0.0.1:")))
-            << ready.toStdString();
-        program.ask(ready, "[U3AO9A2][U3SP4SAVE][U3Z16V-7]", "(U3Z16V-7)");
-        EXPECT_EQ(program.end(), 0);
-        EXPECT_EQ(program.errors(), "");
-    }
-    {
-        Program program(arguments);
-        const QByteArray answer = program.ask(program.readyLine(), "[U3APPQ3][U3APPQ0]", "(U3APPQ0)");
-        EXPECT_TRUE(answer.contains("(U3AO9A1)") && answer.contains("(U3Z16V-7)"));
-        EXPECT_EQ(program.end(), 0);
-    }
-    {
-        QFile damaged(file);
-        ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        damaged.write("{");
-    }
-    Program program(arguments);
-    const QByteArray answer = program.ask(program.readyLine(), "[U3APPQ3]", "(U3APPQ3)");
-    EXPECT_TRUE(answer.contains("(U3AO9A0)"));
-    EXPECT_EQ(program.end(), 0);
-    EXPECT_TRUE(program.errors().contains("It is kept as"));
-    EXPECT_TRUE(QFile::exists(file + QStringLiteral(".bad")));
+    const auto run = [&](const QByteArray& commands, const QByteArray& last, int signal) {
+        Program program(QStringLiteral("--unit 3 --state ") + file);
+        const QByteArray ready = program.readyLine();
+        EXPECT_TRUE(ready.startsWith("Simulated unit 3 listens on 127.0.0.1:")) << ready.toStdString();
+        EXPECT_TRUE(answers(ready, commands, last)) << commands.toStdString();
+        EXPECT_EQ(program.end(signal), 0);
+        return program.readAllStandardError();
+    };
+    EXPECT_EQ(run("[U3AO9A2][U3Z16V-7]", "(U3Z16V-7)", SIGTERM), "");
+    EXPECT_EQ(run("[U3Z15V-7][U3APPQ3]", "(U3AO9A1)", SIGHUP), "");
+    EXPECT_EQ(run("[U3APPQ0]", "(U3Z15V-7)", SIGINT), "");
+    EXPECT_TRUE(QFile::resize(file, 9));
+    EXPECT_TRUE(run("[U3APPQ3]", "(U3AO9A0)", SIGTERM).contains("It is kept as"));
 }
 
 TEST(Program, tellsWhatIsWrongInOneLine) {
-    struct Case {
-        QStringList arguments;
-        int exitCode;
-        const char* says;
+    const std::tuple<const char*, int, const char*> CASES[] = {
+        {"--port 65536", 2, "--port takes a whole number from 0 to 65535, not \"65536\""},
+        {"--unit 1x", 2, "--unit takes"},
+        {"--split 0", 2, "--split takes"},
+        {"--listen kitchen", 2, "--listen takes an IP address, not \"kitchen\""},
+        {"--bogus", 2, "bogus"},
+        {"extra", 2, "\"extra\""},
+        {"--reset-after 1 --end-after 2", 2, "exclude each other"},
+        {"--listen 192.0.2.1", 1, "Can't listen on 192.0.2.1:0: "},
+        {"--state /proc/version", 1, "can't be set aside"},
     };
-    const auto list = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char(' ')); };
-    const Case CASES[] = {
-        {list("--port 65536"), 2, "--port takes a whole number from 0 to 65535, not \"65536\""},
-        {list("--unit 5"), 2, "--unit takes"},
-        {list("--unit 1x"), 2, "--unit takes"},
-        {list("--split 0"), 2, "--split takes"},
-        {list("--listen kitchen"), 2, "--listen takes an IP address, not \"kitchen\""},
-        {list("--bogus"), 2, "bogus"},
-        {list("--port"), 2, "port"},
-        {list("extra"), 2, "\"extra\""},
-        {list("--reset-after 1 --end-after 2"), 2, "exclude each other"},
-        {list("--listen 192.0.2.1"), 1, "Can't listen on 192.0.2.1:0: "},
-        {list("--state /proc/version"), 1, "can't be set aside"},
-    };
-    for (const Case& test : CASES) {
-        Program program(test.arguments);
-        const std::string name = test.arguments.join(QLatin1Char(' ')).toStdString();
-        EXPECT_EQ(program.exitCode(), test.exitCode) << name;
-        const QByteArray errors = program.errors();
-        EXPECT_TRUE(errors.contains(test.says)) << errors.toStdString();
-        EXPECT_EQ(errors.count('\n'), 1) << errors.toStdString();
-        EXPECT_EQ(program.output(), "") << name;
+    for (const auto& [arguments, exitCode, says] : CASES) {
+        Program program(QString::fromLatin1(arguments));
+        EXPECT_EQ(program.end(0), exitCode) << arguments;
+        const QByteArray errors = program.readAllStandardError();
+        EXPECT_TRUE(errors.contains(says) && errors.count('\n') == 1) << errors.toStdString();
+        EXPECT_EQ(program.readAllStandardOutput(), "") << arguments;
     }
 }
 
 TEST(Program, printsCommandsAndReportsWhenAsked) {
-    Program program({QStringLiteral("--verbose")});
-    program.ask(program.readyLine(), "[U1Z3\x01][U1Z3V-35]", "(U1O4V-35)");
+    Program program(QStringLiteral("--verbose"));
+    EXPECT_TRUE(answers(program.readyLine(), "[U1Z3\x01][U1Z3V-35]", "(U1O4V-35)"));
     EXPECT_EQ(program.end(), 0);
-    const QByteArray output = program.output();
+    const QByteArray output = program.readAllStandardOutput();
     for (const char* const line :
          {" ! connected\n", " > [U1Z3\\x01] refused\n", " > [U1Z3V-35]\n", " < (U1Z3V-35)\n",
           " < (U1O4V-35)\n", "Commands: 1 carried out, 1 refused, 0 for other units\n"})
         EXPECT_TRUE(output.contains(line)) << line << output.toStdString();
+}
+
+TEST(Program, servesAndEndsWhoeverReadsItsOutput) {
+    for (const bool gone : {false, true}) {
+        int ends[2] = {-1, -1};
+        ASSERT_EQ(::pipe(ends), 0);
+        Program program(QStringLiteral("--verbose"), ends[1]);
+        char buffer[100];
+        const QByteArray ready(buffer, ::read(ends[0], buffer, sizeof buffer));
+        ::close(ends[1]);
+        if (gone)
+            ::close(ends[0]);
+        // Their trace is far more than a pipe takes.
+        EXPECT_TRUE(answers(ready, QByteArray("[U1APPQ1]").repeated(30) + "[U1APPQ3]", "(U1APPQ3)"));
+        EXPECT_EQ(program.end(), 0);
+        if (!gone)
+            ::close(ends[0]);
+    }
 }
 
 } // namespace

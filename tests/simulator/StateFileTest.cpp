@@ -1,5 +1,6 @@
 #include "simulator/StateFile.h"
 
+#include "NoDescriptors.h"
 #include "simulator/Unit.h"
 
 #include <QDir>
@@ -11,104 +12,69 @@ namespace lumbra::sim {
 
 namespace {
 
-class StateFileTest : public testing::Test {
-protected:
-    StateFileTest() {
-        for (const char* const body : {"Z3V-61", "O5B2P-7F317", "AO9A2", "Z1M1", "SP10SAVE", "G2P0"})
-            unit_.execute(body);
-    }
-
-    void write(const QByteArray& bytes) const {
-        QFile file(path_);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    QStringList files() const {
-        return QDir(directory_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    }
-
-    QTemporaryDir directory_;
-    QString path_ = directory_.filePath(QStringLiteral("unit.state"));
-    StateFile file_{path_};
-    Unit unit_;
-    QString message_;
-};
-
-TEST_F(StateFileTest, keepsAllOfAMemory) {
-    ASSERT_TRUE(file_.save(unit_.memory(), message_)) << message_.toStdString();
-    Memory memory;
-    ASSERT_TRUE(file_.load(memory, message_));
-    EXPECT_EQ(memory, unit_.memory());
-    EXPECT_EQ(message_, QString());
-    EXPECT_EQ(files(), QStringList{QStringLiteral("unit.state")});
-}
-
-TEST_F(StateFileTest, startsAfreshWithoutAFile) {
-    Memory memory = unit_.memory();
-    EXPECT_TRUE(file_.load(memory, message_));
-    EXPECT_EQ(memory, unit_.memory());
-    EXPECT_EQ(message_, QString());
-}
-
-TEST_F(StateFileTest, setsAsideWhatItCannotUseAndSaysWhy) {
-    const QByteArray good = toJson(unit_.memory());
-    const auto replaced = [&](const char* from, const char* to) {
-        QByteArray json = good;
-        const qsizetype at = json.indexOf(from);
-        EXPECT_GE(at, 0) << from;
-        return json.replace(at, static_cast<qsizetype>(strlen(from)), to);
+TEST(StateFile, keepsAMemoryAndSetsAsideOnlyWhatHoldsNone) {
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("unit.state"));
+    const StateFile file(path);
+    QString message;
+    Unit unit;
+    for (const char* const body : {"Z3V-61", "O5B2P-7F317", "AO9A2", "Z1M1", "SP10SAVE", "G2P0"})
+        unit.execute(body);
+    const Memory good = unit.memory();
+    unit.execute("Z3V-62");
+    const Memory other = unit.memory();
+    const auto load = [&](const Memory& expected, bool loads, const char* says) {
+        Memory memory = other;
+        message.clear();
+        EXPECT_EQ(file.load(memory, message), loads) << says;
+        EXPECT_EQ(memory, expected) << says;
+        EXPECT_TRUE(message.contains(QLatin1String(says)) && message.isEmpty() == !*says)
+            << message.toStdString();
     };
-    struct Case {
-        QByteArray bytes;
-        const char* reason;
+    load(other, true, "");
+    ASSERT_TRUE(file.save(good, message)) << message.toStdString();
+    load(good, true, "");
+    {
+        const NoDescriptors none;
+        load(other, false, "It is left alone");
+    }
+    load(good, true, "");
+
+    const QString json = QString::fromLatin1(toJson(good));
+    const auto with = [&](const char* from, const char* to) {
+        EXPECT_TRUE(json.contains(QLatin1String(from)));
+        return QString(json).replace(QLatin1String(from), QLatin1String(to)).toLatin1();
     };
-    const Case CASES[] = {
+    const std::pair<QByteArray, const char*> CASES[] = {
         {"", "at byte 0"},
         {"[1,2]", "it holds no JSON object"},
-        {good.left(good.size() / 2), "at byte"},
-        {replaced("\"format\":1", "\"format\":2"), "format is not a whole number from 1 to 1"},
-        {replaced("\"volume\":-61", "\"volume\":-81"),
-         "outputs[3].volume is not a whole number from -80 to 0"},
-        {replaced("\"volume\":-61", "\"volume\":\"-61\""), "outputs[3].volume"},
-        {replaced("\"volume\":-61", "\"volume\":-60.5"), "outputs[3].volume"},
-        {replaced("\"volume\":-61", "\"volume\":1e300"), "outputs[3].volume"},
-        {replaced("\"frequency\":317", "\"frequency\":0"), "outputs[4].bands[1].frequency"},
-        {replaced("\"overrides\":[{", "\"overrides\":[{\"on\":1},{"), "overrides is not a list of 10"},
-        {replaced("\"scenes\":[{", "\"scenes\":[7,{"), "scenes is not a list of 10"},
-        {replaced("\"bass\":", "\"boss\":"), "bass"},
+        {with("\"format\":1", "\"format\":2"), "format is not a whole number from 1 to 1"},
+        {with("-61", "-81"), "zones[2].volume is not a whole number from -80 to 0"},
+        {with("-61", "\"-61\""), "zones[2].volume"},
+        {with("-61", "-60.5"), "zones[2].volume"},
+        {with("317", "1e300"), "outputs[4].bands[1].frequency"},
+        {with("\"overrides\":[{", "\"overrides\":[{},{"), "overrides is not a list of 10"},
+        {with("\"bass\":", "\"boss\":"), "bass"},
         {QByteArray(StateFile::LONGEST + 1, ' '), "it is too long"},
     };
-    int number = 0;
-    for (const Case& test : CASES) {
-        write(test.bytes);
-        Memory memory = unit_.memory();
-        message_.clear();
-        EXPECT_TRUE(file_.load(memory, message_)) << test.reason;
-        EXPECT_EQ(memory, unit_.memory()) << test.reason;
-        EXPECT_TRUE(message_.contains(QLatin1String(test.reason))) << message_.toStdString();
-        const QString aside =
-            ++number == 1 ? path_ + QStringLiteral(".bad") : path_ + QStringLiteral(".bad%1").arg(number);
+    QString aside = path + QStringLiteral(".bad");
+    for (int number = 2; const auto& [bytes, reason] : CASES) {
+        QFile written(path);
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly) && written.write(bytes) == bytes.size());
+        written.close();
+        load(other, true, reason);
         QFile kept(aside);
-        EXPECT_TRUE(kept.open(QIODevice::ReadOnly) && kept.readAll() == test.bytes) << test.reason;
-        EXPECT_FALSE(QFile::exists(path_));
+        EXPECT_TRUE(kept.open(QIODevice::ReadOnly) && kept.readAll() == bytes && !QFile::exists(path))
+            << reason;
+        aside = path + QStringLiteral(".bad%1").arg(number++);
     }
-}
 
-// A mistyped path must not have a folder full of other things renamed.
-TEST_F(StateFileTest, leavesAFolderAlone) {
-    QDir(directory_.path()).mkdir(QStringLiteral("unit.state"));
-    Memory memory;
-    EXPECT_FALSE(file_.load(memory, message_));
-    EXPECT_TRUE(message_.contains(QStringLiteral("it is no regular file"))) << message_.toStdString();
-    EXPECT_EQ(files(), QStringList{QStringLiteral("unit.state")});
-}
-
-TEST_F(StateFileTest, tellsWhatItCannotWrite) {
-    const StateFile nowhere(directory_.filePath(QStringLiteral("no/such/folder")));
-    EXPECT_FALSE(nowhere.save(unit_.memory(), message_));
-    EXPECT_TRUE(message_.contains(QStringLiteral("no/such/folder can't be written: ")))
-        << message_.toStdString();
+    // A mistyped path must not have a folder full of other things renamed.
+    QDir().mkdir(path);
+    load(other, false, "it is no regular file");
+    EXPECT_FALSE(file.save(good, message));
+    EXPECT_TRUE(message.contains(QStringLiteral("unit.state can't be written: "))) << message.toStdString();
+    EXPECT_TRUE(QDir(path).exists());
 }
 
 } // namespace

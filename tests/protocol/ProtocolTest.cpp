@@ -1,0 +1,115 @@
+#include "FormOracle.h"
+#include "model/Outputs.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace lumbra {
+namespace {
+
+using namespace std::string_view_literals;
+
+TEST(OutputMessages, ABandCarriesWhatItsTypeHas) {
+    std::string all;
+    for (auto type = Outputs::FILTER_BYPASS; type <= Outputs::FILTER_PARAMETRIC; ++type)
+        all += outputs::setBand(15, 6, type, -6, 8000) + " ";
+    EXPECT_EQ(all, "O16B7BYPASS O16B7HPF8000 O16B7HS-6F8000 O16B7LPF8000 O16B7LS-6F8000 O16B7P-6F8000 ");
+}
+
+TEST(ReportBuffer, CutsTheStreamIntoTexts) {
+    using Texts = std::vector<std::string>;
+    const std::string most(ReportBuffer::CAPACITY, 'x');
+    const struct {
+        const char* name;
+        Texts chunks;
+        Texts expected;
+    } cases[] = {
+        {"text outside is dropped", {"xx(U1APPQ2)\r\n"}, {"U1APPQ2"}},
+        {"a begun report is dropped by the next one", {"(U1Z3(U1Z4V-1)(b)"}, {"U1Z4V-1", "b"}},
+        {"a stray close repeats the last report", {"(a)x)"}, {"a", "a"}},
+        {"a stray close at first is an empty text", {")"}, {""}},
+        {"split anywhere", {"(", "U1", "", "Z3V-", "30", ")"}, {"U1Z3V-30"}},
+        {"any byte is a character", {std::string("(\0\xE9\n[])", 7)}, {std::string("\0\xE9\n[]", 5)}},
+        {"a long text keeps what a form can read", {"(" + most + "yyyy)(b)"}, {most, "b"}},
+    };
+    for (const auto& c : cases) {
+        ReportBuffer buffer;
+        Texts found;
+        for (const auto& chunk : c.chunks)
+            buffer.feed({reinterpret_cast<const std::uint8_t*>(chunk.data()), chunk.size()},
+                        [&found](std::string_view text) { found.emplace_back(text); });
+        EXPECT_EQ(found, c.expected) << c.name;
+    }
+}
+
+TEST(ReportForms, ReadNumbersNamesAndEnds) {
+    const struct {
+        std::string_view text;
+        std::string_view words;
+    } cases[] = {
+        {"U1Z16V-405", "1 Volume 15 -40"},
+        {"U1Z3BASS-0", "1 Bass 2 0"},
+        {"U0Z0I00", "0 Input -1 -1"},
+        {"U1Z3N\"\"", ""},
+        {"U1Z3N\"\"\"", "1 ItemName 2 \""},
+        {"U1Z3N\"a\"b\"c", "1 ItemName 2 a\"b"},
+        {"U1Z3N\"1234567890123456\"", "1 ItemName 2 1234567890123456"},
+        {"U1Z3N\"12345678901234567\"", ""},
+        {"U1Z3N\"12345678901234\"5\"7\"", "1 ItemName 2 12345678901234\"5"},
+        {"U1Z3N\"a\"\nb\"", "1 ItemName 2 a"},
+        {"U1Z3N\" \0\"\n"sv, "1 ItemName 2  \0"sv},
+        {"U1Z3N\"Caf\xE9\x85\"", "1 ItemName 2 Caf\xC3\xA9\xC2\x85"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(oracle::words(zones::parse(c.text)), c.words) << c.text;
+}
+
+// A report of every row, cut short and changed at every place.
+TEST(ReportForms, AgreeWithTheRegularExpressions) {
+    std::istringstream reports(R"~(U1Z3V-35 U1Z16I20 U1Z3M1 U1Z3LD0 U1Z3BASS-15 U1Z3TREB7 U1Z3N"a"b" U1Z3MV-20
+        U1O16Z1 U1I20STEREO1 U1I2N"CD" U1O3V5 U1O3I21 U1O3M0 U1O3P1 U1O3B2BYPASS U1O3B2HPF20001
+        U1O3B7HS-6F8000 U1O3B1LPF0 U1O3B1LS4F120 U1O3B2P-3F12345 U1O3MV-20 U1O3MXTO-20 U1O3MNTO-90
+        U1O3STEREO1 U1O3N"1234567890"23456" U1G11V-81 U1G3I20 U1G3M1 U1G3P0 U1G3N"Yard" U1AO10A1
+        U1SP10N"1234567890123456" U1APPQ0 U1APPQ1 U1APPQ2 U1APPQ3 U1APPQ4)~");
+    std::string readings;
+    const auto check = [&readings](std::string_view text) {
+        for (const char screen : oracle::SCREENS) {
+            const auto reading = oracle::byForms(screen, text);
+            ASSERT_EQ(reading, oracle::byExpressions(screen, text)) << text;
+            readings += reading;
+        }
+    };
+    for (std::string report; reports >> report;) {
+        readings.clear();
+        check(report);
+        EXPECT_NE(readings, "") << report;
+        for (std::size_t place = 0; place <= report.size(); ++place) {
+            check(report.substr(0, place));
+            for (const char other : "01789-+\"UZOIGASPMVNBFHLQ*\r\n\0\xE9"sv) {
+                std::string text = report;
+                check(text.insert(place, 1, other));
+                check(text.erase(place + 1, 1)); // `other` in place of what stood there
+                check(text.erase(place, 1));
+            }
+        }
+    }
+}
+
+TEST(ReportForms, AreCheckedWhenTheyAreCompiled) {
+    std::istringstream good(R"~(U#Z##V-## U#O##B[1-7]BYPASS U#SP##N"*" U#APPQ0
+        U#A-#########B-#########C-#########D-########N"*")~"); // the last reads up to 64 characters
+    for (std::string form; good >> form;)
+        EXPECT_TRUE(Form::isForm(form)) << form;
+    std::istringstream bad(R"~(U# Z##V U##Z xU#Z U#"*" U#Z##v U#Z##V- U#Z##V--# U#Z##V+# U#Z##[0-1] U#Z##-##
+        U#Z##0 U#ZM[0-1]0 U#ZM[1] U#ZM[1- U#ZM[1-0] U#ZM[a-b] U#ZN" U#ZN* U#ZN"* U#ZN"*"X U#Z##########
+        U#A#B#C#D#E# U#ABCDEFGHIJKLMNO U#A-#########B-#########C-#########D-#########N"*")~");
+    for (std::string form; bad >> form;)
+        EXPECT_FALSE(Form::isForm(form)) << form;
+    EXPECT_FALSE(Form::isForm(""));
+}
+
+} // namespace
+} // namespace lumbra
