@@ -10,11 +10,14 @@ target_compile_definitions(lumbra_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM
                                                   LUMBRA_VERSION="${PROJECT_VERSION}")
 if(LUMBRA_SANITIZE)
   target_compile_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE} -fno-omit-frame-pointer
-                                                -fno-sanitize-recover=all
-                         # The instrumented code of std::regex makes GCC see uses before initialisation.
-                         -Wno-maybe-uninitialized
-                         # Qt's start-up code holds a fence that the thread sanitizer does not know.
-                         -Wno-tsan)
+                                                -fno-sanitize-recover=all)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(lumbra_flags INTERFACE
+                           # The instrumented code of std::regex makes GCC see uses before initialisation.
+                           -Wno-maybe-uninitialized
+                           # Qt's start-up code holds a fence that the thread sanitizer does not know.
+                           -Wno-tsan)
+  endif()
   target_link_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE})
 endif()
 

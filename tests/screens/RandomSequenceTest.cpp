@@ -1,7 +1,5 @@
+#include "Invariants.h"
 #include "Remote.h"
-#include "screens/GroupViewController.h"
-#include "screens/OutputViewController.h"
-#include "screens/ZoneViewController.h"
 
 #include <gtest/gtest.h>
 
@@ -94,47 +92,6 @@ void act(Remote& remote, Dice& dice) {
     }
 }
 
-template <class Fields>
-void expectWithin(const Fields& fields, std::int64_t low, std::int64_t high) {
-    for (const auto field : fields) {
-        EXPECT_GE(field, low);
-        EXPECT_LE(field, high);
-    }
-}
-
-void expectInvariants(Remote& remote) {
-    const auto screen = remote.application.tabs().selectedViewController();
-    if (const auto* zone = dynamic_cast<ZoneViewController*>(screen.get())) {
-        const auto& zones = zone->zone();
-        expectWithin(zones.bass, -15, 15);
-        expectWithin(zones.treble, -15, 15);
-        expectWithin(zones.volume, -80, 0);
-        expectWithin(zones.max_volume, -80, 0);
-        expectWithin(zones.source, 0, 19);
-        EXPECT_EQ(zones.name_hide_ref.size(), zones.name_hide_str.size());
-        EXPECT_TRUE(std::is_sorted(zones.name_hide_ref.begin(), zones.name_hide_ref.end()));
-    } else if (const auto* output = dynamic_cast<OutputViewController*>(screen.get())) {
-        const auto& outputs = output->output();
-        expectWithin(outputs.volume, -80, 0);
-        expectWithin(outputs.source, 0, 19);
-        for (const auto& bands : outputs.filter_freq)
-            expectWithin(bands, 1, 20000);
-        for (const auto& bands : outputs.filter_gain)
-            expectWithin(bands, -15, 15);
-        for (const auto& bands : outputs.filter_type)
-            expectWithin(bands, 0, 5);
-    } else if (const auto* group = dynamic_cast<GroupViewController*>(screen.get())) {
-        expectWithin(group->group().volume, -80, 0);
-        expectWithin(group->group().source, 0, 19);
-    }
-    for (const auto& item : screen->view().items())
-        if (item.control->kind() == Control::Kind::Picker) {
-            const auto& picker = static_cast<Picker&>(*item.control);
-            EXPECT_LT(picker.selected(), static_cast<int>(picker.rows().size()));
-            EXPECT_EQ(picker.selected() < 0, picker.rows().empty());
-        }
-}
-
 TEST(RandomSequences, KeepTheInvariantsAndSendWellFormedCommands) {
     const std::regex wellFormed(R"(\[U[1-4](APPQ[0-4]|SERIAL[01]|)"
                                 R"([ZOG]([1-9]|1[0-6])(V-?[0-9]+|I([1-9]|1[0-9]|20)|M[01])|[OG][0-9]+P[01]|)"
@@ -176,10 +133,9 @@ TEST(RandomSequences, KeepTheInvariantsAndSendWellFormedCommands) {
                 remote.report(dice.report());
             }
             remote.settle();
-            EXPECT_LE(remote.streams.liveStreams(), 2);
             for (const auto& command : remote.sent())
                 EXPECT_TRUE(std::regex_match(command, wellFormed)) << command;
-            expectInvariants(remote);
+            EXPECT_EQ(brokenInvariant(remote), "");
             if (HasFailure())
                 return;
         }

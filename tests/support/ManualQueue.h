@@ -67,6 +67,16 @@ public:
         now_ = end;
     }
 
+    /// Lets time pass until the next delayed piece is due, and runs what `advance` would. False where none
+    /// waits.
+    bool runNext() {
+        runPosted();
+        if (delayed_.empty())
+            return false;
+        advance(delayed_.front().due - now_);
+        return true;
+    }
+
     /// The virtual time that has passed.
     std::chrono::nanoseconds now() const { return now_; }
     /// How many pieces of posted work wait.

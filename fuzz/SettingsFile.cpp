@@ -1,0 +1,120 @@
+// Any bytes as the settings file: the store reads it, one setting changes and one goes; and the application starts on it.
+// The whole input is the file.
+
+#include "Check.h"
+#include "ManualQueue.h"
+#include "ManualWorker.h"
+#include "ScriptedStreams.h"
+#include "app/Application.h"
+#include "app/Settings.h"
+#include "qt/FileSettingsStore.h"
+
+#include <QByteArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLatin1String>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <stdlib.h>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace lumbra;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A folder of the run's own, which goes with the program.
+struct Folder {
+    Folder() {
+        std::string name = fs::temp_directory_path() / "lumbra-fuzz-XXXXXX";
+        if (!::mkdtemp(name.data()))
+            std::abort();
+        path = name;
+    }
+    ~Folder() { fs::remove_all(path); }
+
+    void clear() const {
+        for (const auto& entry : fs::directory_iterator(path))
+            fs::remove(entry.path());
+    }
+    fs::path path;
+};
+
+struct Reachable final : Reachability {
+    bool isReachable() const override { return true; }
+};
+
+std::string contents(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// The settings in a file's bytes; nothing where they are no settings.
+std::optional<QJsonObject> parsed(std::string_view bytes) {
+    const auto text = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    if (text.trimmed().isEmpty())
+        return QJsonObject();
+    const auto document = QJsonDocument::fromJson(text);
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+}
+
+QLatin1String latin1(std::string_view text) {
+    return QLatin1String(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const Folder FOLDER;
+    static const auto PATH = FOLDER.path / "settings.json";
+    static const auto ASIDE = FOLDER.path / "settings.json.unreadable-1";
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    // Qt's parser drops a byte order mark that begins a text.
+    if (bytes.find("\xEF\xBB\xBF") != std::string::npos ||
+        QByteArray::fromStdString(bytes).toLower().contains("\\ufeff"))
+        return 0;
+    FOLDER.clear();
+    std::ofstream(PATH, std::ios::binary) << bytes;
+    const auto before = parsed(bytes);
+
+    ManualQueue queue;
+    std::vector<std::string> told;
+    const auto tell = [&](const std::string& sentence) { told.push_back(sentence); };
+    {
+        FileSettingsStore store(queue, PATH, tell);
+        check(contents(before ? PATH : ASIDE) == bytes, "reading changed the file");
+        check(told.size() == (before ? 0U : 1U), "not one sentence for a file that can't be read");
+        store.setValue(START_TAB_PREFERENCE, std::int64_t{7});
+        store.remove(IP_ADDRESS_PREFERENCE);
+    }
+    auto wanted = before.value_or(QJsonObject());
+    wanted[latin1(START_TAB_PREFERENCE)] = 7;
+    wanted.remove(latin1(IP_ADDRESS_PREFERENCE));
+    const auto after = contents(PATH);
+    check(parsed(after) == wanted, "writing changed more than it should", after);
+
+    FOLDER.clear();
+    std::ofstream(PATH, std::ios::binary) << bytes;
+    FileSettingsStore store(queue, PATH, tell);
+    ManualWorker worker;
+    ScriptedStreamFactory streams;
+    const Reachable reachability;
+    Application application({queue, worker, streams, reachability, store});
+    application.launch();
+    worker.run();
+    queue.runPosted();
+    const auto unit = application.link().unit;
+    check(unit >= 1 && unit <= 4, "no unit has this number", std::to_string(unit));
+    application.terminate();
+    check(store.integer(UNIT_NUMBER_PREFERENCE) == unit &&
+              store.text(IP_ADDRESS_PREFERENCE) == streams.last().host,
+          "the link has other settings than are stored");
+    return 0;
+}
