@@ -63,11 +63,11 @@ protected:
     /// The text of one report, without its parentheses, as the unit's bytes (ISO 8859-1).
     virtual void processCommand(std::string_view report) = 0;
 
-    /// Has `parser` read `report` and, where it is one from the configured unit, `handle` act on the typed
-    /// report.
-    template <class Parser, class Handle>
-    void dispatch(const Parser& parser, std::string_view report, Handle handle) {
-        if (const auto parsed = parser.parse(report); parsed && parsed->unit == serverConn_->unit)
+    /// Has `parse` (of a family of reports) read `report` and, where it is one from the configured unit, `handle` act on
+    /// the typed report.
+    template <class Parse, class Handle>
+    void dispatch(Parse parse, std::string_view report, Handle handle) {
+        if (const auto parsed = parse(report); parsed && parsed->unit == serverConn_->unit)
             std::visit(handle, parsed->report);
     }
 

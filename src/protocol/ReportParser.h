@@ -146,10 +146,4 @@ std::optional<Parsed<Report>> parseReport(std::string_view text) {
     return parsed;
 }
 
-/// How a screen reads its reports: with its family's `parse`.
-template <class Report>
-struct ReportParser {
-    std::optional<Parsed<Report>> (*parse)(std::string_view text);
-};
-
 } // namespace lumbra

@@ -20,7 +20,7 @@ void GroupViewController::powerSwitchChange(Switch& sender) {
 }
 
 void GroupViewController::processCommand(std::string_view report) {
-    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+    dispatch(groups::parse, report, [this](const auto& typed) { handle(typed); });
 }
 
 Reading GroupViewController::volumeReading(std::int64_t volume) const {

@@ -2,7 +2,6 @@
 
 #include "model/Groups.h"
 #include "protocol/GroupMessages.h"
-#include "protocol/ReportParser.h"
 #include "screens/ItemViewController.h"
 
 namespace lumbra {
@@ -29,7 +28,6 @@ private:
     using ItemViewController::handle;
     void handle(const reports::Power& report);
 
-    ReportParser<groups::Report> parser_{groups::parse};
     Outlet<Switch> powerSwitch_;
 };
 

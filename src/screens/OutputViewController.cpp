@@ -79,7 +79,7 @@ void OutputViewController::sendFilterCommand(std::size_t band) {
 }
 
 void OutputViewController::processCommand(std::string_view report) {
-    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+    dispatch(outputs::parse, report, [this](const auto& typed) { handle(typed); });
 }
 
 Reading OutputViewController::volumeReading(std::int64_t volume) const {

@@ -2,7 +2,6 @@
 
 #include "model/Outputs.h"
 #include "protocol/OutputMessages.h"
-#include "protocol/ReportParser.h"
 #include "screens/ItemViewController.h"
 #include "toolkit/SegmentedControl.h"
 
@@ -54,7 +53,6 @@ private:
     template <class Control>
     using PerBand = std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)>;
 
-    ReportParser<outputs::Report> parser_{outputs::parse};
     Outlet<Switch> powerSwitch_;
     PerBand<SegmentedControl> filterType_;
     PerBand<Slider> filterFreq_;

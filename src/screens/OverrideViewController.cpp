@@ -28,7 +28,7 @@ void OverrideViewController::ovrSwitchChange(Switch& sender) {
 }
 
 void OverrideViewController::processCommand(std::string_view report) {
-    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+    dispatch(overrides::parse, report, [this](const auto& typed) { handle(typed); });
 }
 
 void OverrideViewController::handle(const overrides::State& report) {

@@ -2,7 +2,6 @@
 
 #include "link/ScreenViewController.h"
 #include "protocol/OverrideMessages.h"
-#include "protocol/ReportParser.h"
 #include "toolkit/Switch.h"
 
 #include <array>
@@ -26,7 +25,6 @@ private:
     void handle(const overrides::State& report);
     void handle(const reports::EndOfState& report);
 
-    ReportParser<overrides::Report> parser_{overrides::parse};
     std::array<Outlet<Switch>, 10> ovrSwitch_;
 };
 

@@ -49,7 +49,7 @@ void SceneViewController::saveScenePress(Button&) {
 }
 
 void SceneViewController::processCommand(std::string_view report) {
-    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+    dispatch(scenes::parse, report, [this](const auto& typed) { handle(typed); });
 }
 
 void SceneViewController::handle(const reports::ItemName& report) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "link/ScreenViewController.h"
-#include "protocol/ReportParser.h"
 #include "protocol/SceneMessages.h"
 #include "toolkit/Button.h"
 #include "toolkit/Picker.h"
@@ -39,7 +38,6 @@ private:
     void handle(const reports::ItemName& report);
     void handle(const reports::EndOfState& report);
 
-    ReportParser<scenes::Report> parser_{scenes::parse};
     Outlet<Picker> scenePicker_;
     Outlet<Button> loadSceneButton_;
     Outlet<Button> saveSceneButton_;

@@ -42,7 +42,7 @@ void ZoneViewController::loudnessSwitchChange(Switch& sender) {
 }
 
 void ZoneViewController::processCommand(std::string_view report) {
-    dispatch(parser_, report, [this](const auto& typed) { handle(typed); });
+    dispatch(zones::parse, report, [this](const auto& typed) { handle(typed); });
 }
 
 Reading ZoneViewController::volumeReading(std::int64_t volume) const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/Zones.h"
-#include "protocol/ReportParser.h"
 #include "protocol/ZoneMessages.h"
 #include "screens/ItemViewController.h"
 
@@ -39,7 +38,6 @@ private:
     void showBass();
     void showTreble();
 
-    ReportParser<zones::Report> parser_{zones::parse};
     Outlet<Switch> loudnessSwitch_;
     Outlet<Slider> bassSlider_;
     Outlet<Slider> trebleSlider_;
