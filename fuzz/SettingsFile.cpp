@@ -7,7 +7,7 @@
 #include "ScriptedStreams.h"
 #include "app/Application.h"
 #include "app/Settings.h"
-#include "qt/FileSettingsStore.h"
+#include "system/FileSettingsStore.h"
 
 #include <QByteArray>
 #include <QJsonDocument>

@@ -1,16 +1,15 @@
 #include "simulator/Faults.h"
 #include "simulator/LineWriter.h"
-#include "simulator/SignalPipe.h"
 #include "simulator/StateFile.h"
 #include "simulator/Unit.h"
 #include "simulator/UnitServer.h"
+#include "system/SignalPipe.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <QTimer>
 
-#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -214,11 +213,7 @@ int run(const QCoreApplication& application) {
                 saveTimer.start(SAVE_DELAY);
         });
 
-    const SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP});
-    if (endSignals.descriptor() == -1) {
-        complain(QStringLiteral("Can't watch for signals: %1.").arg(qt_error_string(errno)));
-        return FAILURE;
-    }
+    const lumbra::SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP}, lumbra::SignalPipe::Takes::First);
     const QSocketNotifier notifier(endSignals.descriptor(), QSocketNotifier::Read);
     QObject::connect(&notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
     if (!server.listen(settings->address, static_cast<quint16>(settings->port))) {

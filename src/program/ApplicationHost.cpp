@@ -2,13 +2,13 @@
 
 #include "app/Settings.h"
 #include "platform/MemorySettingsStore.h"
-#include "qt/FileSettingsStore.h"
-#include "qt/FixedReachability.h"
-#include "qt/NetworkReachability.h"
-#include "qt/RedirectingStreamFactory.h"
-#include "qt/SocketAddress.h"
-#include "qt/SocketStreamFactory.h"
 #include "simulator/UnitServer.h"
+#include "system/FileSettingsStore.h"
+#include "system/FixedReachability.h"
+#include "system/NetworkReachability.h"
+#include "system/RedirectingStreamFactory.h"
+#include "system/SocketAddress.h"
+#include "system/SocketStreamFactory.h"
 
 #include <QDir>
 #include <QFile>

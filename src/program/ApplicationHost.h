@@ -2,8 +2,8 @@
 
 #include "app/Application.h"
 #include "program/Options.h"
-#include "qt/QtMainQueue.h"
-#include "qt/ThreadWorker.h"
+#include "system/QtMainQueue.h"
+#include "system/ThreadWorker.h"
 
 #include <QString>
 

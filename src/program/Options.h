@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/HostPort.h"
+#include "system/HostPort.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #include "program/TouchModule.h"
 
-#include "platform/SignalPipe.h"
 #include "program/ApplicationHost.h"
-#include "qt/QtDescriptorWatcher.h"
+#include "system/QtDescriptorWatcher.h"
+#include "system/SignalPipe.h"
 #include "touch/DisplayGuard.h"
 #include "touch/TouchFrontEnd.h"
 

@@ -1,10 +1,10 @@
 #include "console/ConsoleFrontEnd.h"
-#include "platform/SignalPipe.h"
 #include "program/ApplicationHost.h"
 #include "program/Options.h"
 #include "program/TouchModule.h"
 #include "program/TouchModulePath.h"
-#include "qt/QtDescriptorWatcher.h"
+#include "system/QtDescriptorWatcher.h"
+#include "system/SignalPipe.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -2,7 +2,6 @@
 #include "simulator/CommandReader.h"
 #include "simulator/FloodPace.h"
 #include "simulator/LineWriter.h"
-#include "simulator/SignalPipe.h"
 
 #include <gtest/gtest.h>
 
@@ -69,24 +68,6 @@ TEST(LineWriter, neverWaitsAndTellsWhatItLeftOut) {
     writer.write("again");
     EXPECT_TRUE(writer.flush(std::chrono::seconds(20)));
     EXPECT_EQ(std::string(buffer, static_cast<std::size_t>(::read(ends[0], buffer, 4096))), "again\n");
-}
-
-TEST(SignalPipe, passesTheFirstOfEachSignalOnAndLeavesTheSecondToTheSystem) {
-    {
-        const NoDescriptors none;
-        EXPECT_EQ(SignalPipe({SIGTERM}).descriptor(), -1);
-    }
-    std::signal(SIGHUP, SIG_IGN); // as a parent may have
-    const SignalPipe pipe({SIGTERM, SIGHUP});
-    std::raise(SIGHUP);
-    char byte = 0;
-    EXPECT_EQ(::read(pipe.descriptor(), &byte, 1), -1);
-    std::raise(SIGTERM);
-    EXPECT_EQ(::read(pipe.descriptor(), &byte, 1), 1);
-    struct sigaction now {};
-    ::sigaction(SIGTERM, nullptr, &now);
-    EXPECT_EQ(now.sa_handler, SIG_DFL);
-    std::signal(SIGHUP, SIG_DFL);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "platform/SignalPipe.h"
+#include "system/SignalPipe.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "qt/FileSettingsStore.h"
+#include "system/FileSettingsStore.h"
 
 #include <QFile>
 #include <QFileInfo>

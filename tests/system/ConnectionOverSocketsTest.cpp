@@ -1,11 +1,11 @@
 #include "EventLoop.h"
 #include "Loopback.h"
 #include "link/ServerConnection.h"
-#include "qt/FixedReachability.h"
-#include "qt/QtMainQueue.h"
-#include "qt/RedirectingStreamFactory.h"
-#include "qt/SocketStreamFactory.h"
-#include "qt/ThreadWorker.h"
+#include "system/FixedReachability.h"
+#include "system/QtMainQueue.h"
+#include "system/RedirectingStreamFactory.h"
+#include "system/SocketStreamFactory.h"
+#include "system/ThreadWorker.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Streams.h"
-#include "qt/HostPort.h"
+#include "system/HostPort.h"
 
 #include <utility>
 

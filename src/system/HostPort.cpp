@@ -1,6 +1,6 @@
-#include "qt/HostPort.h"
+#include "system/HostPort.h"
 
-#include "qt/SocketAddress.h"
+#include "system/SocketAddress.h"
 
 #include <charconv>
 #include <sys/socket.h>

@@ -1,4 +1,4 @@
-#include "qt/NetworkReachability.h"
+#include "system/NetworkReachability.h"
 
 #include <QNetworkInterface>
 

@@ -1,6 +1,6 @@
-#include "qt/HostPort.h"
-#include "qt/NetworkReachability.h"
-#include "qt/SocketAddress.h"
+#include "system/HostPort.h"
+#include "system/NetworkReachability.h"
+#include "system/SocketAddress.h"
 
 #include <gtest/gtest.h>
 

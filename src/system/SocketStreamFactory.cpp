@@ -1,6 +1,6 @@
-#include "qt/SocketStreamFactory.h"
+#include "system/SocketStreamFactory.h"
 
-#include "qt/SocketConnection.h"
+#include "system/SocketConnection.h"
 
 #include <memory>
 #include <span>

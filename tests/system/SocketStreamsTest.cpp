@@ -1,7 +1,7 @@
 #include "EventLoop.h"
 #include "Loopback.h"
-#include "qt/QtMainQueue.h"
-#include "qt/SocketStreamFactory.h"
+#include "system/QtMainQueue.h"
+#include "system/SocketStreamFactory.h"
 
 #include <QAbstractEventDispatcher>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/MainQueue.h"
-#include "qt/SocketAddress.h"
+#include "system/SocketAddress.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,8 +1,8 @@
 #include "EventLoop.h"
-#include "platform/SignalPipe.h"
-#include "qt/QtDescriptorWatcher.h"
-#include "qt/QtMainQueue.h"
-#include "qt/ThreadWorker.h"
+#include "system/QtDescriptorWatcher.h"
+#include "system/QtMainQueue.h"
+#include "system/SignalPipe.h"
+#include "system/ThreadWorker.h"
 
 #include <QAbstractEventDispatcher>
 #include <gtest/gtest.h>
@@ -152,10 +152,14 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
 TEST(SignalPipe, LeavesTheSecondSignalToTheSystem) {
     const auto child = ::fork();
     if (child == 0) {
-        SignalPipe signals({SIGTERM, SIGINT}, SignalPipe::Takes::First);
+        std::signal(SIGHUP, SIG_IGN); // as nohup does
+        SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
+        ::raise(SIGHUP);
         ::raise(SIGTERM);
-        if (signals.next() == SIGTERM)
+        if (signals.next() == SIGTERM && !signals.next()) {
+            ::raise(SIGHUP);
             ::raise(SIGINT);
+        }
         ::_exit(0);
     }
     int status = 0;

@@ -1,4 +1,4 @@
-#include "qt/QtDescriptorWatcher.h"
+#include "system/QtDescriptorWatcher.h"
 
 #include <QSocketNotifier>
 #include <QTimer>

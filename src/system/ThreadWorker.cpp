@@ -1,4 +1,4 @@
-#include "qt/ThreadWorker.h"
+#include "system/ThreadWorker.h"
 
 #include <system_error>
 #include <utility>

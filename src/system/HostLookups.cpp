@@ -1,4 +1,4 @@
-#include "qt/HostLookups.h"
+#include "system/HostLookups.h"
 
 #include <mutex>
 #include <system_error>

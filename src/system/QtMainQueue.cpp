@@ -1,4 +1,4 @@
-#include "qt/QtMainQueue.h"
+#include "system/QtMainQueue.h"
 
 #include <QThread>
 

@@ -2,8 +2,8 @@
 
 #include "platform/MainQueue.h"
 #include "platform/Streams.h"
-#include "qt/HostLookups.h"
-#include "qt/SocketAddress.h"
+#include "system/HostLookups.h"
+#include "system/SocketAddress.h"
 
 #include <QSocketNotifier>
 #include <QTimer>

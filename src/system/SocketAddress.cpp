@@ -1,4 +1,4 @@
-#include "qt/SocketAddress.h"
+#include "system/SocketAddress.h"
 
 #include <QString>
 #include <QUrl>

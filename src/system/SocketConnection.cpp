@@ -1,4 +1,4 @@
-#include "qt/SocketConnection.h"
+#include "system/SocketConnection.h"
 
 #include <algorithm>
 #include <cerrno>
