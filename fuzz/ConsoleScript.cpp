@@ -331,7 +331,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size > LONGEST_SCRIPT)
         return 0;
     Input input(data, size);
-    const auto kind = input.line();
+    const auto kind = input.until('\n');
     const bool json = !kind.starts_with("text");
     const bool slow = kind.ends_with(" slow");
     Program program(json, slow);
@@ -342,7 +342,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         script += std::exchange(piece, {});
     };
     while (!input.empty() && !program.exitStatus) {
-        const auto line = input.line();
+        const auto line = input.until('\n');
         if (line.starts_with('~')) {
             type();
             happen(program, line.substr(1));

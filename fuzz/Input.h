@@ -26,11 +26,11 @@ public:
     }
     /// A number from 0 to `count` - 1: the digit, where it is one below `count`.
     int number(int count) { return static_cast<std::uint8_t>(byte() - '0') % count; }
-    /// Up to the end of the line, which is taken too and left out.
-    std::string_view line() {
-        const auto line = bytes_.substr(0, bytes_.find('\n'));
-        take(line.size() + 1);
-        return line;
+    /// Up to the next `end`, which is taken too and left out.
+    std::string_view until(char end) {
+        const auto text = bytes_.substr(0, bytes_.find(end));
+        take(text.size() + 1);
+        return text;
     }
 
 private:

@@ -31,9 +31,7 @@ constexpr std::array<int, 5> QUERIES{0, 1, 4, 3, 2};
 constexpr int WITHOUT_SCREEN = 5;
 
 template <class Report>
-bool isRead(std::span<const ReportPattern<Report>> patterns, std::string_view text) {
-    static const ReportParser<Report> PARSER(patterns);
-    const auto parsed = PARSER.parse(text);
+bool isRead(const std::optional<Parsed<Report>>& parsed) {
     return parsed && parsed->unit == 1;
 }
 
@@ -41,9 +39,8 @@ void checkReport(std::string_view report) {
     check(report.size() > 2 && report.front() == '(' && report.find_first_of("()", 1) == report.size() - 1,
           "no whole report", report);
     const auto text = report.substr(1, report.size() - 2);
-    check(isRead(zones::reportPatterns(), text) || isRead(outputs::reportPatterns(), text) ||
-              isRead(groups::reportPatterns(), text) || isRead(overrides::reportPatterns(), text) ||
-              isRead(scenes::reportPatterns(), text),
+    check(isRead(zones::parse(text)) || isRead(outputs::parse(text)) || isRead(groups::parse(text)) ||
+              isRead(overrides::parse(text)) || isRead(scenes::parse(text)),
           "a report that the remote does not understand", report);
 }
 
