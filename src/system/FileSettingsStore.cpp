@@ -106,11 +106,8 @@ private:
 };
 
 /// JSON with the byte order marks inside it escaped: Qt's parser would drop those that begin a text.
-QByteArray withMarksEscaped(QByteArray json) {
-    constexpr qsizetype MARK_SIZE = 3;
-    for (qsizetype at = 1; (at = json.indexOf("\xEF\xBB\xBF", at)) >= 0;)
-        json.replace(at, MARK_SIZE, "\\ufeff");
-    return json;
+QByteArray withMarksEscaped(const QByteArray& json) {
+    return json.left(1) + json.mid(1).replace("\xEF\xBB\xBF", "\\ufeff");
 }
 
 } // namespace
