@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -102,7 +103,7 @@ TEST(Program, printsCommandsAndReportsWhenAsked) {
 TEST(Program, servesAndEndsWhoeverReadsItsOutput) {
     for (const bool gone : {false, true}) {
         int ends[2] = {-1, -1};
-        ASSERT_EQ(::pipe(ends), 0);
+        ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
         Program program(QStringLiteral("--verbose"), ends[1]);
         char buffer[100];
         const QByteArray ready(buffer, ::read(ends[0], buffer, sizeof buffer));
