@@ -1,5 +1,5 @@
-// Any bytes as the settings file: the store reads it, one setting changes and one goes; and the application starts on it.
-// The whole input is the file.
+// Any bytes as the settings file: the store reads it, one setting changes and one goes, and the application starts with
+// what was read. The whole input is the file.
 
 #include "Check.h"
 #include "ManualQueue.h"
@@ -7,6 +7,7 @@
 #include "ScriptedStreams.h"
 #include "app/Application.h"
 #include "app/Settings.h"
+#include "platform/MemorySettingsStore.h"
 #include "system/FileSettingsStore.h"
 
 #include <QByteArray>
@@ -23,6 +24,7 @@
 #include <stdlib.h>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace lumbra;
@@ -85,12 +87,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto before = parsed(bytes);
 
     ManualQueue queue;
-    std::vector<std::string> told;
-    const auto tell = [&](const std::string& sentence) { told.push_back(sentence); };
+    MemorySettingsStore stored;
     {
-        FileSettingsStore store(queue, PATH, tell);
+        std::vector<std::string> told;
+        FileSettingsStore store(queue, PATH, [&](const std::string& sentence) { told.push_back(sentence); });
         check(contents(before ? PATH : ASIDE) == bytes, "reading changed the file");
         check(told.size() == (before ? 0U : 1U), "not one sentence for a file that can't be read");
+        for (const auto& entry : SETTINGS)
+            if (auto value = store.value(entry.key))
+                stored.setValue(entry.key, std::move(*value));
         store.setValue(START_TAB_PREFERENCE, std::int64_t{7});
         store.remove(IP_ADDRESS_PREFERENCE);
     }
@@ -100,21 +105,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto after = contents(PATH);
     check(parsed(after) == wanted, "writing changed more than it should", after);
 
-    FOLDER.clear();
-    std::ofstream(PATH, std::ios::binary) << bytes;
-    FileSettingsStore store(queue, PATH, tell);
     ManualWorker worker;
     ScriptedStreamFactory streams;
     const Reachable reachability;
-    Application application({queue, worker, streams, reachability, store});
+    Application application({queue, worker, streams, reachability, stored});
     application.launch();
     worker.run();
     queue.runPosted();
     const auto unit = application.link().unit;
     check(unit >= 1 && unit <= 4, "no unit has this number", std::to_string(unit));
     application.terminate();
-    check(store.integer(UNIT_NUMBER_PREFERENCE) == unit &&
-              store.text(IP_ADDRESS_PREFERENCE) == streams.last().host,
+    check(stored.integer(UNIT_NUMBER_PREFERENCE) == unit &&
+              stored.text(IP_ADDRESS_PREFERENCE) == streams.last().host,
           "the link has other settings than are stored");
     return 0;
 }
