@@ -18,9 +18,9 @@ public:
     /// `house` outlives the writer.
     ReportWriter(int unit, const House& house) : unit_(unit), house_(house) {}
 
-    /// Each of these reports what differs between `told`, what clients were told last, and `now`. A volume
-    /// report also says "not muted", and a power-on report says that and moves the volume into the turn-on
-    /// range: so a volume follows a power-on, and "muted" follows a volume, wherever that is the truth.
+    /// These report what differs between `told`, what clients were told last, and `now`. To a client a volume
+    /// report also means "not muted", and a power-on report also moves the volume into the turn-on range. So
+    /// a power-on is followed by the volume, and a volume by "muted" if that is so.
     void zones(const Setting& told, const Setting& now);
     void outputs(const Setting& told, const Setting& now);
     void groups(const Setting& told, const Setting& now);

@@ -17,8 +17,8 @@ namespace {
 
 constexpr int FORMAT = 1;
 
-// `exchange` visits a record's parts in order. The writer and the reader below are the two visitors, so that
-// what is written and what is read can't drift apart.
+// `exchange` visits the parts of a record. Writing and reading are two visitors, so that both always have the
+// same parts.
 template <typename Visitor>
 void exchange(Visitor& v, Zone& zone) {
     v.number("volume", zone.volume, VOLUME);
@@ -220,7 +220,7 @@ bool StateFile::load(Memory& memory, QString& message) const {
 bool StateFile::save(const Memory& memory, QString& message) const {
     QSaveFile file(path_);
     const QByteArray json = toJson(memory);
-    // Buffered, a write that the disk takes only in part goes unnoticed, and the torn file is committed.
+    // Unbuffered, so that a write of which a full disk takes only a part is noticed before the commit.
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(json) == json.size() &&
         file.commit())
         return true;

@@ -44,7 +44,7 @@ struct Unit::Command {
     void (*run)(Unit&, const CommandPattern::Numbers&, Response&);
 };
 
-/// Each handler changes what was commanded, and forgets that the addressed value was told.
+/// Each handler changes the commanded value, and marks the addressed one as not told yet.
 struct Unit::Handlers {
     using Numbers = CommandPattern::Numbers;
 

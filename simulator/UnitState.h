@@ -28,8 +28,7 @@ constexpr Range FREQUENCY{1, 20000};
 constexpr Range INPUT{1, INPUTS};
 constexpr Range FLAG{0, 1};
 
-/// No value at all. It differs from every real value, so what stands as UNKNOWN among the values that the
-/// clients have been told is told again.
+/// No value. It differs from every real one: where the clients were last told UNKNOWN, the value is reported.
 constexpr int UNKNOWN = std::numeric_limits<int>::min();
 
 // Every value is an int, flags included, so that any of them can be UNKNOWN. Inputs count from 1, volumes and

@@ -4,19 +4,16 @@
 #include <unistd.h>
 
 /// While it lives, the process gets no further descriptor.
-class NoDescriptors {
-public:
+struct NoDescriptors {
     NoDescriptors() {
-        ::getrlimit(RLIMIT_NOFILE, &former_);
+        ::getrlimit(RLIMIT_NOFILE, &former);
         const int next = ::dup(STDIN_FILENO);
         ::close(next);
-        const rlimit none{static_cast<rlim_t>(next), former_.rlim_max};
+        const rlimit none{static_cast<rlim_t>(next), former.rlim_max};
         ::setrlimit(RLIMIT_NOFILE, &none);
     }
     NoDescriptors(const NoDescriptors&) = delete;
-    NoDescriptors& operator=(const NoDescriptors&) = delete;
-    ~NoDescriptors() { ::setrlimit(RLIMIT_NOFILE, &former_); }
+    ~NoDescriptors() { ::setrlimit(RLIMIT_NOFILE, &former); }
 
-private:
-    rlimit former_{};
+    rlimit former{};
 };

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -49,20 +50,24 @@ bool answers(const QByteArray& readyLine, const QByteArray& commands, const QByt
     return answer.contains(last);
 }
 
-TEST(Program, keepsItsStateFromRunToRun) {
+TEST(Program, keepsItsStateFromRunToRunAndPrintsWhatItDoes) {
     const QTemporaryDir directory;
     const QString file = directory.filePath(QStringLiteral("state"));
     const auto run = [&](const QByteArray& commands, const QByteArray& last, int signal) {
-        Program program(QStringLiteral("--unit 3 --state ") + file);
+        Program program(QStringLiteral("--verbose --unit 3 --state ") + file);
         const QByteArray ready = program.readyLine();
         EXPECT_TRUE(ready.startsWith("Simulated unit 3 listens on 127.0.0.1:")) << ready.toStdString();
         EXPECT_TRUE(answers(ready, commands, last)) << commands.toStdString();
         EXPECT_EQ(program.end(signal), 0);
-        return program.readAllStandardError();
+        return program.readAllStandardOutput() + program.readAllStandardError();
     };
-    EXPECT_EQ(run("[U3AO9A2][U3Z16V-7]", "(U3Z16V-7)", SIGTERM), "");
-    EXPECT_EQ(run("[U3Z15V-7][U3APPQ3]", "(U3AO9A1)", SIGHUP), "");
-    EXPECT_EQ(run("[U3APPQ0]", "(U3Z15V-7)", SIGINT), "");
+    const QByteArray printed = run("[U3Z1\x01][U3AO9A2][U3Z16V-7]", "(U3Z16V-7)", SIGTERM);
+    for (const char* const text :
+         {" ! connected\n", " > [U3Z1\\x01] refused\n", " > [U3Z16V-7]\n", " < (U3Z16V-7)\n",
+          "Commands: 2 carried out, 1 refused, 0 for other units\n"})
+        EXPECT_TRUE(printed.contains(text)) << text << printed.toStdString();
+    run("[U3Z15V-7][U3APPQ3]", "(U3AO9A1)", SIGHUP);
+    EXPECT_FALSE(run("[U3APPQ0]", "(U3Z15V-7)", SIGINT).contains("state"));
     EXPECT_TRUE(QFile::resize(file, 9));
     EXPECT_TRUE(run("[U3APPQ3]", "(U3AO9A0)", SIGTERM).contains("It is kept as"));
 }
@@ -88,21 +93,10 @@ TEST(Program, tellsWhatIsWrongInOneLine) {
     }
 }
 
-TEST(Program, printsCommandsAndReportsWhenAsked) {
-    Program program(QStringLiteral("--verbose"));
-    EXPECT_TRUE(answers(program.readyLine(), "[U1Z3\x01][U1Z3V-35]", "(U1O4V-35)"));
-    EXPECT_EQ(program.end(), 0);
-    const QByteArray output = program.readAllStandardOutput();
-    for (const char* const line :
-         {" ! connected\n", " > [U1Z3\\x01] refused\n", " > [U1Z3V-35]\n", " < (U1Z3V-35)\n",
-          " < (U1O4V-35)\n", "Commands: 1 carried out, 1 refused, 0 for other units\n"})
-        EXPECT_TRUE(output.contains(line)) << line << output.toStdString();
-}
-
 TEST(Program, servesAndEndsWhoeverReadsItsOutput) {
     for (const bool gone : {false, true}) {
         int ends[2] = {-1, -1};
-        ASSERT_EQ(::pipe(ends), 0);
+        ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
         Program program(QStringLiteral("--verbose"), ends[1]);
         char buffer[100];
         const QByteArray ready(buffer, ::read(ends[0], buffer, sizeof buffer));

@@ -18,7 +18,7 @@ TEST(StateFile, keepsAMemoryAndSetsAsideOnlyWhatHoldsNone) {
     const StateFile file(path);
     QString message;
     Unit unit;
-    for (const char* const body : {"Z3V-61", "O5B2P-7F317", "AO9A2", "Z1M1", "SP10SAVE", "G2P0"})
+    for (const char* const body : {"Z3V-61", "O5B2P-7F317", "AO9A2", "Z1M1", "SP10SAVE", "O5B2BYPASS"})
         unit.execute(body);
     const Memory good = unit.memory();
     unit.execute("Z3V-62");
