@@ -18,9 +18,13 @@ namespace lumbra::console {
 /// thread only.
 class CommandInterpreter {
 public:
-    /// `application` and `printer` outlive the interpreter. `resumed` is called, in a turn of its own, after
-    /// each wait has been answered.
-    CommandInterpreter(Application& application, Printer& printer, std::function<void()> resumed);
+    struct Delegate {
+        std::function<void()> resumed; ///< a wait has been answered; called in a turn of its own
+        std::function<void()>
+            terminated; ///< the application has terminated; nothing but the reply is still to come
+    };
+    /// `application` and `printer` outlive the interpreter.
+    CommandInterpreter(Application& application, Printer& printer, Delegate delegate);
 
     /// All commands, in the order in which they are listed.
     static std::span<const ConsoleCommand> commands();
@@ -69,7 +73,7 @@ private:
 
     Application& application_;
     Printer& printer_;
-    std::function<void()> resumed_;
+    Delegate delegate_;
     std::string command_; ///< the first word of the one being carried out
     std::optional<PendingWait> held_;
     bool hasFailed_ = false;
