@@ -63,7 +63,7 @@ void openStandardDescriptors() {
 constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
 constexpr std::size_t WINDOW_DESCRIPTORS = 48;
 constexpr std::size_t WINDOW_THREADS = 8;
-constexpr std::size_t WINDOW_ADDRESS_SPACE = std::size_t{256} << 20;
+constexpr std::size_t WINDOW_ADDRESS_SPACE = std::size_t{320} << 20;
 
 bool canOpen(std::size_t count) {
     std::vector<int> opened;
@@ -123,10 +123,10 @@ int runConsole(int& argc, char** argv, const Options& options) {
 }
 
 int runTouch(int& argc, char** argv, const Options& options) {
-    if (!canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS) || !canReserve(WINDOW_ADDRESS_SPACE)) {
-        complain(QStringLiteral(
-            "The system gives this program too few file descriptors or threads for a window; see "
-            "\"ulimit -n\" and \"ulimit -u\". --console needs fewer."));
+    if (!canReserve(WINDOW_ADDRESS_SPACE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
+        complain(
+            QStringLiteral("The system gives this program too little memory, or too few file descriptors or "
+                           "threads, for a window; see \"ulimit -a\". --console needs less."));
         return FAILURE;
     }
     QLibrary module(touchModulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));
