@@ -6,7 +6,7 @@ SwitchBase {
     id: root
 
     required property SwitchAdapter adapter
-    /// The item that it belongs to, for a screen reader; may be empty.
+    /// The name of the item, for screen readers; may be empty.
     property string where: ""
 
     text: adapter.caption
