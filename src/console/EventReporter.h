@@ -31,8 +31,8 @@ private:
     DescriptorOutput& output_;
     LinkState link_;
     const View* view_ = nullptr; ///< of the current screen
-    std::vector<std::size_t>
-        gathered_; ///< indices of changed items of the view, in the order of their first change
+    /// Indices of changed items of the view, in the order of their first change.
+    std::vector<std::size_t> gathered_;
     Subscription screens_;
     Subscription alerts_;
     Subscription links_;
