@@ -67,8 +67,7 @@ QString spokenName(const QString& where, std::string_view caption) {
     std::string lower(caption);
     if (!lower.empty())
         lower.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(lower.front())));
-    //: %1 is the name of an item (a zone, an output ...), %2 the caption of one of its controls: "Kitchen
-    //: volume"
+    //: %1 is the name of an item (a zone, an output ...), %2 a caption of its controls: "Kitchen volume"
     return QCoreApplication::translate("Sentence", "%1 %2").arg(where, translatedWords("Sentence", lower));
 }
 

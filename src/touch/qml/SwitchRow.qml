@@ -1,7 +1,7 @@
 import QtQuick
 import Lumbra.Touch
 
-/// A control of the kind switch with its caption.
+/// A switch with its caption.
 SwitchBase {
     id: root
 
