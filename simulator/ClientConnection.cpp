@@ -10,10 +10,10 @@ namespace lumbra::sim {
 
 namespace {
 
-/// Unread commands beyond this stay with the kernel, and so with the client.
+/// Commands beyond this size stay in the kernel, and so with the client.
 constexpr qint64 READ_BUFFER = 1 << 14;
-/// The kernel's buffer for a client: as small as a small device's, so that it soon shows if a client does not
-/// read.
+/// The size of the kernel's send buffer: as small as on a small device, so that a client that does not read
+/// is noticed early.
 constexpr int SEND_BUFFER = 1 << 16;
 
 std::string nameOf(const QTcpSocket& socket) {
@@ -38,7 +38,7 @@ ClientConnection::ClientConnection(QTcpSocket* socket, const Faults& faults, QOb
     delayTimer_.setTimerType(Qt::PreciseTimer);
     connect(&delayTimer_, &QTimer::timeout, this, &ClientConnection::releaseDelayed);
     connect(socket_, &QTcpSocket::readyRead, this, &ClientConnection::readCommands);
-    // Queued: both signals are also emitted from inside a write, and the slots may write.
+    // Queued, because both signals are also emitted inside a write, and the slots may write.
     connect(socket_, &QTcpSocket::bytesWritten, this, &ClientConnection::written, Qt::QueuedConnection);
     connect(
         socket_, &QTcpSocket::disconnected, this, [this] { drop(QStringLiteral("closed by the client")); },
@@ -96,7 +96,8 @@ void ClientConnection::pump() {
     if (pumping_ || phase_ != Phase::LIVE || socket_->state() != QAbstractSocket::ConnectedState)
         return;
     pumping_ = true;
-    // The next piece waits until the kernel has taken the last one, so that each is a segment of its own.
+    // Each piece is sent only after the kernel has taken the last one, so that it becomes a segment of its
+    // own.
     if (!outgoing_.isEmpty() && allowance() > 0 && (faults_.split == 0 || socket_->bytesToWrite() == 0)) {
         const qint64 most = faults_.split > 0 ? faults_.split : outgoing_.size();
         const qint64 count = std::min({most, static_cast<qint64>(outgoing_.size()), qint64(allowance())});
@@ -136,8 +137,8 @@ void ClientConnection::finish() {
         ::setsockopt(descriptor, SOL_SOCKET, SO_LINGER, &now, sizeof now);
         drop(QStringLiteral("reset, as told"));
     } else {
-        // Only our direction is closed: to close the socket while commands are unread would send RST. From
-        // here on they are read and thrown away.
+        // Only our direction is closed, because closing a socket with unread commands sends RST. From now on
+        // commands are read and discarded.
         phase_ = Phase::ENDED;
         ::shutdown(descriptor, SHUT_WR);
         delayTimer_.stop();

@@ -15,11 +15,11 @@
 
 namespace lumbra::sim {
 
-/// One client of the simulated unit: cuts what it sends into commands, and sends it reports under the faults
+/// A client of the simulated unit: splits what it sends into commands, and sends it reports under the faults
 /// that concern the bytes of a connection. Belongs to the thread of its event loop.
 ///
-/// Memory stays bounded: while BACKLOG_PAUSE bytes wait for the client, no more of its commands are read.
-/// Where the changes that others make bring it to more than BACKLOG_LIMIT, the client is dropped.
+/// Memory stays bounded: while BACKLOG_PAUSE bytes wait for the client, its commands are not read. A client
+/// is dropped once changes made by others raise that to more than BACKLOG_LIMIT.
 class ClientConnection : public QObject {
     Q_OBJECT
 
@@ -27,19 +27,19 @@ public:
     static constexpr std::int64_t BACKLOG_LIMIT = 1 << 20;
     static constexpr std::int64_t BACKLOG_PAUSE = 1 << 16;
 
-    /// Takes `socket` over. `faults` outlives the connection.
+    /// Takes ownership of `socket`. `faults` outlives the connection.
     ClientConnection(QTcpSocket* socket, const Faults& faults, QObject* parent);
 
     /// "address:port" of the client.
     const std::string& name() const { return name_; }
 
-    /// Queues bytes for the client; false if it is sent nothing (any more).
+    /// Queues bytes for the client. False if nothing is sent to it (any more).
     bool send(const std::string& bytes);
 
-    /// True once our side is closed and the client's is not yet.
+    /// True while our side is closed and the client's is not.
     bool hasEnded() const { return phase_ == Phase::ENDED; }
 
-    /// The bytes that wait for the client in this process.
+    /// The bytes that are queued in this process.
     std::int64_t backlog() const;
 
 Q_SIGNALS:
@@ -66,7 +66,7 @@ private:
     void releaseDelayed();
     void pump();
     void written();
-    /// Bytes that may still be sent before a reset or an end.
+    /// The bytes that may still be sent before a reset or an end.
     std::int64_t allowance() const;
     void finish();
     void drop(const QString& reason);

@@ -7,7 +7,7 @@ namespace lumbra::sim {
 
 namespace {
 
-/// Takes a number off the front of `text`.
+/// Removes a number from the start of `text` and returns it.
 std::optional<int> takeNumber(std::string_view& text) {
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -9,10 +9,10 @@
 
 namespace lumbra::sim {
 
-/// The form of a command's body: its text with "%" for each number, and the range of each number in turn.
+/// The pattern of a command's body: its text with "%" for each number, and the ranges of the numbers.
 ///
-/// Matching is strict, so that a client's slips show: the whole body, numbers in plain decimal ("-" allowed,
-/// no leading zeros, no "-0", no "+") and in range.
+/// Matching is strict, to expose mistakes of clients: the whole body must match, and numbers are plain
+/// decimal ("-" allowed, no leading zeros, no "-0", no "+") and in range.
 struct CommandPattern {
     static constexpr std::size_t MOST_NUMBERS = 4;
     using Numbers = std::array<int, MOST_NUMBERS>;
@@ -20,7 +20,7 @@ struct CommandPattern {
     std::string_view text;
     std::array<Range, MOST_NUMBERS> ranges;
 
-    /// The numbers of `body`, in order; nothing when it does not have this form.
+    /// Returns the numbers of `body` in order; nothing if it does not match.
     std::optional<Numbers> match(std::string_view body) const;
 };
 

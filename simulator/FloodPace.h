@@ -6,15 +6,15 @@
 
 namespace lumbra::sim {
 
-/// How many reports of a flood are due as time passes: `rate` a second on average. Time that a busy machine
-/// or a stopped program loses is not made up for.
+/// The number of reports of a flood that are due as time passes: `rate` a second on average. Time lost on a
+/// busy machine or in a stopped program is not made up for.
 class FloodPace {
 public:
     static constexpr std::chrono::milliseconds TICK{10};
 
     explicit FloodPace(std::int64_t rate) : rate_(rate) {}
 
-    /// The reports that are due, `passed` after the call before.
+    /// Returns how many reports are due. `passed` is the time since the last call.
     std::int64_t due(std::chrono::milliseconds passed) {
         thousandths_ += rate_ * std::min(passed, 2 * TICK).count();
         const std::int64_t count = thousandths_ / 1000;

@@ -8,7 +8,7 @@ namespace {
 
 const std::vector<int> IN_USE = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 
-/// Changes every zone of `setting`, with its outputs, to one input and volume.
+/// Sets the input and volume of every zone of `setting` and of its outputs.
 void playEverywhere(Setting& setting, int input, int volume) {
     for (Zone& zone : setting.zones) {
         zone.input = input;
@@ -162,7 +162,7 @@ House exampleHouse() {
         {"Kids & Den", {4, 7}},
         {"Annexe", {12, 13, 14, 15}},
     }};
-    // A later override is stronger than an earlier one: an evacuation is heard whatever else is on.
+    // A later override takes precedence over an earlier one: an evacuation is heard whatever else is on.
     house.overrides = {{
         {.zones = IN_USE, .volume_ceiling = -45},                             // night
         {.zones = IN_USE, .flat = true},                                      // flat sound

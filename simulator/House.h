@@ -10,19 +10,19 @@ namespace lumbra::sim {
 
 // Names are 1 to 16 characters of ISO 8859-1, one byte each, without round brackets and line breaks.
 
-/// An input as it is wired.
+/// An input.
 struct InputFacts {
     std::string name;
     int stereo;
 };
 
-/// A zone as the installer left it.
+/// A zone as configured by the installer.
 struct ZoneFacts {
     std::string name;
     int maximum_volume;
 };
 
-/// An output as the installer left it. The turn-on range lies within the maximum volume.
+/// An output as configured by the installer. The turn-on range is within the maximum volume.
 struct OutputFacts {
     std::string name;
     int zone; ///< 0-based
@@ -32,13 +32,13 @@ struct OutputFacts {
     int maximum_turn_on_volume;
 };
 
-/// A group and the zones that it leads (0-based).
+/// A group and the zones that it controls (0-based).
 struct GroupFacts {
     std::string name;
     std::vector<int> zones;
 };
 
-/// What an override holds while it is on, in its zones (0-based) and their outputs; UNKNOWN leaves a value
+/// What an override enforces in its zones (0-based) and their outputs while it is on. UNKNOWN leaves a value
 /// alone.
 struct OverrideFacts {
     std::vector<int> zones;
@@ -50,7 +50,7 @@ struct OverrideFacts {
     bool flat = false; ///< tone controls at zero, loudness off, every equaliser band bypassed
 };
 
-/// What a unit's installer decides: names, wiring and limits, and the memory it starts with.
+/// The configuration of a unit by its installer: names, wiring and limits, and the initial memory.
 struct House {
     std::array<InputFacts, INPUTS> inputs;
     std::array<ZoneFacts, ZONES> zones;
@@ -61,7 +61,7 @@ struct House {
     Memory memory;
 };
 
-/// The house that the simulated unit plays: twelve zones in use on sixteen outputs, four zones without any.
+/// The house of the simulated unit: twelve zones in use on sixteen outputs, and four zones without any.
 House exampleHouse();
 
 } // namespace lumbra::sim

@@ -12,14 +12,14 @@ namespace lumbra::sim {
 
 namespace {
 
-/// Gives up when nobody can read any more.
+/// Gives up once the reader is gone.
 void writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
         if (count >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (errno == EAGAIN) {
-            // Whoever started the program may have made the descriptor non-blocking.
+            // The parent process may have made the descriptor non-blocking.
             pollfd writable{descriptor, POLLOUT, 0};
             ::poll(&writable, 1, -1);
         } else if (errno != EINTR) {
@@ -30,7 +30,7 @@ void writeAll(int descriptor, std::string_view bytes) {
 
 } // namespace
 
-/// What the caller and the thread share; the thread may outlive the writer.
+/// The state shared by the caller and the thread. The thread may outlive the writer.
 struct LineWriter::Shared {
     explicit Shared(int output) : descriptor(output) {}
 
@@ -38,7 +38,7 @@ struct LineWriter::Shared {
     std::mutex mutex;
     std::condition_variable changed;
     std::string waiting;
-    std::size_t dropped = 0; ///< lines, after those that wait
+    std::size_t dropped = 0; ///< lines dropped after those that wait
     bool writing = false;
     bool ending = false;
 };
@@ -55,7 +55,8 @@ LineWriter::~LineWriter() {
 
 void LineWriter::write(const std::string& line) {
     const std::lock_guard lock(shared_->mutex);
-    // After a dropped line nothing waits until the thread has told of it: so its place is kept.
+    // After a dropped line nothing is queued until the thread has reported it, so that the report is in the
+    // right place.
     if (shared_->dropped > 0 || shared_->waiting.size() + line.size() >= MOST_WAITING) {
         ++shared_->dropped;
         return;

@@ -7,25 +7,25 @@
 
 namespace lumbra::sim {
 
-/// Writes lines to a descriptor on a thread of its own, so that no reader ever holds the caller up. Lines
-/// that a slow reader leaves no room for are dropped, and a line in their place tells how many; once the
-/// reader is gone, all are. One thread at a time calls it.
+/// Writes lines to a descriptor on a thread of its own, so that no reader holds up the caller. Lines for
+/// which a slow reader leaves no room are dropped, and a line in their place reports how many. Once the
+/// reader is gone, all are dropped. May be called by one thread at a time.
 class LineWriter {
 public:
-    /// Bytes that may wait for the reader.
+    /// The most bytes that wait for the reader.
     static constexpr std::size_t MOST_WAITING = std::size_t{1} << 20;
 
-    /// `descriptor` stays open as long as the program may be writing. Throws std::system_error where the
-    /// system gives no thread.
+    /// `descriptor` stays open for as long as the program may write. Throws std::system_error if the system
+    /// gives no thread.
     explicit LineWriter(int descriptor);
-    /// Does not wait for the reader: a write that hangs ends with the program.
+    /// Does not wait for the reader. A blocked write ends with the program.
     ~LineWriter();
     LineWriter(const LineWriter&) = delete;
     LineWriter& operator=(const LineWriter&) = delete;
 
     void write(const std::string& line);
 
-    /// Waits until everything is written; false if `patience` ran out first.
+    /// Waits until everything is written. False if that takes longer than `patience`.
     bool flush(std::chrono::milliseconds patience);
 
 private:

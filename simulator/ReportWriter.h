@@ -11,22 +11,22 @@
 
 namespace lumbra::sim {
 
-/// Puts a unit's state into reports, in the order in which a remote must hear them. Collects whole reports as
-/// they go over the wire, round brackets included.
+/// Writes the state of a unit as reports, in the order in which a remote must receive them. Collects whole
+/// reports as sent, parentheses included.
 class ReportWriter {
 public:
     /// `house` outlives the writer.
     ReportWriter(int unit, const House& house) : unit_(unit), house_(house) {}
 
-    /// These report what differs between `told`, what clients were told last, and `now`. To a client a volume
-    /// report also means "not muted", and a power-on report also moves the volume into the turn-on range. So
-    /// a power-on is followed by the volume, and a volume by "muted" if that is so.
+    /// These report the differences between `told`, which is what clients were told last, and `now`. To a
+    /// client a volume report also means "not muted", and a power-on report also moves the volume into the
+    /// turn-on range. So a power-on is followed by the volume, and a volume by "muted" if that is the case.
     void zones(const Setting& told, const Setting& now);
     void outputs(const Setting& told, const Setting& now);
     void groups(const Setting& told, const Setting& now);
     void overrides(const std::array<int, OVERRIDES>& told, const std::array<int, OVERRIDES>& now);
 
-    /// What the installer decided. Limits come before the volumes that must respect them.
+    /// The configuration by the installer. Limits come before the volumes that must respect them.
     void assignments();
     void inputs();
     void zoneFacts();
@@ -34,7 +34,7 @@ public:
     void groupNames();
     void sceneNames();
 
-    /// The mark that closes the answer to state query `query`.
+    /// The end mark of the answer to state query `query`.
     void endOfAnswer(int query);
 
     std::vector<std::string> take() { return std::move(reports_); }

@@ -60,7 +60,7 @@ void exchange(Visitor& v, Setting& setting) {
     v.list("groups", setting.groups);
 }
 
-/// An override's state is a bare number in the memory, a record in the file.
+/// An override's state is a bare number in memory and a record in the file.
 struct OverrideState {
     int on;
 };
@@ -148,7 +148,7 @@ private:
     QString& error_;
 };
 
-/// A name beside `path` that no file has.
+/// A file name in the folder of `path` that is not in use.
 QString freeNameBeside(const QString& path) {
     QString name = path + QStringLiteral(".bad");
     for (int number = 2; QFileInfo::exists(name); ++number)
@@ -220,7 +220,7 @@ bool StateFile::load(Memory& memory, QString& message) const {
 bool StateFile::save(const Memory& memory, QString& message) const {
     QSaveFile file(path_);
     const QByteArray json = toJson(memory);
-    // Unbuffered, so that a write of which a full disk takes only a part is noticed before the commit.
+    // Unbuffered, so that a partial write to a full disk is noticed before the commit.
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(json) == json.size() &&
         file.commit())
         return true;

@@ -24,7 +24,7 @@ auto& at(Items& items, int index) {
     return items[static_cast<std::size_t>(index)];
 }
 
-/// A setting of which nothing is known: compared with it, everything is news.
+/// A setting in which every value is UNKNOWN: compared with it, everything has changed.
 Setting unknownSetting() {
     constexpr Band NO_BAND{UNKNOWN, UNKNOWN, UNKNOWN};
     Setting setting;
@@ -38,13 +38,13 @@ Setting unknownSetting() {
 
 } // namespace
 
-/// A form of command, and what carries it out.
+/// A command pattern and its handler.
 struct Unit::Command {
     CommandPattern pattern;
     void (*run)(Unit&, const CommandPattern::Numbers&, Response&);
 };
 
-/// Each handler changes the commanded value, and marks the addressed one as not told yet.
+/// Each handler changes the commanded value and marks it as not reported yet.
 struct Unit::Handlers {
     using Numbers = CommandPattern::Numbers;
 
@@ -81,7 +81,7 @@ struct Unit::Handlers {
         at(unit.told_.setting.outputs, n[0] - 1).*FIELD = UNKNOWN;
     }
 
-    /// A value that the filter's command does not carry stays as it was.
+    /// A value that the command of the filter type lacks stays unchanged.
     template <Filter FILTER>
     static void band(Unit& unit, const Numbers& n, Response&) {
         Band& band = at(at(unit.memory_.setting.outputs, n[0] - 1).bands, n[1] - 1);

@@ -10,12 +10,13 @@
 
 namespace lumbra::sim {
 
-/// What a command leads to. Reports are whole, round brackets included, in the order in which they are sent.
+/// The response to a command. Reports are complete, parentheses included, in the order in which they are
+/// sent.
 struct Response {
     enum class To {
-        NOBODY,        ///< understood, nothing to say
+        NOBODY,        ///< accepted, no reports
         ASKER,         ///< the answer to a state query
-        EVERYBODY,     ///< changes, which every client is told
+        EVERYBODY,     ///< changes, which are sent to every client
         NOT_A_COMMAND, ///< malformed or out of range: the unit did nothing
     };
 
@@ -23,24 +24,25 @@ struct Response {
     std::vector<std::string> reports;
 };
 
-/// A whole unit, without any network: it carries out command bodies and tells what is reported.
+/// A complete unit without a network: it executes command bodies and returns the reports.
 ///
-/// A zone leads its outputs, and a group its zones: volume, input and mute are carried on, power reaches the
-/// outputs. A volume is held to the maximum of whatever takes it, and unmutes it. An output that a command
-/// turns on comes on unmuted, within its turn-on range. An override holds what it sets until it goes off;
-/// commands to what it holds are kept and show then. A scene stores and recalls everything but the overrides.
+/// A zone controls its outputs, and a group its zones: volume, input and mute are passed on, power only to
+/// the outputs. A volume is limited to the maximum of each zone and output that takes it, and unmutes it. An
+/// output that a command turns on is unmuted and within its turn-on range. An override enforces what it sets
+/// while it is on; commands to these values are stored and take effect afterwards. A scene stores and recalls
+/// everything but the overrides.
 ///
 /// Not thread-safe.
 class Unit {
 public:
     explicit Unit(int number = 1, House house = exampleHouse());
 
-    /// The digit that the unit answers to, 1 to 4.
+    /// The unit number, 1 to 4.
     int number() const { return number_; }
     const House& house() const { return house_; }
 
-    /// Carries out one command, given by its body ("Z3V-35"). What was addressed is always reported, changed
-    /// or not, so that a client whose command was held back learns the truth.
+    /// Executes one command, given by its body ("Z3V-35"). The value that the command addressed is always
+    /// reported, changed or not, so that a client whose command had no effect learns the actual value.
     Response execute(std::string_view body);
 
     /// The answer to state query 0 to 4, end mark last.
@@ -48,7 +50,7 @@ public:
 
     const Memory& memory() const { return memory_; }
 
-    /// Takes a memory over; volumes are held to this unit's limits. Clients are not told.
+    /// Replaces the memory; volumes are clamped to the limits of this unit. Clients are not told.
     void restore(const Memory& memory);
 
 private:
@@ -66,7 +68,7 @@ private:
     template <typename Visit>
     void eachOutputOf(int zone, Visit visit) const;
 
-    /// The setting in force: what was commanded, under the overrides that are on.
+    /// The setting in force: the commanded one, modified by the overrides that are on.
     Setting inForce() const;
     void apply(const OverrideFacts& facts, Setting& setting) const;
     std::vector<std::string> takeChanges();

@@ -12,9 +12,9 @@ namespace lumbra::sim {
 namespace {
 
 constexpr int QUERIES = 5;
-/// Reports that an unpaced flood puts together at a time.
+/// The number of reports that an unpaced flood writes at a time.
 constexpr std::int64_t FLOOD_BATCH = 1000;
-/// How long to wait before accepting again after it failed.
+/// The delay before accepting again after a failure.
 constexpr std::chrono::milliseconds ACCEPT_PAUSE{200};
 
 /// `text` with every byte but printable ASCII written as \xNN.
@@ -49,7 +49,7 @@ UnitServer::UnitServer(Unit unit, Faults faults, QObject* parent)
 bool UnitServer::listen(const QHostAddress& address, quint16 port) {
     if (!server_.listen(address, port))
         return false;
-    // Qt's server does not always tell that accepting failed: it may spin instead, or never accept again.
+    // QTcpServer does not always report that accepting failed: it may spin, or never accept again.
     server_.pauseAccepting();
     acceptable_ = std::make_unique<QSocketNotifier>(server_.socketDescriptor(), QSocketNotifier::Read);
     connect(acceptable_.get(), &QSocketNotifier::activated, this, &UnitServer::accept);
@@ -63,7 +63,8 @@ void UnitServer::accept() {
         welcome(descriptor);
         return;
     }
-    // Mostly for want of descriptors. The client still waits, so the notifier would come again at once.
+    // Usually because descriptors have run out. The client still waits, so the notifier would fire again at
+    // once.
     trace("listener", "!", std::string("can't accept: ") + std::strerror(errno));
     dropEnded();
     acceptable_->setEnabled(false);

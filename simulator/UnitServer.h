@@ -20,15 +20,14 @@
 
 namespace lumbra::sim {
 
-/// A simulated unit on the network: serves any number of clients up to MAX_CLIENTS, tells all of them every
-/// change, and answers a state query to the client that asked. Runs on the event loop of the thread that owns
-/// it.
+/// A simulated unit on the network: serves up to MAX_CLIENTS clients, sends every change to all of them, and
+/// answers a state query to the client that asked. Runs on the event loop of the thread that owns it.
 class UnitServer : public QObject {
     Q_OBJECT
 
 public:
-    /// One more takes the place of a client whose connection we have ended and that has not closed its side;
-    /// where there is none, it is turned away.
+    /// A further client replaces one whose connection we have ended and that has not closed its side. If
+    /// there is none, the new client is turned away.
     static constexpr std::size_t MAX_CLIENTS = 64;
 
     /// Commands received so far.
@@ -40,7 +39,7 @@ public:
 
     explicit UnitServer(Unit unit = Unit(), Faults faults = {}, QObject* parent = nullptr);
 
-    /// Starts to listen; port 0 lets the kernel choose. False when that fails: `errorString` says why.
+    /// Starts to listen; port 0 lets the kernel choose. False on failure; `errorString` then says why.
     bool listen(const QHostAddress& address = QHostAddress::LocalHost, quint16 port = 0);
     quint16 port() const { return server_.serverPort(); }
     QHostAddress address() const { return server_.serverAddress(); }
@@ -50,17 +49,19 @@ public:
     const Statistics& statistics() const { return statistics_; }
     std::size_t clientCount() const { return clients_.size(); }
 
-    /// Has `sink` told, a line of printable ASCII each, of clients, commands and reports.
+    /// Sets the function that receives the trace of clients, commands and reports, each as a line of
+    /// printable ASCII.
     void setTrace(std::function<void(const std::string&)> sink) { trace_ = std::move(sink); }
 
 Q_SIGNALS:
-    /// A command was carried out that may have changed what the unit keeps.
+    /// A command was executed that may have changed the memory.
     void changed();
 
 private:
     void accept();
     void welcome(int descriptor);
-    /// Drops the first client that we ended and that has not closed; false if there is none.
+    /// Drops the first client whose connection we have ended and that has not closed its side. False if there
+    /// is none.
     bool dropEnded();
     void execute(ClientConnection& client, const CommandReader::Command& command);
     void tell(const std::vector<ClientConnection*>& clients, const std::vector<std::string>& reports);
@@ -72,7 +73,7 @@ private:
 
     Unit unit_;
     const Faults faults_;
-    QTcpServer server_; ///< listens; `accept` is what accepts
+    QTcpServer server_; ///< only listens; `accept` accepts
     std::unique_ptr<QSocketNotifier> acceptable_;
     std::vector<ClientConnection*> clients_; // children
     Statistics statistics_;

@@ -28,7 +28,8 @@ constexpr Range FREQUENCY{1, 20000};
 constexpr Range INPUT{1, INPUTS};
 constexpr Range FLAG{0, 1};
 
-/// No value. It differs from every real one: where the clients were last told UNKNOWN, the value is reported.
+/// No value. It differs from every real one: a value that clients were last told as UNKNOWN is always
+/// reported.
 constexpr int UNKNOWN = std::numeric_limits<int>::min();
 
 // Every value is an int, flags included, so that any of them can be UNKNOWN. Inputs count from 1, volumes and
@@ -84,7 +85,7 @@ struct Setting {
     bool operator==(const Setting&) const = default;
 };
 
-/// What a unit keeps when it is switched off.
+/// The memory of a unit, which is kept while it is off.
 struct Memory {
     Setting setting;
     std::array<int, OVERRIDES> overrides{};

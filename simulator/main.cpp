@@ -28,7 +28,7 @@ constexpr int USAGE_ERROR = 2;
 constexpr int FAILURE = 1;
 constexpr int MOST = std::numeric_limits<int>::max();
 constexpr std::chrono::milliseconds SAVE_DELAY{200};
-/// How long the end waits for the reader of standard output.
+/// How long the program waits for the reader of standard output when it ends.
 constexpr std::chrono::milliseconds READER_PATIENCE{100};
 
 struct Settings {
@@ -44,7 +44,7 @@ void complain(const QString& sentence) {
     std::fprintf(stderr, "lumbra-unit-sim: %s\n", qPrintable(sentence));
 }
 
-/// An option that takes a whole number, and where the number goes.
+/// An option that takes an integer, and where the integer is stored.
 struct NumberOption {
     const char* name;
     const char* valueName;
@@ -102,7 +102,7 @@ const NumberOption NUMBER_OPTIONS[] = {
      [](Settings& s, int n) { s.faults.seed = static_cast<std::uint32_t>(n); }},
 };
 
-/// Reads the command line. On a usage error it says so in one line and gives nothing.
+/// Parses the command line. On a usage error prints one line and returns nothing.
 std::optional<Settings> readSettings(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -161,8 +161,7 @@ std::optional<Settings> readSettings(const QCoreApplication& application) {
     return settings;
 }
 
-/// Keeps a standard descriptor that was closed from being given to a socket, which would then be sent what is
-/// printed.
+/// Keeps a closed standard descriptor from being reused for a socket, which would then receive the output.
 void fillStandardDescriptors() {
     for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor)
         if (::fcntl(descriptor, F_GETFD) == -1)

@@ -11,7 +11,7 @@ namespace lumbra {
 
 namespace {
 
-/// A stored start tab may be any number; one that no tab bar can have selects nothing.
+/// A stored start tab may be any number. One that is out of range selects nothing.
 int startTab(const SettingsStore& settings) {
     const auto stored = settings.integer(START_TAB_PREFERENCE);
     return static_cast<int>(std::clamp<std::int64_t>(stored, -1, std::numeric_limits<int>::max()));

@@ -38,7 +38,7 @@ Application::Application(const Platform& platform)
 
 Application::~Application() {
     tabs_->serverConn()->closeConnection();
-    // The connection and the screen on show hold each other.
+    // The connection and the current screen own each other.
     tabs_->serverConn()->setDelegate(nullptr);
 }
 

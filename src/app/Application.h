@@ -15,7 +15,7 @@
 
 namespace lumbra {
 
-/// What the application runs on. Everything outlives the application.
+/// The platform that the application runs on. Everything outlives the application.
 struct Platform {
     MainQueue& queue;
     Worker& worker;
@@ -24,32 +24,33 @@ struct Platform {
     SettingsStore& settings;
 };
 
-/// The whole application behind its controls, put together for any front end. Main thread only.
+/// The whole application behind its controls, for any front end. Main thread only.
 ///
-/// A front end calls `launch` once, then shows `tabs().selectedViewController()->view()` and the alert of
-/// `alerts()`, moves controls through their `...ByUser` members, and passes on the platform's events in the
-/// platform's order.
+/// A front end calls `launch` once. From then on it shows `tabs().selectedViewController()->view()` and the
+/// alert of `alerts()`, operates controls through their `...ByUser` members, and forwards the platform's
+/// lifecycle events in order.
 class Application {
 public:
     explicit Application(const Platform& platform);
     ~Application();
 
-    /// Shapes the tabs, selects the start tab, shows its screen (which connects) and becomes active.
+    /// Builds the tabs, selects the start tab, shows its screen (which connects) and becomes active.
     void launch();
 
-    // The platform's events. On becoming active the delegate acts first, then the screen on show is notified.
+    // The platform's lifecycle events. On becoming active the delegate acts first, then the current screen is
+    // notified.
     void resignActive();
     void enterBackground();
     void enterForeground() {} // nothing depends on it
     void becomeActive();
-    /// The application is about to end; its settings are written.
+    /// The application is about to end: writes its settings.
     void terminate();
 
-    /// The screen on show runs its connect step again, and nothing else.
+    /// Runs the connect step of the current screen, and nothing else.
     void reconnect();
 
     NetworkTabController& tabs() { return *tabs_; }
-    /// The tabs as they are in normal or in advanced mode.
+    /// The tabs of normal or advanced mode.
     std::vector<std::shared_ptr<ViewController>> tabsInMode(bool advanced) const {
         return delegate_.tabsInMode(advanced);
     }

@@ -19,8 +19,8 @@ namespace {
 
 using Kind = Control::Kind;
 
-/// One control of the layout, or several alike: with a count of n, the names of n controls, and their captions if they
-/// have any, end in 1 to n.
+/// One control of the layout, or `count` of them: their names end in 1 to `count`, and so do their captions
+/// if they have any.
 struct Line {
     std::string_view name;
     std::string_view caption;

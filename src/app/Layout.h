@@ -7,9 +7,8 @@
 
 namespace lumbra {
 
-/// Builds the view of the screen of that name ("zone", "output", "group", "override" or "scene") from the
-/// stored layout: its controls in the order in which they are shown, with their captions, ranges and first
-/// values.
+/// Builds the view of a screen ("zone", "output", "group", "override" or "scene") from the stored layout: its
+/// controls in display order, with their captions, ranges and initial values. The screen must exist.
 std::shared_ptr<View> buildView(std::string_view screen);
 
 } // namespace lumbra

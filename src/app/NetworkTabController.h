@@ -9,24 +9,24 @@
 
 namespace lumbra {
 
-/// The root of the window: holds the screens as tabs, owns the one connection that they share, loads the stored link
-/// settings into it and stores the tab that a person selects. Main thread only.
+/// The root controller: holds the screens as tabs, owns the connection that they share, loads the stored link
+/// settings into it, and stores the tab that the user selects. Main thread only.
 class NetworkTabController final : public TabBarController, public LinkOwner {
 public:
-    /// Takes a fresh connection and loads the stored link settings into it. `settings` outlives the
-    /// controller.
+    /// Takes ownership of a new connection and loads the stored link settings into it. `settings` outlives
+    /// the controller.
     NetworkTabController(std::shared_ptr<ServerConnection> connection, SettingsStore& settings);
 
     std::shared_ptr<ServerConnection> serverConn() const override { return serverConn_; }
     bool appWasInBackground() const override { return appWasInBackground_; }
     void setAppWasInBackground(bool wasInBackground) { appWasInBackground_ = wasInBackground; }
 
-    /// The advanced-mode setting that the present tabs were built for.
+    /// The mode that the present tabs were built for.
     bool advancedMode() const { return advancedMode_; }
     void setAdvancedMode(bool advanced) { advancedMode_ = advanced; }
 
-    /// Takes the four stored link settings into the connection, all or none: where the address is absent or the unit
-    /// number is not 1 to 4, the connection's own values are stored instead.
+    /// Loads the four stored link settings into the connection, all or none. If the address is absent or the
+    /// unit number is not 1 to 4, the values of the connection are stored instead.
     void updateFromPreferences() override;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-// The keys of the six settings in the platform's store.
+// The keys of the six settings in the store.
 inline constexpr std::string_view IP_ADDRESS_PREFERENCE = "ip_address_preference";
 inline constexpr std::string_view UNIT_NUMBER_PREFERENCE = "unit_number_preference";
 inline constexpr std::string_view POLLING_PREFERENCE = "polling_preference";
@@ -20,7 +20,7 @@ inline constexpr std::string_view ADVANCED_MODE_PREFERENCE = "advanced_mode_pref
 inline constexpr std::int64_t MIN_UNIT_NUMBER = 1;
 inline constexpr std::int64_t MAX_UNIT_NUMBER = 4;
 
-/// One entry of the settings screen.
+/// An entry of the settings screen.
 struct SettingEntry {
     enum class Type : std::uint8_t { Text, Integer, Flag };
     std::string_view key;
@@ -38,7 +38,7 @@ inline constexpr std::array<SettingEntry, 6> SETTINGS{{
     {ADVANCED_MODE_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "Advanced mode")},
 }};
 
-/// The entry of that key; null where there is none.
+/// The entry with that key, or null.
 constexpr const SettingEntry* findSetting(std::string_view key) {
     for (const auto& entry : SETTINGS)
         if (entry.key == key)

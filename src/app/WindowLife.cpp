@@ -2,8 +2,8 @@
 
 namespace lumbra {
 
-void WindowLife::setWindow(Sight sight) {
-    window_ = sight;
+void WindowLife::setVisibility(Visibility visibility) {
+    visibility_ = visibility;
     settle();
 }
 
@@ -12,20 +12,20 @@ void WindowLife::setSettingsOpen(bool open) {
     settle();
 }
 
-WindowLife::Sight WindowLife::wanted() const {
-    return settingsOpen_ ? Sight::Hidden : window_;
+WindowLife::Visibility WindowLife::wanted() const {
+    return settingsOpen_ ? Visibility::Hidden : visibility_;
 }
 
 void WindowLife::settle() {
-    // One step at a time: an event may itself change what is wanted.
-    while (told_ != wanted()) {
-        if (told_ < wanted()) {
-            const bool leaving = told_ == Sight::Active;
-            told_ = leaving ? Sight::Inactive : Sight::Hidden;
+    // One step at a time, because an event may change the wanted visibility.
+    while (announced_ != wanted()) {
+        if (announced_ < wanted()) {
+            const bool leaving = announced_ == Visibility::Active;
+            announced_ = leaving ? Visibility::Inactive : Visibility::Hidden;
             leaving ? events_.resignActive() : events_.enterBackground();
         } else {
-            const bool waking = told_ == Sight::Hidden;
-            told_ = waking ? Sight::Inactive : Sight::Active;
+            const bool waking = announced_ == Visibility::Hidden;
+            announced_ = waking ? Visibility::Inactive : Visibility::Active;
             waking ? events_.enterForeground() : events_.becomeActive();
         }
     }

@@ -5,38 +5,38 @@
 
 namespace lumbra {
 
-/// Turns what becomes of a front end's window into the application's life events, each sent once a change,
-/// leaving and returning in the platform's order. Starts active. Main thread only.
+/// Maps the visibility of a front end's window to the application's lifecycle events. Each event is sent once
+/// a change, in the platform's order for leaving and returning. Starts active. Main thread only.
 class WindowLife {
 public:
-    /// Where the events go.
+    /// The receivers of the events.
     struct Events {
         std::function<void()> resignActive;
         std::function<void()> enterBackground;
         std::function<void()> enterForeground;
         std::function<void()> becomeActive;
     };
-    /// How far the window is from a person.
-    enum class Sight {
-        Active,   ///< in sight; on a desktop also without the focus
-        Inactive, ///< in sight under something of the system's, as only phones have it
+    /// How visible the window is.
+    enum class Visibility {
+        Active,   ///< visible; on a desktop also without the focus
+        Inactive, ///< covered by a system overlay; on phones only
         Hidden,   ///< hidden, minimised or suspended
     };
 
     explicit WindowLife(Events events) : events_(std::move(events)) {}
 
-    void setWindow(Sight sight);
-    /// The settings screen is outside the application: opening it is leaving.
+    void setVisibility(Visibility visibility);
+    /// The settings screen counts as outside the application: opening it hides the window.
     void setSettingsOpen(bool open);
 
 private:
-    Sight wanted() const;
+    Visibility wanted() const;
     void settle();
 
     Events events_;
-    Sight window_ = Sight::Active;
+    Visibility visibility_ = Visibility::Active;
     bool settingsOpen_ = false;
-    Sight told_ = Sight::Active;
+    Visibility announced_ = Visibility::Active;
 };
 
 } // namespace lumbra

@@ -45,7 +45,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How long a wait takes at most unless the command says otherwise.
+/// The time limit of a wait unless the command gives one.
 constexpr std::optional<std::chrono::nanoseconds> LONGEST_ANSWER = 5s;
 
 /// "one", "one and two", "one, two and three".
@@ -66,7 +66,7 @@ std::string withArticle(std::string_view noun) {
            std::string(noun);
 }
 
-/// Picks one of the `count` things called `what` by the position in `text`.
+/// Selects one of the `count` things called `what` by the position in `text`.
 template <class Move>
 Outcome choose(const std::string& control, std::string_view what, const std::string& text, std::size_t count,
                Move moveTo) {
@@ -177,7 +177,7 @@ Outcome CommandInterpreter::tab(Arguments arguments) {
 
 template <class Type, class Move>
 Outcome CommandInterpreter::move(const std::string& name, Move moveControl) {
-    // An action may change the tabs, which must not end the control under it.
+    // An action may change the tabs, which must not destroy the control while it runs.
     const auto control = screen().find(name);
     if (!control)
         return Failed{name + ": no such control on the " + screen().name() + " screen"};

@@ -14,34 +14,35 @@
 
 namespace lumbra::console {
 
-/// Carries out the console's commands, one after another, and answers each with exactly one reply. Main
-/// thread only.
+/// Executes the console's commands one after another and gives each exactly one reply. Main thread only.
 class CommandInterpreter {
 public:
     struct Delegate {
-        std::function<void()> resumed; ///< a wait has been answered; called in a turn of its own
-        std::function<void()>
-            terminated; ///< the application has terminated; nothing but the reply is still to come
+        /// A wait has been answered. Called in a turn of its own.
+        std::function<void()> resumed;
+        /// The application has terminated. Only the reply to the last command is still to come.
+        std::function<void()> terminated;
     };
     /// `application` and `printer` outlive the interpreter.
     CommandInterpreter(Application& application, Printer& printer, Delegate delegate);
 
-    /// All commands, in the order in which they are listed.
+    /// All commands, in the order of the help.
     static std::span<const ConsoleCommand> commands();
-    /// The command of that name; null where there is none.
+    /// The command with that name, or null.
     static const ConsoleCommand* find(std::string_view name);
 
-    /// Carries out one line; an empty one or a comment is nothing. Not while `isHeld` or once `hasQuit`.
+    /// Executes one line. Empty lines and comments do nothing. Must not be called while `isHeld` or after
+    /// `hasQuit`.
     void execute(const Line& line);
 
-    /// A wait holds back the commands behind it.
+    /// A wait is pending: the next command must wait.
     bool isHeld() const { return held_.has_value(); }
-    /// A command was answered with an error.
+    /// A command has failed.
     bool hasFailed() const { return hasFailed_; }
     /// The application has terminated.
     bool hasQuit() const { return hasQuit_; }
 
-    /// Terminates the application, once.
+    /// Terminates the application, unless that has been done.
     void terminate();
 
 private:
@@ -64,7 +65,8 @@ private:
     Outcome wait(Arguments arguments);
     Outcome quit(Arguments arguments);
 
-    /// Finds the control on the screen on show and, if it is of that type and enabled, moves it.
+    /// Finds the control on the current screen and, if it is of that type and enabled, calls `moveControl`
+    /// with it.
     template <class Type, class Move>
     Outcome move(const std::string& name, Move moveControl);
 
@@ -74,7 +76,7 @@ private:
     Application& application_;
     Printer& printer_;
     Delegate delegate_;
-    std::string command_; ///< the first word of the one being carried out
+    std::string command_; ///< the name of the command that is executing
     std::optional<PendingWait> held_;
     bool hasFailed_ = false;
     bool hasQuit_ = false;

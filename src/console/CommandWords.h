@@ -8,7 +8,7 @@
 
 namespace lumbra::console {
 
-// The fixed words that arguments may be: the commands read them, completion offers them.
+// The keywords of arguments. The commands parse them, completion offers them.
 
 constexpr std::array<std::string_view, 3> SWITCH_POSITIONS{"on", "off", "toggle"};
 constexpr std::array<std::string_view, 3> AWAITED{"answer", "open", "closed"};

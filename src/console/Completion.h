@@ -8,8 +8,7 @@
 
 namespace lumbra::console {
 
-/// The words that may stand where `line` ends, each of which begins with the word that `line` ends with. Main thread
-/// only.
+/// The possible completions of the last word of `line`: whole words that begin with it. Main thread only.
 std::vector<std::string> completions(Application& application, std::string_view line);
 
 } // namespace lumbra::console

@@ -12,7 +12,7 @@ namespace lumbra::console {
 
 class CommandInterpreter;
 
-/// What a word of a command stands for, so that it can be completed.
+/// What an argument stands for, for completion.
 enum class Argument : std::uint8_t {
     Nothing,
     Tab,
@@ -29,25 +29,25 @@ enum class Argument : std::uint8_t {
     Number,
 };
 
-/// The command was carried out.
+/// The command succeeded.
 struct Done {};
-/// The command was refused, or what it waited for did not happen.
+/// The command was refused, or a wait timed out.
 struct Failed {
-    std::string error; ///< a sentence a person can act on
+    std::string error; ///< a sentence for the user
 };
-/// The reply is printed already.
+/// The reply has been printed.
 struct Answered {};
-/// The reply comes later.
+/// The reply follows later.
 struct Held {};
 /// The result of a command.
 using Outcome = std::variant<Done, Failed, Answered, Held>;
 
-/// All that the console knows of a command: its name, its arguments and the function that carries it out.
+/// The definition of a command: its name, its arguments and its function.
 struct ConsoleCommand {
     std::string_view usage; ///< name and arguments, as help shows them
     std::string_view help;
-    std::size_t fewest; ///< number of arguments
-    std::size_t most;
+    std::size_t fewest; ///< the smallest number of arguments
+    std::size_t most;   ///< the largest
     std::array<Argument, 2> kinds;
     Outcome (CommandInterpreter::*run)(std::span<const std::string> arguments);
 

@@ -19,7 +19,7 @@ using namespace console;
 
 namespace {
 
-// Commands of one turn of the main loop: a flood of them leaves room for the unit.
+// The most commands of one turn of the main loop, so that many commands leave time for the unit.
 constexpr int COMMANDS_A_TURN = 16;
 constexpr std::chrono::milliseconds FULL_OUTPUT_PAUSE{2};
 
@@ -87,7 +87,7 @@ void ConsoleFrontEnd::readInput() {
 }
 
 void ConsoleFrontEnd::readWindowSignals() {
-    std::array<char, 64> bytes; // NOLINT(cppcoreguidelines-pro-type-member-init): what they are is no matter
+    std::array<char, 64> bytes; // NOLINT(cppcoreguidelines-pro-type-member-init): the content is ignored
     while (::read(options_.windowSignals, bytes.data(), bytes.size()) > 0) {
     }
     editor_->windowChanged();
@@ -106,7 +106,7 @@ std::optional<Line> ConsoleFrontEnd::nextLine() {
 void ConsoleFrontEnd::pump() {
     if (ended_)
         return;
-    // While commands wait the input does too, so that they are all that is kept of it.
+    // While commands wait, no more input is read, so that memory stays bounded.
     inputWatch_->setEnabled(false);
     for (int count = 0; !interpreter_.isHeld(); ++count) {
         if (count == COMMANDS_A_TURN || output_.isFull()) {

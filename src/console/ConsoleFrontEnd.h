@@ -16,16 +16,17 @@
 
 namespace lumbra {
 
-/// The descriptors stay the caller's and outlive the front end.
+/// The caller owns the descriptors, which outlive the front end.
 struct ConsoleOptions {
-    bool json = false; ///< for programs, not people
+    bool json = false; ///< JSON Lines instead of text
     int input = 0;
     int output = 1;
     int endSignals = -1;    ///< readable once the program should end; -1: never
     int windowSignals = -1; ///< non-blocking, readable once the terminal's window has changed; -1: never
 };
 
-/// The console: shows the application's controls as text and moves them by commands. Main thread only.
+/// The console front end: shows the application's controls as text and operates them by commands. Main thread
+/// only.
 class ConsoleFrontEnd {
 public:
     /// `quit` is called once, with the program's exit status, when the application has terminated. The

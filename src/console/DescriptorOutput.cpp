@@ -12,7 +12,7 @@ namespace lumbra::console {
 
 namespace {
 
-// How often a reader that is behind is offered the rest.
+// How often a reader that is behind is tried again.
 constexpr std::chrono::milliseconds OFFER_INTERVAL{5};
 
 } // namespace

@@ -10,32 +10,32 @@
 
 namespace lumbra::console {
 
-/// Writes to a descriptor at the end of each turn of the main loop, as much as its reader takes. Nothing but `finish`
-/// waits for the reader: who prints much asks `isBehind` and `isFull` first. Where nobody can read any more, all
-/// further output is dropped. Main thread only.
+/// Writes to a descriptor at the end of each turn of the main loop, as much as the reader takes. Only
+/// `finish` waits for the reader; a caller with much output checks `isBehind` and `isFull` first. Once the
+/// reader is gone, all output is dropped. Main thread only.
 class DescriptorOutput {
 public:
-    /// From this many pending bytes on a write does not wait for the end of the turn.
+    /// With this many pending bytes a write does not wait for the end of the turn.
     static constexpr std::size_t FLUSH_SIZE = std::size_t{1} << 14;
-    /// The pending bytes at which commands wait for the reader.
+    /// With this many pending bytes commands wait for the reader.
     static constexpr std::size_t FULL_SIZE = std::size_t{1} << 20;
 
-    /// `descriptor` stays the caller's. `finish` gives up once `interrupt` can be read. `around` is called before (true)
-    /// and after (false) each piece of output; it may be null.
+    /// The caller owns `descriptor`. `finish` gives up once `interrupt` is readable. `around` is called
+    /// before (true) and after (false) each piece of output; it may be null.
     DescriptorOutput(int descriptor, int interrupt, MainQueue& queue, std::function<void(bool)> around);
 
-    /// Prints one or more whole lines, each with its end.
+    /// Writes one or more complete lines, with their line ends.
     void write(std::string_view lines);
-    /// Writes what the reader takes now.
+    /// Writes as much as the reader takes now.
     void flush();
-    /// Writes everything, however long the reader takes, unless interrupted.
+    /// Writes everything, waiting for the reader unless interrupted.
     void finish();
 
-    /// The reader has not taken all that it was offered.
+    /// The reader has not taken everything yet.
     bool isBehind() const { return behind_; }
-    /// So much waits for the reader that commands should, too.
+    /// So many bytes are pending that commands should wait.
     bool isFull() const { return pending_.size() - written_ >= FULL_SIZE; }
-    /// Has `caughtUp` called each time the reader has taken everything after it was behind.
+    /// Sets the function that is called each time the reader has caught up after being behind.
     void onCaughtUp(std::function<void()> caughtUp) { caughtUp_ = std::move(caughtUp); }
 
 private:
@@ -49,7 +49,7 @@ private:
     std::function<void(bool)> around_;
     std::function<void()> caughtUp_;
     std::string pending_;
-    std::size_t written_ = 0; ///< of pending
+    std::size_t written_ = 0; ///< the bytes of `pending_` that are written
     bool behind_ = false;
     bool scheduled_ = false;
     bool closed_ = false;

@@ -16,7 +16,7 @@ EventReporter::EventReporter(Application& application, Printer& printer, Descrip
               printer_.alertAskedFor(*alert);
       })),
       links_(application.link().onLinkChange([this] {
-          // The address changes too, which is no event.
+          // This is also called when the address changes, which is no event.
           if (const auto link = application_.link().linkState(); link != link_)
               printer_.linkChanged(link_ = link);
       })) {

@@ -10,15 +10,16 @@
 
 namespace lumbra::console {
 
-/// Prints what happens in the application for as long as it lives: the screen on show, visible changes of its controls,
-/// alerts and the link. While the output's reader is behind, changes of controls are gathered, and the newest state of
-/// each follows once the reader has caught up. Main thread only.
+/// Prints the events of the application: the current screen, visible changes of its controls, alerts and the
+/// link. While the reader of the output is behind, changes of controls are collected; once it has caught up,
+/// the latest state of each follows. Main thread only.
 class EventReporter {
 public:
-    /// Made before the application is launched, so that it misses nothing. All three outlive the reporter.
+    /// Create it before the application is launched, so that it misses no event. All three outlive the
+    /// reporter.
     EventReporter(Application& application, Printer& printer, DescriptorOutput& output);
 
-    /// Prints what is gathered, whatever the reader does.
+    /// Prints the collected changes, even if the reader is behind.
     void printGathered();
 
 private:
@@ -29,9 +30,9 @@ private:
     Printer& printer_;
     DescriptorOutput& output_;
     LinkState link_;
-    const View* view_ = nullptr; ///< the one on show
-    std::vector<std::size_t>
-        gathered_; ///< indices of its items, each once, in the order of their first change
+    const View* view_ = nullptr; ///< of the current screen
+    /// Indices of changed items of the view, in the order of their first change.
+    std::vector<std::size_t> gathered_;
     Subscription screens_;
     Subscription alerts_;
     Subscription links_;

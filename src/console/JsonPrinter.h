@@ -5,7 +5,7 @@
 
 namespace lumbra::console {
 
-/// Replies and events for programs: JSON Lines, one object a line, UTF-8.
+/// Prints replies and events for programs: JSON Lines, one object a line, in UTF-8.
 class JsonPrinter final : public Printer {
 public:
     /// `output` outlives the printer.

@@ -10,19 +10,19 @@ namespace lumbra::console {
 /// One line of the input, without its end.
 struct Line {
     std::string text;
-    bool tooLong = false; ///< `text` is only its beginning
+    bool tooLong = false; ///< `text` is only the beginning
 };
 
-/// Cuts bytes into lines. A line ends with LF or CR LF, the last one also with the end of the input. Of a
-/// line that is too long only the beginning is kept.
+/// Splits bytes into lines. A line ends with LF or CR LF, the last one also at the end of the input. Only the
+/// beginning of a line longer than MAX_LINE bytes is kept.
 class LineBuffer {
 public:
     static constexpr std::size_t MAX_LINE = 65536;
 
     void append(std::string_view bytes);
-    /// No more bytes will come: what remains is a line.
+    /// Ends the input: what remains is the last line.
     void end();
-    /// The next line, if a whole one is there.
+    /// Returns and removes the next complete line, if any.
     std::optional<Line> next();
 
 private:

@@ -17,11 +17,11 @@ namespace lumbra::console {
 
 namespace {
 
-// The terminal library calls plain functions.
+// The terminal library takes plain functions.
 LineEditor* editor = nullptr;
 std::vector<std::string> offered;
 
-/// How many columns the library takes to show `text`, which is in the locale's encoding.
+/// The number of columns that the library uses to show `text`, which is in the encoding of the locale.
 std::size_t columnsOf(std::string_view text) {
     std::size_t columns = 0;
     std::mbstate_t state{};
@@ -57,7 +57,7 @@ LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
     assert(!editor);
     editor = this;
     rl_readline_name = "lumbra-remote";
-    // Signals are the main loop's.
+    // Signals are handled by the main loop.
     rl_catch_signals = 0;
     rl_completer_word_break_characters = const_cast<char*>(" \t");
     rl_basic_word_break_characters = " \t";
@@ -89,7 +89,7 @@ void LineEditor::prompt(std::string text) {
 
 void LineEditor::readKeys() {
     pollfd terminal{STDIN_FILENO, POLLIN, 0};
-    // The library says nothing of a terminal that has gone.
+    // The library does not report a terminal that is gone.
     if (::poll(&terminal, 1, 0) == 1 && (terminal.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
         prompting_ = false;
         rl_callback_handler_remove();
@@ -137,7 +137,7 @@ void LineEditor::windowChanged() {
     hide();
     rl_resize_terminal();
     if (prompting_) {
-        // The shell has put its own settings in place while the program was stopped.
+        // The shell changed the settings of the terminal while the program was stopped.
         rl_deprep_terminal();
         rl_prep_terminal(1);
     }

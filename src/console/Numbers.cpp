@@ -11,7 +11,7 @@ namespace lumbra::console {
 
 namespace {
 
-/// Reads the whole of `text`, which may begin with a plus sign.
+/// Parses all of `text`, which may begin with a plus sign.
 template <class Number>
 std::errc read(std::string_view text, Number& number) {
     if (text.size() > 1 && text[0] == '+' && text[1] != '-')

@@ -21,8 +21,8 @@ void PendingWait::check() {
     if (isMet_ || !condition_.isMet())
         return;
     isMet_ = true;
-    // What the application has posted by now, such as the query of a link that has just opened, comes before the next
-    // command.
+    // Work that the application has posted by now runs before the next command, such as the query of a link
+    // that has just opened.
     queue_.post(whileAlive(&PendingWait::endWell));
 }
 

@@ -10,24 +10,24 @@
 
 namespace lumbra::console {
 
-/// One `wait` command from its start to its outcome. Destroying it calls it off: nothing that it observes or has
-/// posted reaches it afterwards. Main thread only.
+/// A `wait` command from its start to its outcome. Destroying it cancels it: no observer or posted work of it
+/// runs afterwards. Main thread only.
 class PendingWait {
 public:
-    /// What is waited for besides time.
+    /// What the wait is for, besides time.
     struct Condition {
         std::function<bool()> isMet;
-        /// Calls its argument whenever `isMet` may have changed, for as long as the subscription lives.
+        /// Calls its argument whenever `isMet` may have changed, while the subscription lives.
         std::function<Subscription(std::function<void()>)> observe;
-        /// Says why the wait failed, at its deadline.
+        /// The error message if the time is up.
         std::function<std::string()> explain;
     };
-    /// Receives the outcome, once, in a turn of its own. May destroy the wait.
+    /// Receives the outcome, once, in a turn of its own. It may destroy the wait.
     using Ended = std::function<void(const Outcome&)>;
 
-    /// Lets `time` pass. `queue` outlives the wait.
+    /// Waits for `time` and succeeds. `queue` outlives the wait.
     PendingWait(MainQueue& queue, std::chrono::nanoseconds time, Ended ended);
-    /// Waits until the condition is met; fails after `longest`.
+    /// Waits until the condition is met, or fails after `longest`. `queue` outlives the wait.
     PendingWait(MainQueue& queue, std::chrono::nanoseconds longest, Condition condition, Ended ended);
 
 private:

@@ -15,22 +15,23 @@ namespace lumbra::console {
 
 struct ConsoleCommand;
 
-/// A stored setting, or its absence.
+/// A setting, which may be absent.
 struct StoredSetting {
     std::string_view key;
     std::optional<SettingValue> value;
 };
 
-/// Prints the console's replies and events: one implementation for programs, one for people. Main thread only.
+/// Prints the console's replies and events. There is one implementation for programs and one for people. Main
+/// thread only.
 class Printer {
 public:
     virtual ~Printer() = default;
 
-    // Replies; `command` is the command's first word.
+    // Replies. `command` is the name of the command.
     virtual void done(std::string_view command) = 0;
-    /// `error` is a sentence a person can act on.
+    /// `error` is a sentence for the user.
     virtual void failed(std::string_view command, std::string_view error) = 0;
-    /// `alert` is the one on show, if any.
+    /// `alert` is the alert that is shown, if any.
     virtual void state(std::string_view command, const TabBarController& tabs,
                        const std::optional<Alert>& alert, LinkState link) = 0;
     virtual void settings(std::string_view command, std::span<const StoredSetting> settings) = 0;
@@ -43,7 +44,6 @@ public:
     virtual void linkChanged(LinkState link) = 0;
 };
 
-/// "closed", "opening" or "open".
 constexpr std::string_view nameOf(LinkState link) {
     switch (link) {
     case LinkState::Closed:

@@ -16,7 +16,7 @@ namespace lumbra::console {
 
 namespace {
 
-/// Lines of cells, each column as wide as its widest cell.
+/// A table, each column as wide as its widest cell.
 template <std::size_t COLUMNS>
 class Table {
 public:
@@ -73,7 +73,7 @@ struct Shown {
     std::string state;
 };
 
-/// A control in words; of rows and segments all, or only the selected one.
+/// A control as text. Of rows and segments all are listed, or only the selected one.
 Shown shownBy(const Control& control, bool all) {
     const auto list = all ? choices : choice;
     auto shown = visit(
@@ -177,7 +177,8 @@ void TextPrinter::screenChanged(const TabBarController& tabs) {
 }
 
 void TextPrinter::controlChanged(const View&, const View::Item& item) {
-    // An answer of the unit changes row by row what is one short line here: once is enough.
+    // An answer of the unit may change a picker row by row. The short line is the same each time and is
+    // printed once.
     auto line = item.name + ": " + shownBy(*item.control, false).state + "\n";
     if (line == lastChange_)
         return;

@@ -7,8 +7,8 @@
 
 namespace lumbra::console {
 
-/// Replies and events for people: tables and short lines. Text that comes from the unit can't reach into the
-/// terminal.
+/// Prints replies and events for people: tables and short lines. Text from the unit is escaped, so it cannot
+/// control the terminal.
 class TextPrinter final : public Printer {
 public:
     /// `output` outlives the printer.
@@ -28,7 +28,7 @@ public:
 
 private:
     DescriptorOutput& output_;
-    std::string lastChange_; ///< the last line of a control
+    std::string lastChange_; ///< the last line about a control
 };
 
 } // namespace lumbra::console

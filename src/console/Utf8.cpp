@@ -13,8 +13,7 @@ namespace {
 
 constexpr std::string_view REPLACEMENT = "\xEF\xBF\xBD";
 
-/// Calls `character(code point, its bytes)` for each character and `broken()` for each byte that is not
-/// UTF-8.
+/// Calls `character(code point, its bytes)` for each character and `broken()` for each invalid byte.
 template <class Character, class Broken>
 void decode(std::string_view text, Character character, Broken broken) {
     while (!text.empty()) {

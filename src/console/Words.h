@@ -6,14 +6,14 @@
 
 namespace lumbra::console {
 
-/// The words of a command line. With an error, `words` are those in front of it; the first is always there.
+/// The words of a command line. If there is an error, the last word is the one that has it.
 struct Words {
     std::vector<std::string> words;
-    std::string error; ///< a sentence; empty where there is none
+    std::string error; ///< a sentence; empty on success
 };
 
-/// Splits `line` (UTF-8) at its blanks. A word in double quotes may hold blanks or be empty; inside the quotes `\"` and
-/// `\\` stand for the second character.
+/// Splits `line` (UTF-8) at blanks. A word in double quotes may contain blanks or be empty; inside the quotes
+/// `\"` is a quote and `\\` a backslash.
 Words splitWords(std::string_view line);
 
 } // namespace lumbra::console

@@ -16,20 +16,20 @@
 
 namespace lumbra {
 
-/// What the link cycle needs of whoever owns the connection. Main thread.
+/// What the link cycle needs from the owner of the connection. Main thread.
 class LinkOwner {
 public:
     virtual std::shared_ptr<ServerConnection> serverConn() const = 0;
-    /// The application has been in the background since it was launched.
+    /// True if the application has been in the background since its launch.
     virtual bool appWasInBackground() const = 0;
-    /// Reads the link settings again.
+    /// Reloads the link settings.
     virtual void updateFromPreferences() = 0;
 
 protected:
     ~LinkOwner() = default;
 };
 
-/// What a screen needs around it. Everything outlives the screen.
+/// The surroundings of a screen. Everything outlives the screen.
 struct ScreenContext {
     MainQueue& queue;
     Worker& worker;
@@ -38,8 +38,9 @@ struct ScreenContext {
     LinkOwner& owner;
 };
 
-/// The cycle that every screen runs over the one connection: attach, connect, announce, query, receive,
-/// report a failure. A screen adds its query number, its controls and what its reports do. Main thread only.
+/// The link cycle that every screen runs over the shared connection: become its delegate, connect, announce
+/// the serial flag, query the state, receive reports, show a failure. A derived screen adds its query number,
+/// its controls and the handling of its reports. Main thread only.
 class ScreenViewController : public ViewController, public ServerConnectionDelegate {
 public:
     ScreenViewController(const ScreenContext& context, std::shared_ptr<View> view, int queryNumber);
@@ -48,34 +49,35 @@ public:
     void viewWillAppear() override;
     void viewWillDisappear() override;
 
-    /// The application has become active while this screen is on show.
+    /// Called when the application becomes active while this screen is the current one.
     void applicationDidBecomeActive();
     void displayConnectionError() override;
-    /// Makes this screen the connection's delegate, then queries the unit if the link is open or else
-    /// connects.
+    /// Makes this screen the connection's delegate. Then queries the unit if the link is open, else connects.
     void connectServer();
     void serverConnected() override;
-    /// One state query, if queries are on; not a timer.
+    /// Sends one state query if queries are enabled. There is no timer.
     void poll();
     void dataReceived(const ReceiveBuffer& buffer, std::size_t count) override;
 
 protected:
-    /// The text of one report, without its parentheses, as the unit's bytes (ISO 8859-1).
+    /// Handles one report: its text without the parentheses, as the unit's bytes (ISO 8859-1), valid inside
+    /// this call only.
     virtual void processCommand(std::string_view report) = 0;
 
-    /// Has `parse` (of a family of reports) read `report` and, where it is one from the configured unit, `handle` act on
-    /// the typed report.
+    /// Parses `report` with a family's `parse` function. If it is a report from the configured unit, calls
+    /// `handle` with the typed report.
     template <class Parse, class Handle>
     void dispatch(Parse parse, std::string_view report, Handle handle) {
         if (const auto parsed = parse(report); parsed && parsed->unit == serverConn_->unit)
             std::visit(handle, parsed->report);
     }
 
-    /// Frames `body` for the unit and sends it: what `sendData` returned, which a control's command ignores.
+    /// Frames `body` for the unit and sends it. Returns what `sendData` returned; the commands of controls
+    /// ignore it.
     std::int64_t send(std::string_view body);
 
     MainQueue& queue() { return context_.queue; }
-    /// From `viewDidLoad` on.
+    /// Valid from `viewDidLoad` on.
     ServerConnection& link() { return *serverConn_; }
     ActivityIndicator& spinner() { return *spinner_.operator->(); }
 

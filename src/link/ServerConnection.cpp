@@ -13,13 +13,13 @@ void ServerConnection::setIpAddress(std::string address) {
 }
 
 ServerConnection::OpenAttempt ServerConnection::nextOpenAttempt() {
-    return {++drawnAttempts_, ip_address_};
+    return {++createdAttempts_, ip_address_};
 }
 
 bool ServerConnection::open(const OpenAttempt& attempt) {
     if (!connectedToNetwork())
         return false;
-    // std::function wants a copyable capture, hence the shared pair.
+    // std::function needs a copyable capture, hence the shared pair.
     auto pair = std::make_shared<StreamPair>(streams_.createPair(attempt.address, telnet_port));
     if (!pair->input || !pair->output)
         return false;
@@ -36,7 +36,7 @@ void ServerConnection::adopt(std::uint64_t attempt, StreamPair pair) {
     settledAttempts_ = attempt;
     iStream_ = std::move(pair.input);
     oStream_ = std::move(pair.output);
-    // The new pair has reported nothing yet, whatever the replaced one had.
+    // The new pair has not reported anything yet.
     isOpen_ = outputStreamIsOpen_ = inputStreamIsOpen_ = false;
     for (Stream* stream : {static_cast<Stream*>(iStream_.get()), static_cast<Stream*>(oStream_.get())}) {
         stream->setDelegate(this);
@@ -59,7 +59,7 @@ std::int64_t ServerConnection::sendData(std::span<const std::uint8_t> bytes) {
 }
 
 void ServerConnection::closeConnection() {
-    settledAttempts_ = drawnAttempts_;
+    settledAttempts_ = createdAttempts_;
     const auto release = [](auto& stream, bool& isOpen) {
         if (!stream)
             return;
@@ -122,7 +122,7 @@ void ServerConnection::readAvailable() {
             closeConnection();
         if (count < 0)
             return;
-        // A delegate that steps aside while it handles the bytes stays alive until it has.
+        // The delegate may be replaced while it handles the bytes; it stays alive until it returns.
         if (const auto receiver = delegate_)
             receiver->dataReceived(buffer, static_cast<std::size_t>(count));
     }

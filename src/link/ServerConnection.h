@@ -16,15 +16,15 @@
 
 namespace lumbra {
 
-/// The bytes of one read; only the first `count` that come with it are valid, the others are zero.
+/// The buffer of one read. Only its first `count` bytes are valid; the others are zero.
 using ReceiveBuffer = std::array<std::uint8_t, 256>;
 
-/// What the connection tells the screen on show. Main thread.
+/// The connection's delegate: the current screen. Main thread.
 class ServerConnectionDelegate {
 public:
-    /// A stream reported an error; the connection is closed already.
+    /// A stream has reported an error. The connection is closed already.
     virtual void displayConnectionError() = 0;
-    /// `count` (0 to 256) bytes arrived.
+    /// `count` bytes have arrived, 0 to 256.
     virtual void dataReceived(const ReceiveBuffer& buffer, std::size_t count) = 0;
     /// Both streams have completed their open.
     virtual void serverConnected() = 0;
@@ -33,15 +33,15 @@ protected:
     ~ServerConnectionDelegate() = default;
 };
 
-/// What a person can be told about the link: no streams, streams that are not both open, both open.
+/// The state of the link: no streams; streams that are not both open; both streams open.
 enum class LinkState : std::uint8_t { Closed, Opening, Open };
 
-/// The application's one link to the unit: a pair of TCP streams to `ip_address` on port 23, driven by the
-/// main loop. It knows nothing of what the bytes mean, never retries and has no timer.
+/// The application's only link to the unit: a pair of TCP streams to port 23 of `ip_address`, driven by the
+/// main loop. It does not interpret the bytes, never retries and has no timer.
 ///
-/// Threads: the main thread, but for `open`, which a worker runs on an attempt that the main thread has
-/// drawn. `open` touches nothing of the connection that the main thread writes; it hands its pair over
-/// through the main queue, and the pair comes alive only there.
+/// All members belong to the main thread except `open`. A worker runs `open` on an attempt that the main
+/// thread has created. `open` touches nothing that the main thread writes: it posts its stream pair to the
+/// main queue, and the pair is used only there.
 class ServerConnection final : public StreamDelegate, public std::enable_shared_from_this<ServerConnection> {
 public:
     /// The TCP port of every unit.
@@ -53,43 +53,43 @@ public:
 
     /// The unit number that every command carries, 1 to 4.
     std::int64_t unit = 1;
-    /// Whether screens send their state query.
+    /// Whether screens send their state queries.
     bool polling = true;
-    /// The flag that is announced to the unit after connecting.
+    /// The serial-port flag that is announced to the unit after connecting.
     bool serial = false;
     /// The unit's address as set, not validated.
     const std::string& ip_address() const { return ip_address_; }
     void setIpAddress(std::string address);
 
-    /// The screen most recently shown; kept alive.
+    /// The most recently shown screen. It is kept alive.
     const std::shared_ptr<ServerConnectionDelegate>& delegate() const { return delegate_; }
     void setDelegate(std::shared_ptr<ServerConnectionDelegate> delegate) { delegate_ = std::move(delegate); }
 
     /// True when the device has a usable network, whatever the address. Any thread.
     bool connectedToNetwork() const { return reachability_.isReachable(); }
 
-    /// One run of `open`: the address as it was when the attempt was drawn, and the attempt's place among
-    /// all.
+    /// One run of `open`: the address at the time when the attempt was created, and the attempt's sequence
+    /// number.
     struct OpenAttempt {
         std::uint64_t number;
         std::string address;
     };
-    /// Draws the next attempt. Main thread.
+    /// Creates the next attempt. Main thread.
     OpenAttempt nextOpenAttempt();
-    /// Creates the stream pair and hands it to the main thread, which starts it there unless the connection
-    /// has been closed or a later attempt's pair has taken its place since the attempt was drawn. False, and
-    /// nothing changes, without a network or where the pair can't be created. Any thread.
+    /// Creates the stream pair and posts it to the main thread, which opens it. The pair is dropped if the
+    /// connection has been closed since the attempt was created, or if a later attempt's pair has arrived.
+    /// Returns false and does nothing if there is no network or the pair cannot be created. Any thread.
     bool open(const OpenAttempt& attempt);
 
-    /// Both streams have reported that their open completed.
+    /// True once both streams have completed their open.
     bool isConnected() const { return isOpen_; }
     LinkState linkState() const;
 
-    /// Writes `bytes` with one call: the bytes that the network took, 0 while the output stream is not open,
-    /// -1 on an error. The rest of a short write is never sent.
+    /// Writes `bytes` with one call. Returns the number of bytes that the network took, 0 while the output
+    /// stream is not open, or -1 on an error. The rest of a short write is never sent.
     std::int64_t sendData(std::span<const std::uint8_t> bytes);
 
-    /// Drops both streams and calls off every attempt drawn so far. The delegate is not told.
+    /// Closes both streams and cancels every attempt created so far. The delegate is not told.
     void closeConnection();
 
     void handleEvent(Stream& stream, StreamEvent event) override;
@@ -119,8 +119,8 @@ private:
     bool outputStreamIsOpen_ = false;
     bool inputStreamIsOpen_ = false;
 
-    std::uint64_t drawnAttempts_ = 0;
-    std::uint64_t settledAttempts_ = 0; ///< attempts up to this one are adopted, overtaken or called off
+    std::uint64_t createdAttempts_ = 0;
+    std::uint64_t settledAttempts_ = 0; ///< attempts up to this one are adopted, outdated or cancelled
     LinkState announced_ = LinkState::Closed;
     Signal<> linkChanged_;
 };

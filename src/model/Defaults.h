@@ -5,7 +5,7 @@
 
 namespace lumbra {
 
-// What a model holds before the unit has told anything.
+// The initial values of a model, before the unit has reported anything.
 
 /// Names the items KIND 1, KIND 2 and so on.
 template <class Names>

@@ -9,8 +9,8 @@
 
 namespace lumbra {
 
-/// What is known of the unit's ten groups, and the group on show. Group n on the wire is index n - 1.
-/// Validates nothing: whoever writes has checked.
+/// What is known of the unit's ten groups, and which one is selected. Group n on the wire is index n - 1.
+/// Nothing is validated here: the writer checks ranges.
 class Groups {
 public:
     static constexpr std::int64_t size = 10;
@@ -24,7 +24,7 @@ public:
     PerGroup<bool> power = filled<PerGroup<bool>>(true);
     PerGroup<std::int64_t> source{};                                     ///< 0-based input
     PerGroup<std::int64_t> volume = filled<PerGroup<std::int64_t>>(-40); ///< dB
-    std::int64_t current = 0;                                            ///< the group on show
+    std::int64_t current = 0;                                            ///< the current group
 
     Groups() { fillDefaultNames(name, "Group"); }
 };

@@ -7,13 +7,13 @@
 
 namespace lumbra {
 
-/// The rows of a picker over numbered items: two lists of equal length, in ascending order of the items.
+/// The rows of a picker over numbered items: two lists of equal length, ordered by item.
 class HideLists {
 public:
     std::vector<std::string> name_hide_str;  ///< the text of each row (UTF-8)
-    std::vector<std::int64_t> name_hide_ref; ///< for each row the 0-based item that it stands for
+    std::vector<std::int64_t> name_hide_ref; ///< the 0-based item of each row
 
-    /// The first row that stands for item `ref`; 0 where there is none.
+    /// The first row of item `ref`, or 0 if it has none.
     std::int64_t hideRowForRef(std::int64_t ref) const {
         for (std::size_t row = 0; row < name_hide_ref.size(); ++row)
             if (name_hide_ref[row] == ref)
@@ -22,15 +22,15 @@ public:
     }
 
 protected:
-    /// Lists every item of `names` that `isListed(index)` lets through.
+    /// Lists the items of `names` for which `isListed(index)` is true.
     template <class Names, class IsListed>
     void rebuild(const Names& names, IsListed isListed) {
         std::size_t rows = 0;
         for (std::size_t item = 0; item < names.size(); ++item) {
             if (!isListed(item))
                 continue;
-            // Rows are overwritten in place: a report that changes one name need not allocate the others
-            // anew.
+            // Rows are overwritten in place, so that a report that changes one name does not reallocate the
+            // others.
             if (rows == name_hide_str.size()) {
                 name_hide_str.emplace_back();
                 name_hide_ref.emplace_back();

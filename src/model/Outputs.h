@@ -10,9 +10,9 @@
 
 namespace lumbra {
 
-/// What is known of the unit's sixteen outputs and their equalisers, the rows of the output picker, and the
-/// output on show. Output n and band n on the wire are index n - 1. Validates nothing: whoever writes has
-/// checked.
+/// What is known of the unit's sixteen outputs and their equalisers, the rows of the output picker, and which
+/// output is selected. Output n and band n on the wire are index n - 1. Nothing is validated here: the writer
+/// checks ranges.
 class Outputs : public HideLists {
 public:
     static constexpr std::int64_t size = 16;
@@ -37,7 +37,7 @@ public:
     PerOutput<Bands> filter_gain{};                                               ///< dB, by output and band
     PerOutput<Bands> filter_type{};          ///< FILTER_*, by output and band
     PerOutput<std::int64_t> max_to_volume{}; ///< highest volume when turned on, dB
-    PerOutput<std::int64_t> max_volume{};    ///< highest volume at all, dB
+    PerOutput<std::int64_t> max_volume{};    ///< highest volume, dB
     PerOutput<std::int64_t> min_to_volume =
         filled<PerOutput<std::int64_t>>(-80); ///< lowest volume when turned on, dB
     PerOutput<bool> mute{};
@@ -46,11 +46,11 @@ public:
     PerOutput<std::int64_t> source{}; ///< 0-based input
     PerOutput<bool> stereo{};
     PerOutput<std::int64_t> volume = filled<PerOutput<std::int64_t>>(-40); ///< dB
-    std::int64_t current = 0;                                              ///< the output on show
+    std::int64_t current = 0;                                              ///< the current output
 
     Outputs();
 
-    /// Makes the rows follow `name`. Every output is listed, stereo or not.
+    /// Rebuilds the rows from `name`. Every output is listed, stereo or not.
     void rebuildHideLists();
 };
 

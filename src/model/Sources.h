@@ -11,7 +11,7 @@
 namespace lumbra {
 
 /// What is known of the unit's twenty inputs, and the rows of an input picker. Input n on the wire is index n
-/// - 1. Validates nothing: whoever writes has checked.
+/// - 1. Nothing is validated here: the writer checks ranges.
 class Sources : public HideLists {
 public:
     static constexpr std::int64_t size = 20;
@@ -23,7 +23,7 @@ public:
 
     Sources();
 
-    /// Makes the rows follow `name`. Every input is listed, whatever its stereo flag.
+    /// Rebuilds the rows from `name`. Every input is listed, stereo or not.
     void rebuildHideLists();
 };
 

@@ -12,12 +12,12 @@ public:
 
     virtual ~MainQueue() = default;
 
-    /// Runs `work` in a later turn of the main loop, never inside this call; work posted earlier runs
-    /// earlier. Any thread.
+    /// Runs `work` in a later turn of the main loop, never inside this call, in the order of the calls. Any
+    /// thread.
     virtual void post(Work work) = 0;
 
-    /// Runs `work` once, `delay` from now, on the main thread. Works due at the same instant run in the order
-    /// of their calls; there is no way to cancel one. Main thread only.
+    /// Runs `work` once on the main thread, no earlier than `delay` from now. Work due at the same instant
+    /// runs in the order of the calls. It cannot be cancelled. Main thread only.
     virtual void postAfter(std::chrono::nanoseconds delay, Work work) = 0;
 };
 

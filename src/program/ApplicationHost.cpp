@@ -31,7 +31,7 @@ std::unique_ptr<SettingsStore> openSettings(const Options& options, MainQueue& q
     return std::make_unique<FileSettingsStore>(queue, QFile::encodeName(path).toStdString());
 }
 
-/// The demo's unit answers to the number that the settings ask for.
+/// The unit of the demo has the number that the settings ask for.
 int demoUnitNumber(const SettingsStore& settings) {
     const auto stored = settings.integer(UNIT_NUMBER_PREFERENCE);
     return static_cast<int>(std::clamp(stored, MIN_UNIT_NUMBER, MAX_UNIT_NUMBER));
@@ -63,8 +63,8 @@ ApplicationHost::ApplicationHost(const Options& options)
 }
 
 ApplicationHost::~ApplicationHost() {
-    // The worker's work uses the connection, the streams and the reachability; what it and the application have posted
-    // may hold the last references to screens and sockets.
+    // Work on the worker uses the connection, the streams and the reachability. Posted work may hold the last
+    // references to screens and sockets.
     worker_.stop();
     application_.reset();
     queue_.drop();

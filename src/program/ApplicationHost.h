@@ -15,7 +15,7 @@ namespace sim {
 class UnitServer;
 }
 
-/// The application with the platform under it, as the command line asks for it: the same for every front end.
+/// The application on its platform, set up as the command line asks. It is the same for every front end.
 /// Needs the Qt application object. Main thread only.
 class ApplicationHost {
 public:
@@ -24,8 +24,9 @@ public:
     ApplicationHost(const ApplicationHost&) = delete;
     ApplicationHost& operator=(const ApplicationHost&) = delete;
 
-    /// Why there is no application; empty where there is one.
+    /// Why the application could not be set up, as a sentence; empty on success.
     const QString& error() const { return error_; }
+    /// Only without an `error`.
     Application& application() { return *application_; }
 
 private:

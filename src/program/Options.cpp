@@ -29,7 +29,7 @@ const QCommandLineOption HELP({QStringLiteral("h"), QStringLiteral("help")}, QSt
 const QCommandLineOption VERSION({QStringLiteral("v"), QStringLiteral("version")},
                                  QStringLiteral("Print the version."));
 
-// Pairs that exclude each other, and options that need another one.
+// Pairs of options that exclude each other, or of which the first needs the other.
 struct Rule {
     const QCommandLineOption& option;
     const QCommandLineOption& other;
@@ -37,7 +37,7 @@ struct Rule {
 };
 const Rule RULES[] = {{DEMO, CONNECT_TO, false}, {FULLSCREEN, CONSOLE, false}, {JSON, CONSOLE, true}};
 
-QString written(const QCommandLineOption& option) {
+QString displayName(const QCommandLineOption& option) {
     return QStringLiteral("--") + option.names().constLast();
 }
 
@@ -56,7 +56,7 @@ std::variant<Options, InformationRequest, UsageError> parseOptions(const QString
         if (parser.isSet(option) && parser.isSet(other) != needsOther)
             return UsageError{(needsOther ? QStringLiteral("%1 needs %2.")
                                           : QStringLiteral("%1 and %2 exclude each other."))
-                                  .arg(written(option), written(other))};
+                                  .arg(displayName(option), displayName(other))};
 
     Options options;
     options.console = parser.isSet(CONSOLE);
@@ -76,7 +76,7 @@ std::variant<Options, InformationRequest, UsageError> parseOptions(const QString
 
     if (parser.isSet(HELP))
         return InformationRequest{
-            // The parser knows the program's name from the application object, which comes later.
+            // The parser would take the program's name from the application object, which does not exist yet.
             parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("lumbra-remote"))};
     if (parser.isSet(VERSION))
         return InformationRequest{QStringLiteral("lumbra-remote " LUMBRA_VERSION "\n")};

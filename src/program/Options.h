@@ -10,27 +10,27 @@
 
 namespace lumbra {
 
-/// What the command line asks for.
+/// The options of the command line.
 struct Options {
-    bool console = false;              ///< the console instead of the touch screens
-    bool json = false;                 ///< the console's JSON Lines
-    bool fullscreen = false;           ///< the touch screens, on a wall panel
+    bool console = false;              ///< the console front end, not the touch front end
+    bool json = false;                 ///< JSON Lines on the console
+    bool fullscreen = false;           ///< the window fills the screen
     bool demo = false;                 ///< a simulated unit in the process
-    std::optional<HostPort> connectTo; ///< where every connection goes instead of to the unit's address
-    QString settingsFile;              ///< empty: the user's own
+    std::optional<HostPort> connectTo; ///< replaces the unit's address in every connection
+    QString settingsFile;              ///< empty: the user's default file
 };
 
-/// The command line asks for a text on standard output, and nothing else.
+/// The command line asks for a text on standard output and nothing else.
 struct InformationRequest {
     QString text;
 };
 
-/// The command line is wrong; one line that says how.
+/// The command line is wrong, as a sentence.
 struct UsageError {
     QString sentence;
 };
 
-/// Reads the command line; the first argument is the program. Needs no application object.
+/// Parses the command line. The first argument is the program. Needs no application object. Any thread.
 std::variant<Options, InformationRequest, UsageError> parseOptions(const QStringList& arguments);
 
 } // namespace lumbra

@@ -19,12 +19,12 @@ using namespace lumbra;
 namespace {
 
 int run(int& argc, char** argv, const Options& options) {
-    // A signal ends the program as the closed window does: the unit's link is closed and the settings are written.
+    // A signal ends the program as closing the window does: the link is closed and the settings are written.
     const SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
     std::optional<DisplayGuard> guard(std::in_place);
     const QGuiApplication qt(argc, argv);
     guard.reset();
-    // Reads the font configuration beside the rest of the start: the first text would wait for it.
+    // Loads the font configuration in parallel with the rest of the start; the first text would wait for it.
     const std::jthread fonts([] { QFontDatabase::families(); });
     TouchFrontEnd::installTranslation();
     ApplicationHost host(options);

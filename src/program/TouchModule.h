@@ -4,8 +4,9 @@
 
 namespace lumbra {
 
-/// What the module of the touch screens exports under the name "runTouch": runs them until the window is
-/// closed and returns the program's exit status. What is wrong is told on standard error.
+/// The function that the module of the touch front end exports as "runTouch". It runs the front end until the
+/// window is closed and returns the exit status of the program. Errors are reported on standard error. Main
+/// thread only.
 using RunTouch = int (*)(int& argc, char** argv, const Options& options);
 
 } // namespace lumbra

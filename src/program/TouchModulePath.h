@@ -4,9 +4,9 @@
 
 namespace lumbra {
 
-/// The file of the touch screens' module: beside the program where it was built, in the library folder where it is
-/// installed. `program` is the program's own path, or empty where the system does not tell it. The result is always an
-/// absolute path: a module never comes from the working folder.
+/// The file of the touch front end's module: beside the program in a build, in the library folder in an
+/// installation. `program` is the path of the program, or empty if the system does not provide it. The result
+/// is always an absolute path: a module is never loaded from the working folder.
 QString touchModulePath(const QString& program);
 
 } // namespace lumbra

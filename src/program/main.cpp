@@ -34,8 +34,8 @@ void complain(const QString& sentence) {
     std::fprintf(stderr, "lumbra-remote: %s\n", qPrintable(sentence.simplified()));
 }
 
-/// Ends the program on an exception: with a sentence where the system refused something. Any other one is an error of
-/// the program itself, and leaves a core.
+/// Ends the program on an exception. If the system refused a resource, prints a sentence and exits with
+/// status 1. Any other exception is a programming error and aborts.
 [[noreturn]] void endOnException() {
     try {
         if (const auto exception = std::current_exception())
@@ -52,14 +52,14 @@ void complain(const QString& sentence) {
     std::_Exit(FAILURE);
 }
 
-/// A standard descriptor that the parent has closed must not become a socket of ours.
+/// A standard descriptor that the parent has closed must not be reused for a socket.
 void openStandardDescriptors() {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(descriptor, F_GETFD) == -1)
             ::open("/dev/null", O_RDWR); // takes the lowest one that is free
 }
 
-// What a start takes at the least. With less the toolkit aborts, crashes or waits for ever.
+// The minimum that a start needs. With less, the toolkit aborts, crashes or waits for ever.
 constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
 constexpr std::size_t WINDOW_DESCRIPTORS = 48;
 constexpr std::size_t WINDOW_THREADS = 8;
@@ -142,7 +142,7 @@ int runTouch(int& argc, char** argv, const Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // A reader that has gone and a file that may not grow are errors of a write.
+    // A vanished reader and a file size limit show as errors of a write, not as signals.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     std::set_terminate(endOnException);
@@ -165,7 +165,7 @@ int main(int argc, char** argv) {
     const auto& options = std::get<Options>(parsed);
     try {
         return options.console ? runConsole(argc, argv, options) : runTouch(argc, argv, options);
-    } catch (...) { // what it leaves on its way here puts the terminal back
+    } catch (...) { // unwinding has restored the terminal
         endOnException();
     }
 }

@@ -6,32 +6,32 @@
 
 namespace lumbra {
 
-// Commands to the unit. A body is what stands between the unit's digit and the closing bracket. Zones,
-// outputs, groups and inputs are 0-based here and 1-based on the wire. Ranges are the caller's to keep. Any
-// thread.
+// Command bodies. A body is what a command has between the unit's digit and the closing bracket; a screen
+// frames and sends it. Zones, outputs, groups and inputs are 0-based here and 1-based on the wire. Ranges are
+// not checked: the caller passes only valid values. Any thread.
 
-/// The whole command as it goes on the wire: "[U", the unit's number, the body, "]".
+/// The whole command as it is sent: "[U", the unit's number, the body, "]".
 std::string frameCommand(std::int64_t unit, std::string_view body);
 
-/// Asks the unit for all that a screen shows. Each screen has its number: a QUERY_NUMBER.
+/// Asks the unit for the state that a screen shows. `query` is the screen's QUERY_NUMBER, 0 to 4.
 std::string queryState(int query);
-/// Tells the unit the serial-port flag.
+/// Announces the serial-port flag.
 std::string announceSerial(bool serial);
 
-/// What a command may be about; the value is its letter on the wire.
+/// The kinds of items. The value is the letter on the wire.
 enum class ItemKind : char { Zone = 'Z', Output = 'O', Group = 'G' };
 
-/// Sets an item's volume, in dB.
+/// Sets an item's volume to `level` dB, -80 to 0.
 std::string setVolume(ItemKind kind, std::int64_t item, std::int64_t level);
-/// Has an item play an input.
+/// Selects the input that an item plays.
 std::string selectInput(ItemKind kind, std::int64_t item, std::int64_t input);
-/// Mutes an item or lets it sound again.
+/// Mutes an item, or unmutes it.
 std::string setMute(ItemKind kind, std::int64_t item, bool on);
 /// Turns an output or a group on or off.
 std::string setPower(ItemKind kind, std::int64_t item, bool on);
 
 namespace detail {
-/// A letter or code, the item's number on the wire, and what follows it.
+/// The body of `code`, the 0-based item's number on the wire, and `rest`.
 std::string itemCommand(std::string_view code, std::int64_t item, std::string_view rest);
 } // namespace detail
 

@@ -9,11 +9,11 @@
 
 namespace lumbra::groups {
 
-/// What the Group screen reads: of groups, of inputs, and the end of the unit's answer.
+/// The reports that the Group screen reads: about groups, about inputs, and the end of the answer.
 using Report = std::variant<reports::Volume, reports::Input, reports::Mute, reports::Power, reports::ItemName,
                             reports::InputName, reports::InputStereo, reports::EndOfState>;
 
-/// Reads a report text (the unit's bytes); nothing where it is no report of the Group screen. Any thread.
+/// Parses a report text (the unit's bytes). Nothing if it is no report of the Group screen. Any thread.
 std::optional<Parsed<Report>> parse(std::string_view text);
 
 } // namespace lumbra::groups

@@ -5,8 +5,8 @@
 
 namespace lumbra {
 
-// The rows about inputs, which stand in the tables of zones, outputs and groups. Report is the table's
-// variant.
+// The rows about inputs, which are part of the tables of zones, outputs and groups. Report is the variant of
+// the table.
 
 template <class Report>
 inline constexpr ReportRow<Report> INPUT_NAME{R"(U#I##N"*")",

@@ -5,10 +5,10 @@
 namespace lumbra::reports {
 
 // The reports that several screens read. An item is a zone, an output, a group or a scene. Items and inputs
-// are 0-based; they may be -1 or beyond the last one, and levels out of range: who acts on a report checks
-// that.
+// are 0-based, levels in dB. Nothing is range-checked: an item or input may be -1 or beyond the last one (up
+// to 98), a level anything from -99 to 99. Whoever handles a report checks it.
 
-/// The item's volume, in dB. Such a report also says that the item is not muted.
+/// The item's volume in dB. The report also means that the item is not muted.
 struct Volume {
     int item;
     int level;
@@ -48,7 +48,7 @@ struct MaxVolume {
     int item;
     int level;
 };
-/// The unit has answered the screen's state query.
+/// The end of the answer to a state query.
 struct EndOfState {};
 
 } // namespace lumbra::reports

@@ -7,16 +7,16 @@
 
 namespace lumbra {
 
-/// A name from a report, up to 16 characters, as UTF-8. It lives in place, so a report is made without an
-/// allocation.
+/// A name from a report: up to 16 characters, as UTF-8. It is stored in place, so that a report allocates
+/// nothing.
 class Name {
 public:
     static constexpr std::size_t MAX_CHARACTERS = 16;
 
     Name() = default;
 
-    /// Takes the unit's bytes, each of which is the character of that code point (ISO 8859-1); a character
-    /// from U+0080 to U+00FF is two bytes of UTF-8 (RFC 3629, section 3).
+    /// Converts the unit's bytes, at most 16. Each byte is the character of that code point (ISO 8859-1); a
+    /// character from U+0080 to U+00FF becomes two bytes of UTF-8 (RFC 3629, section 3).
     static Name fromLatin1(std::string_view bytes) {
         assert(bytes.size() <= MAX_CHARACTERS);
         Name name;

@@ -49,7 +49,7 @@ constexpr Row ROWS[]{
     {"U#APPQ1", Row::end},
 };
 
-/// How a filter type is said on the wire.
+/// The keyword of a filter type on the wire, and the values that follow it.
 struct FilterWord {
     std::string_view keyword;
     bool hasGain;

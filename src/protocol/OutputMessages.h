@@ -11,9 +11,10 @@
 
 namespace lumbra::outputs {
 
-// Outputs and bands are 0-based. In reports only the band is known to be in range.
+// Outputs and bands are 0-based. Of the numbers in reports only `band` is range-checked; an item may be -1 to
+// 98, a level or gain -99 to 99 dB, a frequency 0 to 99999 Hz.
 
-/// The whole setting of one band of an output's equaliser.
+/// The complete setting of one band of an output's equaliser.
 struct Band {
     int item;
     int band;                     ///< 0 to 6
@@ -37,16 +38,18 @@ struct Stereo {
     bool on;
 };
 
-/// What the Output screen reads: of outputs, of inputs, and the end of the unit's answer.
+/// The reports that the Output screen reads: about outputs, about inputs, and the end of the answer.
 using Report = std::variant<reports::Volume, reports::Input, reports::Mute, reports::Power, Band,
                             reports::InputName, reports::ItemName, reports::MaxVolume, MaxTurnOnVolume,
                             MinTurnOnVolume, Stereo, reports::InputStereo, reports::EndOfState>;
 
-/// Reads a report text (the unit's bytes); nothing where it is no report of the Output screen. Any thread.
+/// Parses a report text (the unit's bytes). Nothing if it is no report of the Output screen. Any thread.
 std::optional<Parsed<Report>> parse(std::string_view text);
 
-/// The command body for a band's whole setting. `type` is one of Outputs::FILTER_*; another one throws
-/// std::out_of_range. `gain` (dB) and `frequency` (Hz) are sent where the type has them.
+/// Returns the command body for the complete setting of a band. `output` and `band` are 0-based. `type` is
+/// one of Outputs::FILTER_*; any other value throws std::out_of_range. `gain` is in dB (-15 to 15),
+/// `frequency` in Hz (1 to 20000); each is sent only for the types that have it. Ranges other than that of
+/// `type` are not checked. Any thread.
 std::string setBand(std::int64_t output, std::int64_t band, std::int64_t type, std::int64_t gain,
                     std::int64_t frequency);
 

@@ -11,19 +11,20 @@
 
 namespace lumbra::overrides {
 
-/// The override is on or off.
+/// The state of an override.
 struct State {
     int item; ///< 0-based, not range-checked
     bool on;
 };
 
-/// What the Override screen reads: an override's state, and the end of the unit's answer.
+/// The reports that the Override screen reads: the state of an override, and the end of the answer.
 using Report = std::variant<State, reports::EndOfState>;
 
-/// Reads a report text (the unit's bytes); nothing where it is no report of the Override screen. Any thread.
+/// Parses a report text (the unit's bytes). Nothing if it is no report of the Override screen. Any thread.
 std::optional<Parsed<Report>> parse(std::string_view text);
 
-/// The command body that turns an override on where it is off, and off where it is on. 0-based.
+/// Returns the command body that toggles an override. `override_` is 0-based, 0 to 9, and not checked. Any
+/// thread.
 std::string operate(std::int64_t override_);
 
 } // namespace lumbra::overrides

@@ -8,17 +8,17 @@
 
 namespace lumbra {
 
-/// Cuts the unit's byte stream into report texts: what stands between "(" and ")". One byte is one character.
+/// Splits the unit's byte stream into report texts: what is between "(" and ")". One byte is one character.
 ///
-/// A text may be of any length. No form reads past its first CAPACITY characters, which the compiler checks,
-/// so no more of it is kept and a text without an end costs nothing. Not for use by two threads at once.
+/// A text may have any length. No form reads beyond its first CAPACITY characters, which the compiler checks,
+/// so only these are kept, and a text without an end costs no memory. Not thread-safe.
 class ReportBuffer {
 public:
     static constexpr std::size_t CAPACITY = 64;
 
-    /// Takes `bytes` in order and calls `onReport(std::string_view)` for each completed text, at once; the
-    /// text is valid inside that call only. A "(" drops what has been collected; a ")" with no "(" since the
-    /// last report gives that report again.
+    /// Reads `bytes` in order and calls `onReport(std::string_view)` for each completed text, at once. The
+    /// text is valid inside that call only. A "(" discards what has been collected. A ")" without a "(" since
+    /// the last report repeats that report.
     template <class OnReport>
     void feed(std::span<const std::uint8_t> bytes, OnReport&& onReport) {
         for (const std::uint8_t byte : bytes) {

@@ -11,17 +11,18 @@
 
 namespace lumbra {
 
-// A form is a report written as it looks. Capital letters and digits stand for themselves; values stand as
+// A form is the pattern of a report, written as the report looks. Capital letters and digits stand for themselves, and
+// values for
 //
 //     #        a digit
 //     ##       one or two digits, as many as there are; likewise ### and so on
 //     -##      the same, with or without a minus sign before them
 //     [1-7]    a digit from 1 to 7; a flag is [0-1]
 //     "*"      a name: 1 to 16 characters other than CR and LF, between double quotes. It may hold double
-//              quotes itself; the longest reading counts
+//              quotes itself; the longest match counts
 //
-// A form begins with the unit, "U#". A number is followed by a letter or the end, a name by the end, so that
-// no reading has to be taken back. The text may go on where the form ends.
+// A form begins with the unit, "U#". A number is followed by a letter or the end, a name by the end, so that matching
+// never backtracks. A form matches a prefix: the text may continue after it.
 
 /// One character, number or name of a form.
 struct FormPart {
@@ -31,20 +32,20 @@ struct FormPart {
     char low = 0;                ///< the character; the lowest digit of a number
     char high = 0;               ///< the highest digit of a number
     bool negative = false;       ///< a number that may have a minus sign
-    std::size_t most = 1;        ///< how many digits a number has at most
-    std::size_t numberIndex = 0; ///< which number of the form this one is; the unit is 0
+    std::size_t most = 1;        ///< the largest number of digits
+    std::size_t numberIndex = 0; ///< the position among the numbers of the form; the unit is 0
 
     bool operator==(const FormPart&) const = default;
 };
 
-/// A form, taken apart at compile time. A text that is not a form does not compile.
+/// A form, parsed at compile time. A text that is not a form does not compile.
 struct Form {
     static constexpr std::size_t MAX_NUMBERS = 5;
 
     std::array<FormPart, 16> parts{};
     std::size_t size = 0;
-    /// How many of the parts lead up to and include the item's number. Where no number follows the unit,
-    /// these are the two parts of the unit.
+    /// The number of parts up to and including the item's number. If no number follows the unit, these are
+    /// the two parts of the unit.
     std::size_t head = 2;
 
     consteval Form(const char* text) {
@@ -52,7 +53,7 @@ struct Form {
             throw std::invalid_argument("not a form");
     }
 
-    /// Whether `text` is a form, and never longer than what the report buffer keeps.
+    /// Whether `text` is a form that never reads beyond what the report buffer keeps.
     static constexpr bool isForm(std::string_view text) { return Form().read(text); }
 
     constexpr bool sharesHead(const Form& other) const {
@@ -86,7 +87,7 @@ private:
         }
         return numbers <= MAX_NUMBERS && longest <= ReportBuffer::CAPACITY;
     }
-    /// Reads the part at the start of `text` and returns its length there, 0 where there is none.
+    /// Parses the part at the start of `text` and returns its length in `text`, or 0 if there is none.
     static constexpr std::size_t readPart(std::string_view text, FormPart& part) {
         using enum FormPart::Kind;
         if (text.starts_with(R"("*")")) {

@@ -12,28 +12,28 @@
 
 namespace lumbra {
 
-/// The values that a report carries, read by the form that it has.
+/// The values of a report, captured by the form that it matches.
 struct Captures {
-    /// The form's numbers by their place: 0 is the unit, 1 mostly the item. "-0" is 0.
+    /// The numbers by their position in the form: 0 is the unit, 1 usually the item. "-0" is 0.
     std::array<int, Form::MAX_NUMBERS> numbers{};
-    /// The unit's bytes. Valid while the report text is.
+    /// The name as the unit's bytes. Valid as long as the report text.
     std::string_view nameBytes;
 
     int number(std::size_t place) const { return numbers[place]; }
-    /// A number that counts from 1 on the wire, as an index from 0. It may be -1 or beyond the last item.
+    /// A number that is 1-based on the wire, as a 0-based index. It may be -1 or beyond the last item.
     int index(std::size_t place) const { return numbers[place] - 1; }
     bool flag(std::size_t place) const { return numbers[place] != 0; }
     Name name() const { return Name::fromLatin1(nameBytes); }
 };
 
-/// A row of a family's table: a form, and what makes the typed report of its values. Report is the family's
-/// variant.
+/// A row of a family's table: a form, and the function that makes a typed report of its values. Report is the
+/// family's variant.
 template <class Report>
 struct ReportRow {
     Form form;
     Report (*decode)(const Captures& captures);
 
-    // What most rows decode: an item and one more value, as the report of type Kind.
+    // The decoders of most rows: an item and one more value, as the report type Kind.
     template <class Kind>
     static Report number(const Captures& c) {
         return Kind{c.index(1), c.number(2)};
@@ -53,7 +53,7 @@ struct ReportRow {
     static Report end(const Captures&) { return reports::EndOfState{}; }
 };
 
-/// A typed report, and the digit of the unit that it is from.
+/// A typed report, and the digit of the unit that sent it.
 template <class Report>
 struct Parsed {
     int unit;
@@ -62,12 +62,12 @@ struct Parsed {
 
 namespace detail {
 
-/// Where reading stands in a report text.
+/// The read position in a report text.
 struct Cursor {
     const char* at = nullptr;
     const char* end = nullptr;
 
-    /// Whether a character from `low` to `high` comes next.
+    /// Whether the next character is between `low` and `high`.
     bool sees(char low, char high) const { return at != end && *at >= low && *at <= high; }
     bool skip(char character) {
         const bool there = sees(character, character);
@@ -76,7 +76,7 @@ struct Cursor {
     }
 };
 
-/// Reads one part of a form. False where the text differs.
+/// Reads one part of a form. False if the text does not match.
 template <FormPart PART>
 bool take(Cursor& in, Captures& captures) {
     if constexpr (PART.kind == FormPart::Kind::Character) {
@@ -105,7 +105,7 @@ bool take(Cursor& in, Captures& captures) {
     }
 }
 
-/// Reads the parts of a row's form from FIRST up to, but not including, LAST.
+/// Reads the parts FIRST to LAST - 1 of a row's form.
 template <const auto& TABLE, std::size_t ROW, std::size_t FIRST, std::size_t LAST>
 bool takeParts(Cursor& in, Captures& captures) {
     return [&]<std::size_t... PART>(std::index_sequence<PART...>) {
@@ -116,10 +116,9 @@ bool takeParts(Cursor& in, Captures& captures) {
 
 } // namespace detail
 
-/// Reads a report text (the unit's bytes) by the first row of a table that it fits; nothing where it fits
-/// none. Ranges are not checked. TABLE is a constexpr array of ReportRow<Report>, in matching order. The
-/// compiler writes the forms out as comparisons: there is no state, no allocation and no recursion. Any
-/// thread.
+/// Parses a report text (the unit's bytes) by the first row that matches it; nothing if none does. TABLE is a
+/// constexpr array of ReportRow<Report>, in matching order. Ranges are not checked. The compiler turns the
+/// forms into comparisons: there is no state, allocation or recursion. Any thread.
 template <class Report, const auto& TABLE>
 std::optional<Parsed<Report>> parseReport(std::string_view text) {
     Captures captures;
@@ -128,7 +127,7 @@ std::optional<Parsed<Report>> parseReport(std::string_view text) {
     bool headFits = false;
     const auto tryRow = [&]<std::size_t ROW>() {
         constexpr const Form& form = TABLE[ROW].form;
-        // Neighbours mostly begin alike, so the unit and the item are read once for all of them.
+        // Neighbouring rows usually begin alike, so the unit and the item are read once for all of them.
         if constexpr (ROW == 0 || !form.sharesHead(TABLE[ROW - (ROW > 0)].form)) {
             behindHead = {text.data(), text.data() + text.size()};
             headFits = detail::takeParts<TABLE, ROW, 0, form.head>(behindHead, captures);

@@ -11,17 +11,17 @@
 
 namespace lumbra::scenes {
 
-/// What the Scene screen reads: a scene's name, and the end of the unit's answer.
+/// The reports that the Scene screen reads: the name of a scene, and the end of the answer.
 using Report = std::variant<reports::ItemName, reports::EndOfState>;
 
-/// Reads a report text (the unit's bytes); nothing where it is no report of the Scene screen. Any thread.
+/// Parses a report text (the unit's bytes). Nothing if it is no report of the Scene screen. Any thread.
 std::optional<Parsed<Report>> parse(std::string_view text);
 
-// Command bodies. Scenes are 0-based.
+// These return command bodies. `scene` is 0-based, 0 to 9, and not checked. Any thread.
 
-/// Has the unit apply a stored scene.
+/// Makes the unit apply a stored scene.
 std::string recall(std::int64_t scene);
-/// Has the unit store its present setting as a scene.
+/// Makes the unit store its current setting as a scene.
 std::string store(std::int64_t scene);
 
 } // namespace lumbra::scenes

@@ -11,7 +11,8 @@
 
 namespace lumbra::zones {
 
-// Zones and outputs are 0-based. In reports neither they nor levels are range-checked.
+// Zones and outputs are 0-based. Nothing in a report is range-checked: a zone or output may be -1 to 98, a
+// level -99 to 99.
 
 /// The zone's loudness compensation is on or off.
 struct Loudness {
@@ -34,19 +35,19 @@ struct OutputAssignment {
     int item; ///< the zone
 };
 
-/// What the Zone screen reads: of zones, of inputs, and the end of the unit's answer.
+/// The reports that the Zone screen reads: about zones, about inputs, and the end of the answer.
 using Report = std::variant<reports::Volume, reports::Input, reports::Mute, Loudness, Bass, Treble,
                             reports::InputName, reports::ItemName, OutputAssignment, reports::InputStereo,
                             reports::MaxVolume, reports::EndOfState>;
 
-/// Reads a report text (the unit's bytes); nothing where it is no report of the Zone screen. Any thread.
+/// Parses a report text (the unit's bytes). Nothing if it is no report of the Zone screen. Any thread.
 std::optional<Parsed<Report>> parse(std::string_view text);
 
-// Command bodies.
+// These return command bodies. `zone` is 0-based, 0 to 15. Ranges are not checked. Any thread.
 
-/// Sets a zone's bass, -15 to 15.
+/// Sets a zone's bass to `level` steps, -15 to 15.
 std::string setBass(std::int64_t zone, std::int64_t level);
-/// Sets a zone's treble, -15 to 15.
+/// Sets a zone's treble to `level` steps, -15 to 15.
 std::string setTreble(std::int64_t zone, std::int64_t level);
 /// Turns a zone's loudness compensation on or off.
 std::string setLoudness(std::int64_t zone, bool on);

@@ -23,11 +23,11 @@
 
 namespace lumbra {
 
-/// How long after a slider's event its value is looked at.
+/// The time between an event of a slider and the deferred step that reads its value.
 inline constexpr std::chrono::milliseconds DEFERRED_STEP{750};
 
-/// What the Zone, Output and Group screens share: a picker of items, a picker of inputs, and for the item on
-/// show its input, volume and mute; each screen's own copy of the inputs. Main thread only.
+/// The common part of the Zone, Output and Group screens: a picker of items, a picker of inputs, and the
+/// input, volume and mute of the current item. Each screen has its own copy of the inputs. Main thread only.
 ///
 /// Model is Zones, Outputs or Groups: `size`, `current`, and by item `name`, `source`, `volume` and `mute`.
 template <class Model>
@@ -46,7 +46,7 @@ public:
         muteSwitch_->valueChanged.set(std::weak_ptr(self), &ItemViewController::muteSwitchChange);
     }
 
-    // Any picker that is not the item picker is taken to be the input picker.
+    // Any picker other than the item picker is the input picker.
     int numberOfRows(const Picker& picker) const override { return static_cast<int>(dataOf(picker).size()); }
     std::string_view titleForRow(const Picker& picker, int row) const override {
         return dataOf(picker).at(static_cast<std::size_t>(row));
@@ -83,12 +83,12 @@ protected:
           volumeLabel_(this->view().template outlet<Label>("volumeLabel")),
           muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {}
 
-    /// What the volume label reads at `volume` dB.
+    /// The reading of the volume label at `volume` dB.
     virtual Reading volumeReading(std::int64_t volume) const = 0;
-    /// The highest volume that a report may carry for the item.
+    /// The highest volume that a report may set for the item, in dB.
     virtual std::int64_t maxVolume(std::size_t item) const = 0;
 
-    /// Puts the item on show on all controls. Sends nothing.
+    /// Shows the current item in all controls. Sends nothing.
     virtual void showItem() {
         showSource();
         showVolume();
@@ -99,7 +99,7 @@ protected:
     const Model& model() const { return model_; }
     ItemKind itemKind() const { return kind_; }
     Switch& muteSwitch() { return *muteSwitch_.operator->(); }
-    /// The element of one of the model's fields that belongs to the item on show.
+    /// The current item's element of one of the model's fields.
     template <class Field>
     auto& ofCurrent(Field& field) const {
         return field[static_cast<std::size_t>(model_.current)];
@@ -109,17 +109,17 @@ protected:
         volumeLabel_->setReading(volumeReading(ofCurrent(model_.volume)));
     }
 
-    // The deferred slider step: each value-changed event has the slider looked at once, 0.75 s later, and the
-    // item on show at that moment is meant. Earlier steps are not called off; a slider at rest makes the last
-    // ones find nothing to do.
+    // The deferred slider step. Each value-changed event schedules one step 0.75 s later, which reads the
+    // slider then and applies to the item that is current then. Earlier steps are not cancelled: once the
+    // slider rests, later steps find nothing to do.
     template <class Step>
     void defer(const Outlet<Slider>& slider, Step step) {
         queue().postAfter(DEFERRED_STEP,
                           [self = shared(this), held = slider.lock(), step] { step(held->value()); });
     }
-    /// A slider's value as a whole number, toward zero.
+    /// A slider's value as a whole number, truncated toward zero.
     static std::int64_t truncated(float value) { return static_cast<std::int64_t>(value); }
-    /// Stores `value` in the model and sends its command, unless it stands there already.
+    /// If `value` differs from the model, stores it there and sends its command.
     template <class SendCommand>
     static void settle(std::int64_t value, std::int64_t& stored, SendCommand sendCommand) {
         if (value == stored)
@@ -179,7 +179,7 @@ protected:
     }
     void handle(const reports::EndOfState&) { spinner().stopAnimating(); }
 
-    /// An item's name, or what decides whether it is listed, has changed.
+    /// Call after an item's name, or a value that decides whether it is listed, has changed.
     void itemsChanged() {
         if constexpr (hasHideLists)
             model_.rebuildHideLists();

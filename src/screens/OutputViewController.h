@@ -42,12 +42,12 @@ private:
     void handle(const outputs::MinTurnOnVolume& report);
     void handle(const outputs::Stereo& report);
 
-    /// True when the report is about an output and its level may be a limit of it.
+    /// True if `item` is an output and `level` (dB) is allowed as one of its limits.
     bool isLimit(int item, int level) const;
-    /// The type control, and which of the two sliders a hand can move.
+    /// Shows the type of a band of the current output, and enables the sliders that the type has.
     void showType(std::size_t band);
     void showFrequency(std::size_t band);
-    /// Sends the whole setting of the band of the output on show, as the model holds it.
+    /// Sends the complete setting of a band of the current output.
     void sendFilterCommand(std::size_t band);
 
     template <class Control>

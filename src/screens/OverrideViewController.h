@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// The Override screen: ten switches, whose positions are the only record of the overrides. Main thread only.
+/// The Override screen: ten switches. Their positions are the only record of the overrides. Main thread only.
 class OverrideViewController final : public ScreenViewController {
 public:
     static constexpr int QUERY_NUMBER = 3;

@@ -6,24 +6,24 @@
 
 namespace lumbra {
 
-// What the screens' labels read, in whole numbers that are truncated toward zero.
+// The readings of the screens' labels: whole numbers, truncated toward zero. Any thread.
 
-/// A volume in dB as a share of the way from -80 to 0: -40 reads "50%".
+/// A volume in dB as a percentage of the range from -80 to 0: -40 is "50%".
 constexpr Reading percentOfVolume(std::int64_t volume) {
     return {(volume + 80) * 10 / 8, Reading::Unit::Percent};
 }
 
-/// A tone setting from -15 to 15 as a share of the way: -7 reads "-46%".
+/// A tone setting from -15 to 15 as a percentage of 15: -7 is "-46%".
 constexpr Reading percentOfTone(std::int64_t tone) {
     return {tone * 100 / 15, Reading::Unit::Percent};
 }
 
-/// A level or gain: "-40 dB".
+/// A level or gain in dB: "-40 dB".
 constexpr Reading decibels(std::int64_t level) {
     return {level, Reading::Unit::Decibel};
 }
 
-/// A frequency in Hz: whole hertz below 1 kHz, whole kilohertz from there on.
+/// A frequency in Hz: in whole hertz below 1 kHz, else in whole kilohertz.
 constexpr Reading hertz(std::int64_t frequency) {
     return frequency < 1000 ? Reading{frequency, Reading::Unit::Hertz}
                             : Reading{frequency / 1000, Reading::Unit::Kilohertz};

@@ -11,8 +11,8 @@
 
 namespace lumbra {
 
-/// The Scene screen: picks one of ten scenes and recalls it or stores the unit's present setting into it.
-/// Main thread only.
+/// The Scene screen: picks one of ten scenes, recalls it, or stores the unit's current setting in it. Main
+/// thread only.
 class SceneViewController final : public ScreenViewController,
                                   public PickerDataSource,
                                   public PickerDelegate {
@@ -41,7 +41,7 @@ private:
     Outlet<Picker> scenePicker_;
     Outlet<Button> loadSceneButton_;
     Outlet<Button> saveSceneButton_;
-    std::vector<std::string> scenePickerData_; ///< ten titles from loading on
+    std::vector<std::string> scenePickerData_; ///< ten titles once loaded
     std::int64_t current_scene_ = 0;
 };
 

@@ -50,13 +50,13 @@ std::optional<SettingValue> fromJson(const QJsonValue& value) {
     return number.toString().toStdString();
 }
 
-/// The file itself where `path` is a symbolic link to it.
+/// The file itself if `path` is a symbolic link to it.
 fs::path target(const std::string& path) {
     std::error_code error;
     return fs::weakly_canonical(fs::absolute(path, error), error);
 }
 
-/// `start` with the first number that gives a name that is free.
+/// `start` followed by the first number for which no file exists.
 QString freeName(const QString& start) {
     for (int number = 1;; ++number) {
         const QFileInfo info(start + QString::number(number));
@@ -65,7 +65,7 @@ QString freeName(const QString& start) {
     }
 }
 
-/// Writes all of `text`. A full disk may take the first part without an error, and refuse only the rest.
+/// Writes all of `text`. A full disk may accept a part without an error and refuse only the rest.
 bool writeAll(QFileDevice& file, QByteArray text) {
     while (!text.isEmpty()) {
         const auto count = file.write(text);
@@ -97,7 +97,7 @@ public:
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
-    /// True if another program holds the lock. False also where the system knows no locks.
+    /// True if another program holds the lock. False if the file system has no locks.
     bool isBusy() const { return isBusy_; }
 
 private:
@@ -141,7 +141,7 @@ FileSettingsStore::FileSettingsStore(MainQueue& queue, const std::string& path, 
     if (lock.isBusy())
         problem_ = {LOCKED, false};
     else
-        refresh(); // another program may have set it aside just now
+        refresh(); // another program may just have set it aside
     if (!problem_.reason.empty())
         setAside();
 }
@@ -263,7 +263,7 @@ void FileSettingsStore::setAside() {
         const auto aside = freeName(file.fileName() + QStringLiteral(".unreadable-"));
         if (file.rename(aside)) {
             report_(sentence + "; the file was renamed to " + QFile::encodeName(aside).toStdString() + ".");
-            // What was known before goes into the new file.
+            // The values that were read before go into the new file.
             for (auto value = values_.begin(); value != values_.end(); ++value)
                 changes_.try_emplace(value.key(), value.value());
             values_ = {};

@@ -19,8 +19,8 @@
 
 namespace lumbra {
 
-/// The settings in the bytes of a file, or what is wrong with them, as part of a sentence. Empty or blank
-/// text holds no settings.
+/// Parses the bytes of a settings file. Returns the settings, or what is wrong as part of a sentence. Empty
+/// or blank text holds no settings. Any thread.
 std::variant<QJsonObject, std::string> parseSettings(const QByteArray& text);
 
 /// Settings in a file that holds one JSON object. Main thread only.
@@ -39,17 +39,16 @@ std::variant<QJsonObject, std::string> parseSettings(const QByteArray& text);
 /// is killed during a write.
 class FileSettingsStore final : public SettingsStore {
 public:
-    /// Takes one sentence for the person in front of the program: what was set aside, or not saved. Does not
-    /// throw.
+    /// Receives a sentence for the user: what was set aside or not saved. Must not throw.
     using Report = std::function<void(const std::string& sentence)>;
 
-    /// Writes the sentence as a line to standard error; a failure to do so is ignored.
+    /// Writes the sentence as a line to standard error. Failures are ignored.
     static void reportOnStandardError(const std::string& sentence);
 
     /// Reads the file. If its content is wrong and the folder is locked, waits up to `PATIENCE` for the lock.
     /// `queue` outlives the store.
     FileSettingsStore(MainQueue& queue, const std::string& path, Report report = reportOnStandardError);
-    /// Writes what has changed; waits up to `PATIENCE` for the lock, then reports that changes are lost.
+    /// Writes the changes; waits up to `PATIENCE` for the lock, then reports that the changes are lost.
     ~FileSettingsStore() override;
     FileSettingsStore(const FileSettingsStore&) = delete;
     FileSettingsStore& operator=(const FileSettingsStore&) = delete;
@@ -60,12 +59,12 @@ public:
     /// Creates the folder if it is missing. Never waits. A failure is reported once until a write succeeds.
     void flush() override;
 
-    /// How long after a change the file is written unless `flush` comes first, and how long until a write
+    /// The delay between a change and the write, unless `flush` comes first; also the delay before a write
     /// that found the folder locked is tried again.
     static constexpr std::chrono::milliseconds FLUSH_DELAY{200};
-    /// How long the start and the end of the program wait for the lock.
+    /// How long the constructor and the destructor wait for the lock.
     static constexpr std::chrono::milliseconds PATIENCE{500};
-    /// A larger file can't be a settings file.
+    /// A larger file is no settings file.
     static constexpr qint64 MAX_FILE_SIZE = 1 << 20; // bytes
 
 private:

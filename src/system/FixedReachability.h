@@ -4,7 +4,7 @@
 
 namespace lumbra {
 
-/// Always answers the same: for a unit on the loopback, which needs no network, and for tests.
+/// Always returns the same answer: for a unit on the loopback, which needs no network, and for tests.
 class FixedReachability final : public Reachability {
 public:
     explicit FixedReachability(bool reachable) : reachable_(reachable) {}

@@ -9,7 +9,7 @@ namespace lumbra {
 
 struct HostLookups::Mailbox {
     std::mutex mutex;
-    MainQueue* queue;     ///< null once nobody waits; under the mutex
+    MainQueue* queue;     ///< null once the look-ups are destroyed; under the mutex
     HostLookups* lookups; ///< main thread only
 };
 
@@ -25,13 +25,13 @@ HostLookups::~HostLookups() {
     mailbox_->lookups = nullptr;
 }
 
-HostLookups::Question HostLookups::ask(const std::string& host, std::uint16_t port, Done done) {
-    auto question = std::make_shared<const Done>(std::move(done));
+HostLookups::Request HostLookups::lookUp(const std::string& host, std::uint16_t port, Callback callback) {
+    auto request = std::make_shared<const Callback>(std::move(callback));
     const auto [found, isNew] = underWay_.try_emplace({host, port});
-    found->second.push_back(question);
+    found->second.push_back(request);
     if (!isNew) {
-        std::erase_if(found->second, [](const auto& asked) { return asked.expired(); });
-        return question;
+        std::erase_if(found->second, [](const auto& entry) { return entry.expired(); });
+        return request;
     }
     try {
         std::thread([mailbox = mailbox_, resolver = resolver_, place = found->first] {
@@ -47,14 +47,14 @@ HostLookups::Question HostLookups::ask(const std::string& host, std::uint16_t po
         underWay_.erase(found);
         return nullptr;
     }
-    return question;
+    return request;
 }
 
 void HostLookups::answer(const Place& place, const std::vector<SocketAddress>& addresses) {
     const auto waiting = underWay_.extract(place);
-    for (const auto& asked : waiting.mapped())
-        if (const auto question = asked.lock())
-            (*question)(addresses);
+    for (const auto& entry : waiting.mapped())
+        if (const auto request = entry.lock())
+            (*request)(addresses);
 }
 
 } // namespace lumbra

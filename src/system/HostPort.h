@@ -13,9 +13,9 @@ struct HostPort {
     std::uint16_t port;
 };
 
-/// Reads "HOST:PORT", or "[v6]:PORT" for an IPv6 address. Nothing where the host is empty or no possible
-/// host, where the port is not 1 to 65535 in plain decimal, and for an IPv6 address without brackets: where
-/// its port begins could only be guessed.
+/// Parses "HOST:PORT", or "[ADDRESS]:PORT" for an IPv6 address. Nothing if the host is empty or cannot be a
+/// host name, if the port is not a decimal number from 1 to 65535, or if an IPv6 address has no brackets,
+/// because its port would be ambiguous. Any thread.
 std::optional<HostPort> parseHostPort(std::string_view text);
 
 } // namespace lumbra

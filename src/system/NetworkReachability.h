@@ -4,7 +4,7 @@
 
 namespace lumbra {
 
-/// Reachable while an interface other than the loopback is up, has a carrier and an address.
+/// Reachable while an interface other than the loopback is up and has a carrier and an address.
 class NetworkReachability final : public Reachability {
 public:
     bool isReachable() const override;

@@ -22,7 +22,7 @@ private:
     QSocketNotifier notifier_;
 };
 
-/// Stands in for a descriptor that can't be polled: its read returns at once, with an error.
+/// The watch of a descriptor that cannot be polled because it is not open. Its read fails at once.
 class ClosedDescriptorWatch final : public DescriptorWatch {
 public:
     explicit ClosedDescriptorWatch(std::function<void()> readable) {

@@ -4,7 +4,7 @@
 
 namespace lumbra {
 
-/// Watches descriptors with the event loop of the thread that calls it: pipes, terminals, sockets and regular
+/// Watches descriptors with the event loop of the calling thread: pipes, terminals, sockets and regular
 /// files. Needs the application object.
 class QtDescriptorWatcher final : public DescriptorWatcher {
 public:

@@ -14,9 +14,9 @@ namespace lumbra {
 
 namespace {
 
-// Longer waits are made in pieces of this length: a QTimer counts in a 32-bit number of milliseconds.
+// Longer delays are split into pieces of this length: a QTimer counts milliseconds in 32 bits.
 constexpr std::chrono::hours LONGEST_TIMER{24};
-// Delays are held to this, far inside what the clock can count to.
+// Delays are clamped to this, far below the limit of the clock.
 constexpr std::chrono::hours LONGEST_DELAY{24 * 365 * 10};
 
 int createWakeDescriptor() {
@@ -48,7 +48,7 @@ void QtMainQueue::post(Work work) {
         if (std::exchange(wakeRequested_, true))
             return;
     }
-    // Can only fail with a full counter, and then the loop is awake already.
+    // This can only fail if the counter is full, and then the loop is awake already.
     [[maybe_unused]] const int result = eventfd_write(wakeDescriptor_, 1);
 }
 
@@ -58,8 +58,7 @@ void QtMainQueue::runPosted() {
 
     std::unique_lock lock(mutex_);
     wakeRequested_ = false;
-    // One at a time, so that an event loop inside a piece of work goes on with the next piece and not a later
-    // one.
+    // Taken one at a time, so that a nested event loop continues with the next piece in order.
     for (auto left = posted_.size(); left > 0 && !posted_.empty(); --left) {
         auto work = std::move(posted_.front());
         posted_.pop_front();
@@ -93,7 +92,7 @@ void QtMainQueue::postAfter(std::chrono::nanoseconds delay, Work work) {
 
 void QtMainQueue::runDue() {
     const auto now = Clock::now();
-    const auto last = sequence_; // what a piece of work adds waits for the next turn
+    const auto last = sequence_; // work added meanwhile waits for the next turn
     while (!delayed_.empty() && delayed_.front().due <= now && delayed_.front().sequence < last) {
         std::pop_heap(delayed_.begin(), delayed_.end(), runsLater);
         const auto work = std::move(delayed_.back().work);

@@ -13,10 +13,12 @@
 
 namespace lumbra {
 
-/// The main queue on the event loop of the thread that creates it. Needs the application object.
+/// The main queue, on the event loop of the thread that creates it. Needs the application object. The
+/// constructor throws std::system_error if the system gives no descriptor.
 ///
-/// Each turn runs what was posted before it began, so that work that posts more work leaves room for sockets
-/// and windows. Idle, it wakes nothing. Work that has not run when the queue is destroyed is dropped.
+/// Each turn runs the work that was posted before the turn began, so that work that posts more work leaves
+/// time for sockets and windows. Idle, it causes no wake-ups. Work that has not run when the queue is
+/// destroyed is dropped.
 class QtMainQueue final : public MainQueue {
 public:
     QtMainQueue();
@@ -25,11 +27,11 @@ public:
     QtMainQueue& operator=(const QtMainQueue&) = delete;
 
     void post(Work work) override;
-    /// Never runs `work` early. A delay below zero counts as zero.
+    /// Never runs `work` early. A negative delay counts as zero.
     void postAfter(std::chrono::nanoseconds delay, Work work) override;
 
-    /// Destroys the work that waits, for a program that ends: it may hold what must not outlive the rest. Main thread
-    /// only.
+    /// Destroys all pending work without running it. A program calls it before it ends, because pending work
+    /// may own objects that must not outlive others. Main thread only.
     void drop();
 
 private:
@@ -46,7 +48,7 @@ private:
     void runDue();
     void armTimer();
 
-    // The hand-over between threads is all our own: a lock, and a descriptor that the event loop polls.
+    // The hand-over between threads uses only a lock and a descriptor that the event loop polls.
     std::mutex mutex_;
     std::deque<Work> posted_;
     bool wakeRequested_ = false;

@@ -7,7 +7,7 @@
 
 namespace lumbra {
 
-/// Sends every pair to one place, whatever host and port it is asked for: to a tunnel or a simulated unit.
+/// Connects every pair to one place, whatever host and port are requested: a tunnel or a simulated unit.
 class RedirectingStreamFactory final : public StreamFactory {
 public:
     /// `streams` creates the pairs and outlives this factory.

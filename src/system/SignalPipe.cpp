@@ -18,7 +18,7 @@ struct Handled {
 };
 std::array<Handled, NSIG> handled;
 
-void pass(int signal) {
+void handleSignal(int signal) {
     const int error = errno;
     const auto& entry = handled[static_cast<std::size_t>(signal)];
     if (entry.once)
@@ -27,7 +27,7 @@ void pass(int signal) {
                 same.once && same.pipe == entry.pipe)
                 ::signal(other, SIG_DFL); // NOLINT: the system's macro
     const auto byte = static_cast<unsigned char>(signal);
-    // A full pipe holds signals enough.
+    // If the pipe is full, enough signals are pending.
     [[maybe_unused]] const auto written = ::write(entry.pipe, &byte, 1);
     errno = error;
 }
@@ -46,7 +46,7 @@ SignalPipe::SignalPipe(std::initializer_list<int> signals, Takes takes) {
         entry.pipe = ends_[1];
         entry.once = takes == Takes::First ? 1 : 0;
         struct sigaction action {};
-        action.sa_handler = pass;
+        action.sa_handler = handleSignal;
         ::sigemptyset(&action.sa_mask);
         ::sigaction(signal, &action, nullptr);
     }

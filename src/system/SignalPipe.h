@@ -8,25 +8,25 @@
 
 namespace lumbra {
 
-/// Turns signals into bytes of a pipe that the main loop watches. Destroying it brings back the handling from before. A
-/// signal belongs to one pipe at a time. Main thread only.
+/// Turns signals into bytes of a pipe that the main loop watches. Destroying it restores the previous
+/// handlers. A signal belongs to one pipe at a time. Main thread only.
 class SignalPipe {
 public:
     enum class Takes : std::uint8_t {
         Every, ///< every signal
-        First, ///< the first one; all of them then have their default action, so that the next one ends the process
+        First, ///< the first one; from then on all have their default action, so the next one ends the process
     };
 
-    /// Throws std::system_error where the system gives no pipe. SIGHUP stays ignored where the parent process had
-    /// it ignored (nohup).
+    /// Throws std::system_error if the system gives no pipe. If the parent process ignores SIGHUP (nohup), it
+    /// stays ignored.
     SignalPipe(std::initializer_list<int> signals, Takes takes);
     ~SignalPipe();
     SignalPipe(const SignalPipe&) = delete;
     SignalPipe& operator=(const SignalPipe&) = delete;
 
-    /// Readable while a signal waits.
+    /// The read end of the pipe: readable while a signal is pending.
     int descriptor() const { return ends_[0]; }
-    /// The next signal that waits.
+    /// Returns and removes the next pending signal, if any. Does not block.
     std::optional<int> next();
 
 private:

@@ -14,7 +14,7 @@ namespace lumbra {
 
 namespace {
 
-// 253 characters for a name; some are left for an address with its scope.
+// A name has up to 253 characters; the rest leaves room for an address with a scope.
 constexpr std::size_t LONGEST_HOST = 300;
 
 std::vector<SocketAddress> addresses(const std::string& host, std::uint16_t port, int flags) {

@@ -13,20 +13,20 @@ namespace lumbra {
 
 namespace {
 
-// A unit that vanished without a word is noticed within about half a minute, idle or not: an idle connection
-// is probed after KEEPALIVE_IDLE, and neither a probe nor a command may stay unacknowledged for longer than
+// A unit that vanishes silently is noticed within about half a minute: an idle connection is probed after
+// KEEPALIVE_IDLE, and neither a probe nor a command may stay unacknowledged for longer than
 // UNACKNOWLEDGED_LIMIT.
-constexpr int KEEPALIVE_IDLE = 15;               // s
-constexpr int KEEPALIVE_INTERVAL = 5;            // s
-constexpr int KEEPALIVE_PROBES = 3;              //
+constexpr int KEEPALIVE_IDLE = 15;    // s
+constexpr int KEEPALIVE_INTERVAL = 5; // s
+constexpr int KEEPALIVE_PROBES = 3;
 constexpr unsigned UNACKNOWLEDGED_LIMIT = 30000; // ms
 
-// Bytes that nobody will read are thrown away before the socket is closed, up to this many.
+// Up to this many unread bytes are discarded before the socket is closed.
 constexpr std::size_t DISCARD_LIMIT = std::size_t{1} << 24;
 
 template <typename Value>
 void setOption(int socket, int level, int name, Value value) {
-    // Every option is an improvement that the connection works without.
+    // The options are improvements; the connection works without them.
     static_cast<void>(setsockopt(socket, level, name, &value, sizeof value));
 }
 
@@ -72,7 +72,7 @@ void SocketConnection::open() {
     }
     attemptTimer_->start(timeToConnect_);
     lookup_ =
-        lookups_.ask(name, port_, [this](const std::vector<SocketAddress>& found) { connectTo(found); });
+        lookups_.lookUp(name, port_, [this](const std::vector<SocketAddress>& found) { connectTo(found); });
     if (!lookup_)
         fail(); // no thread to look the name up
 }
@@ -90,7 +90,7 @@ void SocketConnection::connectNext() {
             std::chrono::ceil<std::chrono::milliseconds>(deadline_ - std::chrono::steady_clock::now());
         if (timeLeft <= std::chrono::milliseconds::zero())
             break;
-        // An address that does not answer must not use up the time of those behind it.
+        // An address that does not answer must not use up the time of the following ones.
         attemptTimer_->start(timeLeft / static_cast<int>(addresses_.size()));
         const auto address = addresses_.back();
         addresses_.pop_back();
@@ -116,7 +116,7 @@ bool SocketConnection::startConnect(const SocketAddress& address) {
         dropSocket();
         return false;
     }
-    // Also for a connect that is complete already: nothing is reported inside open().
+    // Used even if the connect is complete already: nothing is reported inside open().
     writeNotifier_ = std::make_unique<QSocketNotifier>(socket_, QSocketNotifier::Write);
     QObject::connect(writeNotifier_.get(), &QSocketNotifier::activated, [this] { writable(); });
     return true;
@@ -178,7 +178,7 @@ void SocketConnection::receive() {
         offerPending_ = true;
         deliver();
     } else if (count == 0) {
-        // The write that failed has used up the connection's error.
+        // The failed write has consumed the error of the socket.
         finish(writeFailed_ ? StreamEvent::ErrorOccurred : StreamEvent::EndEncountered);
     } else if ((errno != EAGAIN && errno != EINTR) || writeFailed_) {
         finish(StreamEvent::ErrorOccurred);
@@ -253,7 +253,7 @@ void SocketConnection::postDelivery() {
 }
 
 void SocketConnection::deliver() {
-    // A delegate may destroy both streams inside any report, and with them this object.
+    // A delegate may destroy both streams, and thereby this object, inside any report.
     const auto self = shared_from_this();
     const bool outer = std::exchange(delivering_, true);
     if (state_ == State::Connected) {
@@ -276,7 +276,7 @@ void SocketConnection::deliverBytes() {
         return;
     offerPending_ = false;
     report(input_, StreamEvent::HasBytesAvailable);
-    if (mustOffer()) // only some were read; the rest is offered in a turn of its own
+    if (mustOffer()) // the rest is reported in another turn
         postDelivery();
 }
 
@@ -321,7 +321,7 @@ void SocketConnection::dropSocket() {
 }
 
 void SocketConnection::release() {
-    // A close with bytes unread would reset the connection, and the unit might lose the last command with it.
+    // Closing a socket with unread bytes resets the connection, and the unit might lose the last command.
     if (state_ == State::Connected)
         static_cast<void>(::recv(socket_, nullptr, DISCARD_LIMIT, MSG_DONTWAIT | MSG_TRUNC));
     state_ = State::Released;

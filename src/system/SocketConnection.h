@@ -20,25 +20,27 @@
 
 namespace lumbra {
 
-/// What the two streams of a socket pair share: the socket, its connect, and the events of both directions.
-/// Each stream holds it, and it releases the socket as soon as both directions are closed.
+/// The state that the two streams of a pair share: the socket, its connect, and the events of both
+/// directions. Each stream owns a reference. The socket is released as soon as both directions are closed.
 ///
-/// It is created on any thread and touches no event loop before `open`; from then on it is the main thread's.
+/// It may be created on any thread and touches no event loop before `open`. From then on it belongs to the
+/// main thread.
 class SocketConnection final : public std::enable_shared_from_this<SocketConnection> {
 public:
     enum class Direction : std::uint8_t { Input, Output };
 
-    /// The most that one turn of the main loop reads.
+    /// The most bytes that one turn of the main loop reads.
     static constexpr std::size_t RECEIVE_BUFFER_SIZE = 65536;
 
-    /// `queue` and `lookups` outlive the connection. `deadline` holds for the look-up and all connects together.
+    /// `queue` and `lookups` outlive the connection. `deadline` is the time for the look-up and all connects
+    /// together.
     SocketConnection(MainQueue& queue, HostLookups& lookups, std::string host, std::uint16_t port,
                      std::chrono::milliseconds deadline);
     ~SocketConnection();
     SocketConnection(const SocketConnection&) = delete;
     SocketConnection& operator=(const SocketConnection&) = delete;
 
-    /// Names the stream that speaks for `direction`, once, before anything else.
+    /// Sets the stream that represents `direction` in events. Called once, before anything else.
     void attach(Direction direction, Stream& stream) { half(direction).stream = &stream; }
     void setDelegate(Direction direction, StreamDelegate* delegate);
     void setScheduled(Direction direction, bool scheduled);
@@ -97,8 +99,8 @@ private:
     Half input_;
     Half output_;
 
-    HostLookups::Question lookup_;
-    std::vector<SocketAddress> addresses_; ///< those not tried yet, the next one last
+    HostLookups::Request lookup_;
+    std::vector<SocketAddress> addresses_; ///< not tried yet, the next one last
     std::chrono::steady_clock::time_point deadline_;
     std::unique_ptr<QTimer> attemptTimer_;
 
@@ -110,10 +112,10 @@ private:
     std::size_t receivedBegin_ = 0;
     std::size_t receivedEnd_ = 0;
 
-    bool offerPending_ = false; ///< the unread bytes, if any, are to be offered
+    bool offerPending_ = false; ///< unread bytes, if any, must be reported to the delegate
     bool spacePending_ = false;
     bool writeFailed_ = false;
-    std::optional<StreamEvent> lastEvent_; ///< the end or error that nothing follows
+    std::optional<StreamEvent> lastEvent_; ///< the end or error; nothing follows it
     bool lastEventReported_ = false;
     bool deliveryPosted_ = false;
     bool delivering_ = false;

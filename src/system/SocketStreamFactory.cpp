@@ -10,7 +10,7 @@ namespace lumbra {
 
 namespace {
 
-/// What both directions of a pair do alike.
+/// The common part of both directions.
 template <typename Interface, SocketConnection::Direction DIRECTION>
 class SocketStream : public Interface {
 public:

@@ -44,7 +44,7 @@ void ThreadWorker::run() {
         posted_.pop_front();
         lock.unlock();
         work();
-        work = nullptr; // what it holds goes before the lock is taken again
+        work = nullptr; // destroy what it owns without the lock
         lock.lock();
     }
 }

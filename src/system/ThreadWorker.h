@@ -19,8 +19,8 @@ public:
     ThreadWorker& operator=(const ThreadWorker&) = delete;
 
     bool post(std::function<void()> work) override;
-    /// Waits for the work under way and drops what has not begun; nothing runs from then on. What work uses must live
-    /// until here. Main thread only.
+    /// Waits for the piece of work that is running and drops the rest; later posts are refused. Everything
+    /// that work uses must live until this returns. Main thread only.
     void stop();
 
 private:

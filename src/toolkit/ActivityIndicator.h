@@ -4,7 +4,7 @@
 
 namespace lumbra {
 
-/// Turns while something is awaited.
+/// Shows that something is awaited: it turns while it animates.
 class ActivityIndicator final : public Control {
 public:
     static constexpr Kind KIND = Kind::ActivityIndicator;

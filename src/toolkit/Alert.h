@@ -16,7 +16,7 @@ struct Alert {
     std::string button;
 };
 
-/// Shows one alert at a time; one that is asked for while another stands replaces it. Main thread only.
+/// Holds the alert that is shown. Presenting another one replaces it. Main thread only.
 class AlertPresenter {
 public:
     const std::optional<Alert>& shown() const { return shown_; }
@@ -25,7 +25,7 @@ public:
         shown_ = std::move(alert);
         changed_.emit();
     }
-    /// A hand presses the button of the alert on show. False where there is none.
+    /// The user presses the button of the alert. False if none is shown.
     bool dismissByUser() {
         if (!shown_)
             return false;
@@ -34,7 +34,7 @@ public:
         return true;
     }
 
-    /// Calls `observer` each time an alert is asked for and each time one is dismissed.
+    /// Calls `observer` each time an alert is presented or dismissed.
     Subscription onChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
 
 private:

@@ -16,7 +16,7 @@ public:
 
     const std::string& title() const { return title_; }
 
-    /// A hand presses the button: one press event. False, and nothing happens, while disabled.
+    /// The user presses the button: one press event. Returns false and does nothing while disabled.
     bool pressByUser() {
         if (!isEnabled())
             return false;

@@ -9,12 +9,11 @@
 
 namespace lumbra {
 
-/// Something on a screen that a person can see and, for most kinds, move. Main thread only.
+/// Something on a screen that the user can see and, for most kinds, operate. Main thread only.
 ///
-/// The program sets a control through its setters, which send no event. A front end moves it through the
-/// members that end in `ByUser`, which act as a hand would: they refuse a disabled control and send the
-/// control's event to its target. Observers hear of every visible change, whoever made it, and never of a
-/// change that shows nothing.
+/// The program sets a control through its setters, which send no event. A front end operates it through the
+/// members that end in `ByUser`: they refuse a disabled control and send the control's event to its target.
+/// Observers are called after every visible change, whoever made it, and only then.
 class Control {
 public:
     enum class Kind : std::uint8_t { Picker, Slider, Switch, Segmented, Label, ActivityIndicator, Button };
@@ -25,7 +24,7 @@ public:
 
     Kind kind() const { return kind_; }
 
-    /// Whether a hand can move it.
+    /// Whether the user can operate the control.
     bool isEnabled() const { return enabled_; }
     void setEnabled(bool enabled) { change(enabled_, enabled); }
 
@@ -35,7 +34,7 @@ public:
 protected:
     explicit Control(Kind kind) : kind_(kind) {}
 
-    /// Sets `field` and tells the observers if that made a difference.
+    /// Sets `field` and calls the observers if its value differs.
     template <class T>
     void change(T& field, const T& value) {
         if (field == value)
@@ -51,11 +50,12 @@ private:
     Signal<> changed_;
 };
 
-/// Where a control's event goes: one target, which the control does not keep alive.
+/// The target of a control's event. The control does not keep the target alive.
 template <class Sender>
 class TargetAction {
 public:
-    /// `action` is called with the target and the control: a method of the target, or a function.
+    /// `action` is a method of the target that takes the control, or a function of the target and the
+    /// control.
     template <class Target, class Action>
     void set(std::weak_ptr<Target> target, Action action) {
         action_ = [target = std::move(target), action](Sender& sender) {

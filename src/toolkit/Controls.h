@@ -15,7 +15,7 @@
 
 namespace lumbra {
 
-/// A kind of control in words, without an article: "slider".
+/// The name of a kind of control, without an article: "slider".
 constexpr std::string_view nameOf(Control::Kind kind) {
     switch (kind) {
     case Control::Kind::Picker:
@@ -36,7 +36,7 @@ constexpr std::string_view nameOf(Control::Kind kind) {
     return {};
 }
 
-/// Several function objects as one set of overloads.
+/// A set of function objects as one overload set.
 template <class... Functions>
 struct Overloads : Functions... {
     using Functions::operator()...;
@@ -44,8 +44,8 @@ struct Overloads : Functions... {
 template <class... Functions>
 Overloads(Functions...) -> Overloads<Functions...>;
 
-/// Calls `function` with `control` as what it is (`Picker&`, `const Slider&` ...). It must take every kind, so that a
-/// kind that was forgotten does not compile.
+/// Calls `function` with `control` as its concrete type (`Picker&`, `const Slider&` ...). `function` must
+/// accept every kind: a forgotten one does not compile.
 template <class AnyControl, class Function>
 decltype(auto) visit(AnyControl& control, Function&& function) {
     const auto as = [&]<class Type>(std::type_identity<Type>) -> decltype(auto) {
@@ -68,7 +68,7 @@ decltype(auto) visit(AnyControl& control, Function&& function) {
     case Button::KIND:
         return as(std::type_identity<Button>());
     }
-    std::abort(); // every control is of one of the kinds
+    std::abort(); // there are no other kinds
 }
 
 } // namespace lumbra

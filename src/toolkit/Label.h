@@ -10,7 +10,7 @@
 
 namespace lumbra {
 
-/// A whole number with its unit, as a label shows it.
+/// A whole number with its unit.
 struct Reading {
     enum class Unit : std::uint8_t { Percent, Decibel, Hertz, Kilohertz };
 
@@ -33,7 +33,7 @@ public:
     explicit Label(const Reading& reading) : Label(reading.text()) { reading_ = reading; }
 
     const std::string& text() const { return text_; }
-    /// What the text reads, for whoever says it in another way; nothing where it is only text.
+    /// The value behind the text, so that a front end can present it differently; nothing for plain text.
     const std::optional<Reading>& reading() const { return reading_; }
 
     void setText(std::string_view text) { show(text, std::nullopt); }

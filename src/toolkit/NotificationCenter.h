@@ -9,13 +9,13 @@
 
 namespace lumbra {
 
-/// What the application announces to whoever has registered for it.
+/// The events that the application announces to registered observers.
 enum class Notification : std::uint8_t { ApplicationDidBecomeActive };
 
-/// Hands notifications to registered observers, in the order of their registrations. Main thread only.
+/// Delivers notifications to registered observers, in the order of registration. Main thread only.
 class NotificationCenter {
 public:
-    /// Registers `method` of `observer`, which is not kept alive, for `notification`.
+    /// Registers `method` of `observer` for `notification`. The observer is not kept alive.
     template <class Observer>
     void addObserver(const std::shared_ptr<Observer>& observer, Notification notification,
                      void (Observer::*method)()) {
@@ -24,7 +24,7 @@ public:
                                     (alive.get()->*method)();
                             }});
     }
-    /// Ends all registrations of `observer`.
+    /// Removes all registrations of `observer`.
     void removeObserver(const void* observer) {
         std::erase_if(entries_, [observer](const Entry& entry) { return entry.observer == observer; });
     }

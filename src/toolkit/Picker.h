@@ -15,7 +15,6 @@ class Picker;
 
 enum class Color : std::uint8_t { Black, White };
 
-/// "black" or "white".
 std::string_view nameOf(Color color);
 
 /// A text (UTF-8) and the colour it is drawn in.
@@ -24,7 +23,7 @@ struct AttributedText {
     Color color = Color::Black;
 };
 
-/// Tells a picker what its rows are.
+/// Provides a picker's rows.
 class PickerDataSource {
 public:
     virtual int numberOfComponents(const Picker& picker) const { return static_cast<void>(picker), 1; }
@@ -37,7 +36,7 @@ protected:
     ~PickerDataSource() = default;
 };
 
-/// Hears what a hand picks.
+/// Is told which row the user picks.
 class PickerDelegate {
 public:
     virtual void didSelectRow(Picker& picker, int row) = 0;
@@ -46,8 +45,7 @@ protected:
     ~PickerDelegate() = default;
 };
 
-/// A wheel with one column of rows of which one is selected; -1 while it has no rows. It keeps neither its
-/// data source nor its delegate alive.
+/// A wheel of rows, one of them selected. It keeps neither its data source nor its delegate alive.
 class Picker final : public Control {
 public:
     static constexpr Kind KIND = Kind::Picker;
@@ -56,24 +54,25 @@ public:
 
     const std::vector<std::string>& rows() const { return rows_; }
     Color color() const { return color_; }
+    /// 0-based; -1 while there are no rows.
     int selected() const { return selected_; }
     /// The text of the selected row; empty while there are no rows.
     std::string selectedText() const {
         return has(selected_) ? rows_[static_cast<std::size_t>(selected_)] : std::string();
     }
 
-    /// Takes the rows from `dataSource` from now on, and at once.
+    /// Takes its rows from `dataSource` from now on, and reloads them.
     void setDataSource(std::weak_ptr<PickerDataSource> dataSource);
     void setDelegate(std::weak_ptr<PickerDelegate> delegate) { delegate_ = std::move(delegate); }
 
-    /// Asks the data source for all rows again. The selected row stays where it still exists, else the last
-    /// one is selected.
+    /// Reads all rows from the data source again. The selected row stays selected if it still exists, else
+    /// the last one is selected.
     void reloadAllComponents();
-    /// Selects `row` without an event; a row that it does not have changes nothing.
+    /// Selects `row` without an event. A row that does not exist is ignored.
     void selectRow(int row);
 
-    /// A hand turns the wheel to `row`, also to the one that is selected: one event. False, and nothing
-    /// happens, while disabled or where there is no such row.
+    /// The user turns the wheel to `row`, which may be selected already: one event. Returns false and does
+    /// nothing if disabled or if there is no such row.
     bool pickByUser(int row);
 
 private:

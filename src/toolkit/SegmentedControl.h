@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// A row of segments of which one is selected.
+/// A row of segments, one of them selected. Segments are numbered from 0.
 class SegmentedControl final : public Control {
 public:
     static constexpr Kind KIND = Kind::Segmented;
@@ -23,8 +23,8 @@ public:
             change(selected_, segment);
     }
 
-    /// A hand taps a segment: one value-changed event, none for the selected one. False, and nothing happens,
-    /// while disabled or where there is no such segment.
+    /// The user taps a segment: one value-changed event, or none if it is selected already. Returns false and
+    /// does nothing if disabled or if there is no such segment.
     bool tapByUser(int segment) {
         if (!isEnabled() || !has(segment))
             return false;

@@ -9,7 +9,8 @@
 
 namespace lumbra {
 
-/// Keeps an observer subscribed; destroying or resetting it ends the subscription, also during an emission.
+/// Keeps an observer subscribed. Destroying or resetting it ends the subscription, which is allowed during an
+/// emission.
 class [[nodiscard]] Subscription {
 public:
     Subscription() = default;
@@ -28,8 +29,8 @@ private:
     std::function<void()> end_;
 };
 
-/// Tells any number of observers that something happened. One thread only. Emitting allocates nothing;
-/// observers may come and go while it runs, and one that comes is first told of the next emission.
+/// Calls any number of observers. One thread only. Emitting allocates nothing. Observers may be added and
+/// removed during an emission; a new one is first called in the next emission.
 template <class... Args>
 class Signal {
 public:

@@ -7,25 +7,25 @@
 
 namespace lumbra {
 
-/// A level between two limits. Values are single precision, finite and always held to the range. A value that is not
-/// finite is refused: nothing changes.
+/// A level between two limits, in single precision. A value beyond a limit is clamped to it. A value that is
+/// not finite is refused and changes nothing.
 class Slider final : public Control {
 public:
     static constexpr Kind KIND = Kind::Slider;
 
     Slider(float minimum, float maximum, float value)
-        : Control(KIND), minimum_(minimum), maximum_(maximum), value_(held(value)) {}
+        : Control(KIND), minimum_(minimum), maximum_(maximum), value_(clamped(value)) {}
 
     float minimum() const { return minimum_; }
     float maximum() const { return maximum_; }
     float value() const { return value_; }
     void setValue(float value) {
         if (std::isfinite(value))
-            change(value_, held(value));
+            change(value_, clamped(value));
     }
 
-    /// A hand moves the slider to `value`: one value-changed event, also where the value stays the same.
-    /// False, and nothing happens, while disabled or where `value` is not finite.
+    /// The user moves the slider to `value`: one value-changed event, even if the value stays the same.
+    /// Returns false and does nothing if disabled or if `value` is not finite.
     bool slideByUser(float value) {
         if (!isEnabled() || !std::isfinite(value))
             return false;
@@ -37,7 +37,7 @@ public:
     TargetAction<Slider> valueChanged;
 
 private:
-    float held(float value) const { return std::clamp(value, minimum_, maximum_); }
+    float clamped(float value) const { return std::clamp(value, minimum_, maximum_); }
 
     float minimum_;
     float maximum_;

@@ -14,8 +14,8 @@ public:
     bool isOn() const { return on_; }
     void setOn(bool on) { change(on_, on); }
 
-    /// A hand flips the switch: one value-changed event, none where it stands there already. False, and
-    /// nothing happens, while disabled.
+    /// The user flips the switch: one value-changed event, or none if it is in that position already. Returns
+    /// false and does nothing while disabled.
     bool flipByUser(bool on) {
         if (!isEnabled())
             return false;

@@ -11,27 +11,27 @@ namespace lumbra {
 
 /// Holds screens as tabs and shows one of them. Main thread only.
 ///
-/// A screen that comes on show is loaded if it is not, then told that it will appear; then the one that it replaces is
-/// told that it will disappear. While the tab controller itself is not on show, no screen is told anything.
+/// A screen that is shown is first loaded if necessary and told that it will appear; then the previous screen
+/// is told that it will disappear. While the tab controller itself is hidden, no screen is told anything.
 class TabBarController : public ViewController {
 public:
     TabBarController();
 
     const std::vector<std::shared_ptr<ViewController>>& viewControllers() const { return controllers_; }
-    /// Replaces the tabs. The selected position stays, or becomes the last one where it no longer exists.
+    /// Replaces the tabs. The selected position stays; if it no longer exists, the last tab is selected.
     void setViewControllers(std::vector<std::shared_ptr<ViewController>> controllers);
 
     int selectedIndex() const { return selected_; }
     /// Null while there are no tabs.
     std::shared_ptr<ViewController> selectedViewController() const;
-    /// Selects a tab for the program. A position that does not exist changes nothing.
+    /// Selects a tab without storing the choice. A position that does not exist is ignored.
     void setSelectedIndex(int index);
 
-    /// A hand selects a tab, which may be on show already. False where there is no such tab.
+    /// The user selects a tab, which may be selected already. False if there is no such tab.
     bool selectByUser(int index);
 
-    /// Calls `observer` whenever the tabs or the screen on show have changed while this controller is on
-    /// show, and when it comes on show.
+    /// Calls `observer` when this controller appears, and when the tabs or the current screen change while it
+    /// is visible.
     Subscription onScreenChange(std::function<void()> observer) {
         return changed_.subscribe(std::move(observer));
     }
@@ -40,7 +40,7 @@ public:
     void viewWillDisappear() override;
 
 protected:
-    /// A hand has selected the tab that is on show now.
+    /// Called after the user has selected a tab, which is the current one now.
     virtual void didSelectViewController() {}
 
 private:

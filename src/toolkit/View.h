@@ -10,7 +10,7 @@
 
 namespace lumbra {
 
-/// Points at a control without owning it; empty once the control is gone.
+/// A reference to a control that does not own it. It is empty once the control is destroyed.
 template <class T>
 class Outlet {
 public:
@@ -35,28 +35,28 @@ class View {
 public:
     struct Item {
         std::string name;    ///< the outlet's name, unique on the screen
-        std::string caption; ///< what stands beside the control for a person; may be empty
+        std::string caption; ///< the text beside the control; may be empty
         std::shared_ptr<Control> control;
     };
 
     View(std::string name, std::string title) : name_(std::move(name)), title_(std::move(title)) {}
 
-    /// The screen's short name, as a script says it ("zone").
+    /// The screen's short name, as scripts use it ("zone").
     const std::string& name() const { return name_; }
-    /// The screen's title for a person ("Zones").
+    /// The screen's title ("Zones").
     const std::string& title() const { return title_; }
     const std::vector<Item>& items() const { return items_; }
 
     void add(Item item) { items_.push_back(std::move(item)); }
 
-    /// The control of that name; null where there is none.
+    /// The control with that name, or null.
     std::shared_ptr<Control> find(std::string_view name) const {
         for (const auto& item : items_)
             if (item.name == name)
                 return item.control;
         return nullptr;
     }
-    /// The control of that name, which must exist and be of that kind.
+    /// The control with that name, which must exist and be of type T.
     template <class T>
     Outlet<T> outlet(std::string_view name) const {
         auto control = std::dynamic_pointer_cast<T>(find(name));

@@ -17,21 +17,21 @@ public:
 
     const View& view() const { return *view_; }
 
-    /// Once, before the first appearance.
+    /// Called once, before the first appearance.
     virtual void viewDidLoad() {}
-    /// About to be shown.
+    /// The view is about to be shown.
     virtual void viewWillAppear() {}
-    /// About to be hidden.
+    /// The view is about to be hidden.
     virtual void viewWillDisappear() {}
 
-    /// Runs `viewDidLoad` unless it has run.
+    /// Calls `viewDidLoad` unless that has been done.
     void loadViewIfNeeded() {
         if (!std::exchange(loaded_, true))
             viewDidLoad();
     }
 
 protected:
-    /// This controller as the type it is, for targets and delegates that must not keep it alive.
+    /// A shared pointer to `self` with its own type, for targets and delegates.
     template <class Self>
     static std::shared_ptr<Self> shared(Self* self) {
         return std::static_pointer_cast<Self>(self->shared_from_this());

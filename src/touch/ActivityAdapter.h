@@ -7,7 +7,7 @@
 
 namespace lumbra {
 
-/// Shows an activity indicator to QML.
+/// Exposes an activity indicator to QML.
 class ActivityAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT

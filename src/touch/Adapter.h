@@ -7,26 +7,26 @@ namespace lumbra {
 
 class RefreshQueue;
 
-/// Shows something of the application to QML. All its properties notify through `changed`, at most once a
-/// frame however often the application changed meanwhile. Main thread only.
+/// Exposes a part of the application to QML. All properties notify through `changed`, at most once a frame
+/// however often the application changes. Main thread only, as all adapters.
 class Adapter : public QObject {
     Q_OBJECT
     QML_ANONYMOUS
 
 public:
-    /// Both outlive the adapter.
+    /// `queue` and `parent` outlive the adapter; `parent` owns it.
     explicit Adapter(RefreshQueue& queue, QObject* parent) : QObject(parent), queue_(queue) {}
 
-    /// Runs `refresh` where something has changed since the last time.
+    /// Calls `refresh` if something has changed since the last time.
     void refreshIfMarked();
 
 Q_SIGNALS:
     void changed();
 
 protected:
-    /// Something that QML may show has changed: `refresh` runs soon.
+    /// Call when something visible to QML has changed: schedules `refresh`.
     void mark();
-    /// Brings what QML sees up to date.
+    /// Updates what QML sees.
     virtual void refresh() { Q_EMIT changed(); }
 
 private:

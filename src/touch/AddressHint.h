@@ -4,8 +4,8 @@
 
 namespace lumbra {
 
-/// What a person should know about an address as it stands, in their language; empty where there is nothing
-/// to say. Any text is accepted as an address all the same.
+/// A hint about an unusual address, as a sentence in the user's language; empty if there is none. Any text is
+/// accepted as an address. Main thread only.
 QString addressHint(const QString& address);
 
 } // namespace lumbra

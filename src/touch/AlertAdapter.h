@@ -8,7 +8,8 @@
 
 namespace lumbra {
 
-/// Shows the alert on show, if there is one, to QML. All texts are plain and in the person's language.
+/// Exposes the alert to QML, if one is shown. All texts are plain text in the user's language; they are empty
+/// while no alert is shown.
 class AlertAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
@@ -26,7 +27,7 @@ public:
     QString title() const { return text(&Alert::title); }
     QString message() const { return text(&Alert::message); }
     QString button() const { return text(&Alert::button); }
-    /// A hand presses the alert's button.
+    /// The user presses the alert's button. Does nothing while no alert is shown.
     Q_INVOKABLE void dismiss();
 
 private:

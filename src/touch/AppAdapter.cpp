@@ -11,19 +11,19 @@ AppAdapter::AppAdapter(Application& application, WindowLife& life, QObject* pare
       link_(new LinkAdapter(application, refreshQueue_, this)),
       alert_(new AlertAdapter(application.alerts(), refreshQueue_, this)),
       settings_(new SettingsAdapter(application, life, refreshQueue_, this)),
-      screenChange_(application.tabs().onScreenChange([this] { takeTabs(); })),
-      alertChange_(application.alerts().onChange([this] { dropHands(); })) {
-    QObject::connect(settings_, &Adapter::changed, this, &AppAdapter::dropHands);
-    takeTabs();
+      screenChange_(application.tabs().onScreenChange([this] { updateTabs(); })),
+      alertChange_(application.alerts().onChange([this] { cancelGrabs(); })) {
+    QObject::connect(settings_, &Adapter::changed, this, &AppAdapter::cancelGrabs);
+    updateTabs();
 }
 
-void AppAdapter::dropHands() {
+void AppAdapter::cancelGrabs() {
     for (auto* const screen : screens_)
-        screen->dropHands();
+        screen->cancelGrabs();
 }
 
-void AppAdapter::takeTabs() {
-    dropHands();
+void AppAdapter::updateTabs() {
+    cancelGrabs();
     QList<ScreenAdapter*> tabs;
     for (const auto& controller : application_.tabs().viewControllers())
         tabs << adapterOf(controller);

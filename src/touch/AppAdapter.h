@@ -18,7 +18,7 @@
 
 namespace lumbra {
 
-/// Shows the application to QML: the tabs, the screen on show, the link, the alert and the settings. Main
+/// Exposes the application to QML: the tabs, the current screen, the link, the alert and the settings. Main
 /// thread only.
 class AppAdapter final : public QObject {
     Q_OBJECT
@@ -42,23 +42,24 @@ public:
     AlertAdapter* alert() const { return alert_; }
     SettingsAdapter* settings() const { return settings_; }
 
-    /// A hand selects a tab, also the one on show.
+    /// The user selects a tab by its 0-based position, which may be selected already. False if there is no
+    /// such tab.
     Q_INVOKABLE bool selectTab(int index) { return application_.tabs().selectByUser(index); }
 
-    /// All hands are off all sliders, as what a finger is on has moved or gone out of sight.
-    Q_INVOKABLE void dropHands();
+    /// Cancels the grabs of all sliders, because what is under the finger has moved or disappeared.
+    Q_INVOKABLE void cancelGrabs();
 
 Q_SIGNALS:
     void tabsChanged();
     void selectedChanged();
 
 private:
-    void takeTabs();
+    void updateTabs();
     ScreenAdapter* adapterOf(const std::shared_ptr<ViewController>& controller);
 
     Application& application_;
     RefreshQueue refreshQueue_;
-    std::vector<ScreenAdapter*> screens_; ///< all that have been on show, also those among no tabs now
+    std::vector<ScreenAdapter*> screens_; ///< every screen that has been a tab, also those that are none now
     QList<ScreenAdapter*> tabs_;
     ScreenAdapter* screen_ = nullptr;
     LinkAdapter* link_;

@@ -7,7 +7,7 @@
 
 namespace lumbra {
 
-/// Shows a button to QML; its title is its caption.
+/// Exposes a button to QML. Its title is its caption.
 class ButtonAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -18,7 +18,7 @@ public:
                   QObject* parent)
         : ControlAdapter(control, control->title(), queue, parent), control_(std::move(control)) {}
 
-    /// A hand presses the button. False where it is disabled.
+    /// The user presses the button. False if it is disabled.
     Q_INVOKABLE bool press() { return control_->pressByUser(); }
 
 private:

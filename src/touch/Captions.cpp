@@ -11,8 +11,8 @@ namespace {
 
 constexpr const char* CONTEXT = "System";
 
-/// Captions as the second part of a name: "Kitchen volume". Some languages write them there as they stand alone, some
-/// do not.
+/// Captions as the second part of a name: "Kitchen volume". In some languages they differ there from the
+/// caption on its own.
 [[maybe_unused]] constexpr const char* IN_A_NAME[] = {
     QT_TRANSLATE_NOOP("Sentence", "input"),     QT_TRANSLATE_NOOP("Sentence", "volume"),
     QT_TRANSLATE_NOOP("Sentence", "mute"),      QT_TRANSLATE_NOOP("Sentence", "loudness"),
@@ -26,7 +26,7 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// A number behind a caption is no part of what is translated.
+/// The number at the end of a caption is not part of the text to translate.
 QString translatedWords(const char* context, std::string_view text) {
     const auto blank = text.rfind(' ');
     const bool numbered = blank != std::string_view::npos && blank + 1 < text.size() &&
@@ -67,7 +67,7 @@ QString spokenName(const QString& where, std::string_view caption) {
     std::string lower(caption);
     if (!lower.empty())
         lower.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(lower.front())));
-    //: %1 is the name of a zone, an output ..., %2 what of it: "Kitchen volume"
+    //: %1 is the name of an item (a zone, an output ...), %2 a caption of its controls: "Kitchen volume"
     return QCoreApplication::translate("Sentence", "%1 %2").arg(where, translatedWords("Sentence", lower));
 }
 

@@ -8,17 +8,18 @@
 
 namespace lumbra {
 
-// The application's own English texts (UTF-8) in the person's language. A text that is not one of them, as a
-// name or a level from the unit, stays as it stands.
+// Translates the application's own English texts (UTF-8) into the user's language. Any other text, such as a
+// name from the unit, is returned unchanged. Main thread only.
 
-/// Captions, titles, segments, labels and alerts. A number behind a caption ("Override 3") is kept.
+/// Translates a caption, title, segment, label or alert. The number at the end of a caption ("Override 3") is
+/// kept.
 QString translatedText(std::string_view text);
 
-/// A label as a screen reader should say it: "50%" is "50 percent", "-40 dB" is "-40 decibels".
+/// The text of a label for a screen reader: "50%" is "50 percent", "-40 dB" is "-40 decibels".
 QString spokenText(const Label& label);
 
-/// The name of a control with this English caption, of the item `where` (which may be empty), as a screen
-/// reader should say it: "Kitchen volume".
+/// The name of a control for a screen reader, from the name of its item and its English caption: "Kitchen
+/// volume". `where`, the item's name, may be empty.
 QString spokenName(const QString& where, std::string_view caption);
 
 } // namespace lumbra

@@ -12,8 +12,8 @@
 
 namespace lumbra {
 
-/// What the adapters of all controls share: the caption in the person's language and whether a hand can move
-/// the control.
+/// The common part of the adapters of controls: the caption in the user's language, and whether the user can
+/// operate the control.
 class ControlAdapter : public lumbra::Adapter {
     Q_OBJECT
     QML_ANONYMOUS
@@ -22,7 +22,7 @@ class ControlAdapter : public lumbra::Adapter {
 
 public:
     QString caption() const { return translatedText(caption_); }
-    /// Its name as a screen reader says it: what it is, and of what. `where` may be empty.
+    /// Its name for a screen reader: the item `where`, which may be empty, and the caption.
     Q_INVOKABLE QString spokenName(const QString& where) const { return lumbra::spokenName(where, caption_); }
     bool isEnabled() const { return watched_->isEnabled(); }
 

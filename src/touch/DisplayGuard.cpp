@@ -9,7 +9,7 @@ namespace lumbra {
 
 namespace {
 
-void listen(QtMsgType type, const QMessageLogContext&, const QString&) {
+void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type != QtFatalMsg)
         return;
     std::fputs("lumbra-remote: There is no display to open a window on; --console runs without one.\n",
@@ -19,7 +19,7 @@ void listen(QtMsgType type, const QMessageLogContext&, const QString&) {
 
 } // namespace
 
-DisplayGuard::DisplayGuard() : previous_(qInstallMessageHandler(listen)) {}
+DisplayGuard::DisplayGuard() : previous_(qInstallMessageHandler(endOnFatalMessage)) {}
 
 DisplayGuard::~DisplayGuard() {
     qInstallMessageHandler(previous_);

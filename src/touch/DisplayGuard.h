@@ -4,9 +4,9 @@
 
 namespace lumbra {
 
-/// While it lives, the application object of a graphical program may be constructed: where that fails for
-/// want of a display, the process ends with exit status 1 and one sentence on standard error that names
-/// --console, in place of the toolkit's own lines and its abort. One at a time, before other threads start.
+/// Guards the construction of the application object of a graphical program. If that fails because there is
+/// no display, the process ends with exit status 1 and a sentence on standard error that names --console,
+/// instead of the toolkit's own message and abort. One at a time, before other threads start.
 class DisplayGuard {
 public:
     DisplayGuard();

@@ -25,8 +25,8 @@ void EqPlot::setScreen(ScreenAdapter* screen) {
         for (Adapter* adapter :
              {static_cast<Adapter*>(controls.type), static_cast<Adapter*>(controls.frequency),
               static_cast<Adapter*>(controls.gain)})
-            QObject::connect(adapter, &Adapter::changed, this, [this, band] { takeBand(band); });
-        takeBand(band);
+            QObject::connect(adapter, &Adapter::changed, this, [this, band] { updateBand(band); });
+        updateBand(band);
     }
     update();
     Q_EMIT screenChanged();
@@ -48,9 +48,9 @@ qreal EqPlot::decibelsOf(qreal distance, qreal height) {
     return height > 0 ? -distance / height * 2 * RANGE : 0;
 }
 
-void EqPlot::takeBand(std::size_t band) {
+void EqPlot::updateBand(std::size_t band) {
     const auto& controls = controls_[band];
-    // A frequency slider stands at 1000 times the decimal logarithm of the frequency in Hz.
+    // The value of a frequency slider is 1000 × log10 of the frequency in Hz.
     const EqResponse::Band wanted{static_cast<EqResponse::Type>(controls.type->selected()),
                                   std::pow(10.0, controls.frequency->value() / 1000), controls.gain->value()};
     if (!response_.setBand(band, wanted))
@@ -98,7 +98,7 @@ void EqPlot::drawCurve(QPainter& painter, const EqResponse::Curve& curve, const 
                        qreal thickness) const {
     QPolygonF line;
     line.reserve(static_cast<qsizetype>(curve.size()));
-    // Far below the plot a curve needs no exact end, and the painter no huge numbers.
+    // Values far outside the plot need no exact position; clamping keeps huge numbers from the painter.
     for (std::size_t point = 0; point < curve.size(); ++point)
         line << QPointF(static_cast<double>(point) / static_cast<double>(curve.size() - 1) * width(),
                         yOf(std::clamp(curve[point], -2 * RANGE, 2 * RANGE), height()));

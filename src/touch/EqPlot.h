@@ -9,8 +9,9 @@
 
 namespace lumbra {
 
-/// Draws the response of an output's equaliser as its controls stand: the sum bold, the band being edited
-/// lightly, over a grid of frequency and gain. It computes and paints only when a control has changed.
+/// Draws the response of an output's equaliser from the state of its controls: the sum as a thick line, the
+/// edited band as a thin one, over a grid of frequency and gain. Computes and paints only after a control has
+/// changed. Main thread only.
 class EqPlot : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -23,24 +24,24 @@ class EqPlot : public QQuickPaintedItem {
     Q_PROPERTY(int textSize MEMBER textSize_ NOTIFY lookChanged)
 
 public:
-    /// The plot shows as many decibels above and below zero.
+    /// The plot shows this many decibels above and below zero.
     static constexpr double RANGE = 18;
 
     explicit EqPlot(QQuickItem* parent = nullptr);
 
     ScreenAdapter* screen() const { return screen_; }
     void setScreen(ScreenAdapter* screen);
-    /// The band being edited, from 0; -1 for none.
+    /// The edited band, 0-based; -1 for none.
     int edited() const { return edited_; }
     void setEdited(int band);
 
-    /// Where a gain stands in a plot of that height, from its top.
+    /// The distance of a gain from the top, in a plot of height `height`.
     Q_INVOKABLE static qreal yOf(qreal decibels, qreal height);
-    /// The decibels that a distance down stands for.
+    /// The decibels that a distance downwards stands for.
     Q_INVOKABLE static qreal decibelsOf(qreal distance, qreal height);
 
     void paint(QPainter* painter) override;
-    /// How often the response was computed anew.
+    /// How often the response was computed.
     int computations() const { return computations_; }
 
 Q_SIGNALS:
@@ -54,7 +55,7 @@ private:
         SliderAdapter* frequency = nullptr;
         SliderAdapter* gain = nullptr;
     };
-    void takeBand(std::size_t band);
+    void updateBand(std::size_t band);
     void drawGrid(QPainter& painter) const;
     void drawCurve(QPainter& painter, const EqResponse::Curve& curve, const QColor& color,
                    qreal thickness) const;

@@ -7,7 +7,7 @@ namespace lumbra {
 
 namespace {
 
-/// b0 to b2 over a0 to a2.
+/// Numerator b0 to b2, denominator a0 to a2.
 struct Biquad {
     double b0, b1, b2, a0, a1, a2;
 };
@@ -45,8 +45,8 @@ Biquad biquadOf(const EqResponse::Band& band) {
     return {1, 0, 0, 1, 0, 0};
 }
 
-/// The squared magnitude of c0 + c1 z^-1 + c2 z^-2 where `phi` is the squared sine of half the angle: the
-/// form of the cookbook's author that stays exact at low frequencies.
+/// The squared magnitude of c0 + c1 z^-1 + c2 z^-2, where `phi` is the squared sine of half the angle. This
+/// form by the cookbook's author stays accurate at low frequencies.
 double squared(double c0, double c1, double c2, double phi) {
     const double sum = c0 + c1 + c2;
     return sum * sum - 4 * (c0 * c1 + 4 * c0 * c2 + c1 * c2) * phi + 16 * c0 * c2 * phi * phi;

@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// Shows a label to QML.
+/// Exposes a label to QML.
 class LabelAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -21,9 +21,9 @@ public:
                  QObject* parent)
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
-    /// Plain text, never to be interpreted.
+    /// Plain text; must not be interpreted as markup.
     QString text() const { return translatedText(control_->text()); }
-    /// The text as a screen reader says it: "50 percent".
+    /// The text for a screen reader: "50 percent".
     QString spoken() const { return spokenText(*control_); }
 
 private:

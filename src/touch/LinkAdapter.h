@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// Shows the link to QML.
+/// Exposes the link to QML.
 class LinkAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
@@ -26,7 +26,7 @@ public:
     State state() const;
     /// The unit's address as the connection holds it.
     QString address() const;
-    /// The screen on show runs its connect step, and nothing else.
+    /// Runs the connect step of the current screen, and nothing else.
     Q_INVOKABLE void reconnect() { application_.reconnect(); }
 
 private:

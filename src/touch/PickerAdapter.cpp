@@ -9,7 +9,7 @@ namespace lumbra {
 PickerAdapter::PickerAdapter(std::shared_ptr<Picker> control, const std::string& caption, RefreshQueue& queue,
                              QObject* parent)
     : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {
-    takeRows();
+    updateRows();
 }
 
 QString PickerAdapter::selectedText() const {
@@ -25,12 +25,12 @@ bool PickerAdapter::pick(int row, const QString& text) {
 }
 
 void PickerAdapter::refresh() {
-    if (takeRows())
+    if (updateRows())
         Q_EMIT rowsChanged();
     ControlAdapter::refresh();
 }
 
-bool PickerAdapter::takeRows() {
+bool PickerAdapter::updateRows() {
     QStringList wanted;
     for (const auto& row : control_->rows())
         wanted << QString::fromStdString(row);

@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// Shows a picker to QML. Its rows are a list model that changes row by row, so that a wheel keeps its place
+/// Exposes a picker to QML. Its rows are a list model that changes row by row, so that a wheel keeps its place
 /// while names arrive.
 class PickerAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
@@ -32,21 +32,21 @@ public:
     QString selectedText() const;
     bool isWhite() const { return control_->color() == Color::White; }
 
-    /// The text of a row of the list; empty where there is no such row.
+    /// The text of a row of the list model; empty if there is no such row.
     Q_INVOKABLE QString textAt(int row) const { return rows_.index(row).data().toString(); }
-    /// A hand turns the wheel to `row`, also to the one that is selected. False where there is no such row,
-    /// or where it no longer holds `text`, what the person saw there: another was meant.
+    /// The user turns the wheel to `row`, which may be selected already. Returns false and does nothing if
+    /// there is no such row, or if its text is no longer `text`, which is what the user saw there.
     Q_INVOKABLE bool pick(int row, const QString& text);
 
 Q_SIGNALS:
-    /// Rows have come, gone or changed their texts.
+    /// Rows were added, removed or renamed.
     void rowsChanged();
 
 protected:
     void refresh() override;
 
 private:
-    bool takeRows();
+    bool updateRows();
 
     std::shared_ptr<Picker> control_;
     QStringListModel rows_;

@@ -12,19 +12,19 @@ namespace lumbra {
 
 class Adapter;
 
-/// Gathers the changes of a burst: an adapter that is marked is refreshed in the next turn of the main loop,
-/// and after that at most once a frame. Idle, it wakes nothing. Main thread only.
+/// Merges bursts of changes: a marked adapter is refreshed in the next turn of the main loop, and after that
+/// at most once a frame. Idle, it runs no timer. Main thread only.
 class RefreshQueue {
 public:
     /// One frame at 60 Hz.
     static constexpr std::chrono::microseconds FRAME{16'667};
 
-    /// `queue` outlives this; work of a queue that outlives it does nothing.
+    /// `queue` outlives this object. Work that is still queued after that does nothing.
     explicit RefreshQueue(MainQueue& queue) : queue_(queue), alive_(std::make_shared<int>(0)) {}
     RefreshQueue(const RefreshQueue&) = delete;
     RefreshQueue& operator=(const RefreshQueue&) = delete;
 
-    /// Has `adapter` refreshed once, soon. An adapter that is destroyed first is forgotten.
+    /// Schedules one refresh of `adapter`, which may be destroyed before.
     void mark(Adapter& adapter);
 
 private:
@@ -40,7 +40,7 @@ private:
 
     MainQueue& queue_;
     std::vector<QPointer<Adapter>> marked_;
-    bool waiting_ = false; ///< a refresh is posted, or the present frame is not over
+    bool waiting_ = false; ///< a refresh is posted, or the frame is not over
     std::shared_ptr<int> alive_;
 };
 

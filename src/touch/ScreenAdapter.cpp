@@ -76,15 +76,15 @@ void ScreenAdapter::setItemPicker(const QString& name) {
     itemChange_ = control->onChange([this, item, known = item()]() mutable {
         if (auto now = item(); now != known) {
             known = std::move(now);
-            dropHands();
+            cancelGrabs();
         }
     });
 }
 
-void ScreenAdapter::dropHands() {
+void ScreenAdapter::cancelGrabs() {
     for (auto* const adapter : adapters_)
         if (auto* const slider = qobject_cast<SliderAdapter*>(adapter))
-            slider->dropHands();
+            slider->cancelGrabs();
 }
 
 } // namespace lumbra

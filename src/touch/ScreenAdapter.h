@@ -17,9 +17,9 @@
 
 namespace lumbra {
 
-/// Shows a screen to QML: its names, and its controls by the names that the layout gives them. An adapter is
-/// made when it is first asked for and lives as long as the screen; asking for a control that the layout
-/// lacks, or for another kind, gives null and a warning.
+/// Exposes a screen to QML: its names, and its controls by their names in the layout. The adapter of a
+/// control is created on the first request and lives as long as this object. A request for a control that the
+/// layout lacks, or that is of another kind, returns null and logs a warning. Main thread only.
 class ScreenAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -33,7 +33,7 @@ public:
 
     /// The short name ("zone").
     QString name() const;
-    /// The title in the person's language ("Zones").
+    /// The title in the user's language ("Zones").
     QString title() const;
 
     Q_INVOKABLE lumbra::PickerAdapter* picker(const QString& name);
@@ -44,11 +44,12 @@ public:
     Q_INVOKABLE lumbra::ActivityAdapter* activity(const QString& name);
     Q_INVOKABLE lumbra::ButtonAdapter* button(const QString& name);
 
-    /// From now on all hands are off the sliders when another row of the picker `name` is selected: they
-    /// stand for another item then, and a finger that set the one's volume must not set the other's.
+    /// From now on, cancels the grabs of the sliders when another row of the picker `name` is selected. The
+    /// sliders then belong to another item: a finger that set one item's volume must not set the other's.
+    /// Ignored if there is no such picker.
     Q_INVOKABLE void setItemPicker(const QString& name);
-    /// All hands are off the screen's sliders.
-    void dropHands();
+    /// Cancels the grabs of this screen's sliders.
+    void cancelGrabs();
 
     const std::shared_ptr<ViewController>& controller() const { return controller_; }
 

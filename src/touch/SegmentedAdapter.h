@@ -9,7 +9,7 @@
 
 namespace lumbra {
 
-/// Shows a segmented control to QML.
+/// Exposes a segmented control to QML.
 class SegmentedAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -27,7 +27,7 @@ public:
 
     QStringList segments() const { return segments_; }
     int selected() const { return control_->selected(); }
-    /// A hand taps a segment. False where the control is disabled or has no such segment.
+    /// The user taps a segment, 0-based. False if the control is disabled or has no such segment.
     Q_INVOKABLE bool tap(int segment) { return control_->tapByUser(segment); }
 
 private:

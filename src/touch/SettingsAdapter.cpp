@@ -94,7 +94,7 @@ void SettingsAdapter::setStartTab(int position) {
 
 QStringList SettingsAdapter::tabs() const {
     QStringList titles;
-    // The mode may have been changed on this very screen, before the tabs follow on the way back.
+    // The mode may have been changed on this screen; the tabs follow only when it is closed.
     for (const auto& tab : application_.tabsInMode(advancedMode()))
         titles << translatedText(tab->view().title());
     return titles;

@@ -10,8 +10,9 @@
 
 namespace lumbra {
 
-/// Shows the six settings to QML. The settings screen is outside the application: opening it is leaving,
-/// closing it is coming back, when the application reads what was changed. Each change is stored at once.
+/// Exposes the six settings to QML. The settings screen counts as outside the application: opening it leaves
+/// the application, closing it returns, and only then are changed settings read. Each change is stored at
+/// once.
 class SettingsAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
@@ -38,7 +39,7 @@ public:
 
     QString address() const;
     void setAddress(const QString& address);
-    /// What is odd about the address, as a sentence; empty where nothing is.
+    /// A hint about an unusual address, as a sentence; empty if there is none.
     QString addressHint() const;
     int unit() const;
     void setUnit(int unit);
@@ -50,12 +51,12 @@ public:
     void setSerialPort(bool serial);
     int startTab() const;
     void setStartTab(int position);
-    /// The titles of the tabs that will be on show.
+    /// The titles of the tabs in the mode that is set.
     QStringList tabs() const;
     bool advancedMode() const;
     void setAdvancedMode(bool advanced);
 
-    /// The caption of a setting in the person's language, by its key.
+    /// The caption of a setting in the user's language, by the setting's key; empty for an unknown key.
     Q_INVOKABLE static QString caption(const QString& key);
 
 private:

@@ -5,33 +5,33 @@
 
 namespace lumbra {
 
-bool SliderAdapter::isHeldBy(const void* hand) const {
-    return std::find(hands_.begin(), hands_.end(), hand) != hands_.end();
+bool SliderAdapter::isHeldBy(const void* holder) const {
+    return std::find(holders_.begin(), holders_.end(), holder) != holders_.end();
 }
 
-void SliderAdapter::grab(const void* hand) {
-    if (isHeldBy(hand))
+void SliderAdapter::grab(const void* holder) {
+    if (isHeldBy(holder))
         return;
-    hands_.push_back(hand);
-    if (hands_.size() > 1)
+    holders_.push_back(holder);
+    if (holders_.size() > 1)
         return;
-    handValue_ = control_->value();
+    heldValue_ = control_->value();
     moved_ = false;
     Q_EMIT changed();
 }
 
-void SliderAdapter::release(const void* hand) {
-    if (std::erase(hands_, hand) == 0 || isHeld())
+void SliderAdapter::release(const void* holder) {
+    if (std::erase(holders_, holder) == 0 || isHeld())
         return;
-    if (moved_ && control_->value() != handValue_)
-        control_->slideByUser(handValue_);
+    if (moved_ && control_->value() != heldValue_)
+        control_->slideByUser(heldValue_);
     Q_EMIT changed();
 }
 
-void SliderAdapter::dropHands() {
+void SliderAdapter::cancelGrabs() {
     if (!isHeld())
         return;
-    hands_.clear();
+    holders_.clear();
     Q_EMIT changed();
 }
 
@@ -50,14 +50,14 @@ bool SliderAdapter::moveToValue(qreal value) {
 bool SliderAdapter::moveTo(float value) {
     if (!isEnabled() || !std::isfinite(value))
         return false;
-    const float held = std::clamp(value, control_->minimum(), control_->maximum());
-    if (held == shown())
+    const float clamped = std::clamp(value, control_->minimum(), control_->maximum());
+    if (clamped == shown())
         return true;
     if (isHeld()) {
-        handValue_ = held;
+        heldValue_ = clamped;
         moved_ = true;
     }
-    control_->slideByUser(held);
+    control_->slideByUser(clamped);
     Q_EMIT changed();
     return true;
 }

@@ -9,8 +9,8 @@
 
 namespace lumbra {
 
-/// Shows a slider to QML. While a hand holds it, it stands where the hand put it, whatever the program does
-/// to the control.
+/// Exposes a slider to QML. A press or drag grabs the slider: while it is held, it shows the value that the
+/// user has set, whatever the program does to the control.
 class SliderAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -28,37 +28,36 @@ public:
 
     qreal minimum() const { return static_cast<qreal>(control_->minimum()); }
     qreal maximum() const { return static_cast<qreal>(control_->maximum()); }
-    /// What is shown: the hand's value while it holds the slider, else the control's.
+    /// The value shown: the user's while the slider is held, else the control's.
     qreal value() const { return static_cast<qreal>(shown()); }
-    /// The same as a share of the way, 0 to 1.
+    /// The same value as a fraction of the range, 0 to 1.
     qreal position() const { return (value() - minimum()) / (maximum() - minimum()); }
-    bool isHeld() const { return !hands_.empty(); }
-    bool isHeldBy(const void* hand) const;
+    bool isHeld() const { return !holders_.empty(); }
+    bool isHeldBy(const void* holder) const;
 
-    /// A hand takes hold; others may hold it too.
-    void grab(const void* hand);
-    /// A hand lets go; one that does not hold it changes nothing. What was set last is sent once more by the
-    /// last hand if the control stands elsewhere by now.
-    void release(const void* hand);
-    /// All hands are off, whatever the fingers do, and nothing is sent: what the slider stands for is
-    /// another, or is not in sight.
-    void dropHands();
-    /// The hand moves the slider to a share of the way, held to 0 ... 1: one event, none where it is shown
-    /// there already. False where the control is disabled.
+    /// Begins a grab by `holder`. Several holders may grab it at a time.
+    void grab(const void* holder);
+    /// Ends the grab by `holder`; does nothing if there is none. At the end of the last grab, if the control
+    /// no longer has the value that the user set last, that value is sent once more.
+    void release(const void* holder);
+    /// Ends all grabs and sends nothing: the slider now belongs to another item or is no longer visible.
+    void cancelGrabs();
+    /// The user moves the slider to a fraction of its range, clamped to 0 to 1: one event, or none if that is
+    /// the value shown. False if the control is disabled.
     Q_INVOKABLE bool moveToPosition(qreal position);
-    /// The same by a difference in the control's own units, from where it is shown.
+    /// The same by a difference from the value shown, in the units of the control.
     Q_INVOKABLE bool moveBy(qreal difference);
-    /// The same to a value in the control's own units.
+    /// The same to a value in the units of the control.
     Q_INVOKABLE bool moveToValue(qreal value);
 
 private:
-    float shown() const { return isHeld() ? handValue_ : control_->value(); }
+    float shown() const { return isHeld() ? heldValue_ : control_->value(); }
     bool moveTo(float value);
 
     std::shared_ptr<Slider> control_;
-    std::vector<const void*> hands_;
+    std::vector<const void*> holders_;
     bool moved_ = false;
-    float handValue_ = 0;
+    float heldValue_ = 0;
 };
 
 } // namespace lumbra

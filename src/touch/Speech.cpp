@@ -2,7 +2,7 @@
 
 namespace lumbra {
 
-QString Speech::fill(const QString& pattern, const QStringList& values) {
+QString Speech::format(const QString& pattern, const QStringList& values) {
     QString filled;
     for (qsizetype at = 0; at < pattern.size(); ++at) {
         const qsizetype value =

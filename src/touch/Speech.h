@@ -7,16 +7,16 @@
 
 namespace lumbra {
 
-/// Puts together what a screen reader says.
+/// Builds the texts for screen readers. Main thread only.
 class Speech : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
 
 public:
-    /// `pattern` with its %1 to %9 filled in. A value is plain text: a "%1" in a zone's name stays one, which
-    /// calls of `arg` in a row would take for a gap.
-    Q_INVOKABLE static QString fill(const QString& pattern, const QStringList& values);
+    /// Returns `pattern` with %1 to %9 replaced by `values`. Values are plain text: a "%1" in the name of a
+    /// zone is kept, where repeated calls of QString::arg would replace it.
+    Q_INVOKABLE static QString format(const QString& pattern, const QStringList& values);
 };
 
 } // namespace lumbra

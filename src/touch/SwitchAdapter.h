@@ -7,7 +7,7 @@
 
 namespace lumbra {
 
-/// Shows a switch to QML.
+/// Exposes a switch to QML.
 class SwitchAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -20,7 +20,7 @@ public:
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
     bool isOn() const { return control_->isOn(); }
-    /// A hand flips the switch. False where it is disabled.
+    /// The user flips the switch. False if it is disabled.
     Q_INVOKABLE bool flip(bool on) { return control_->flipByUser(on); }
 
 private:

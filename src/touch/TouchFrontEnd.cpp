@@ -24,13 +24,13 @@ constexpr bool IS_PHONE = true;
 constexpr bool IS_PHONE = false;
 #endif
 
-WindowLife::Sight sightOf(const QWindow& window) {
+WindowLife::Visibility visibilityOf(const QWindow& window) {
     const auto state = QGuiApplication::applicationState();
     if (!window.isVisible() || window.windowStates().testFlag(Qt::WindowMinimized) ||
         state == Qt::ApplicationHidden || state == Qt::ApplicationSuspended)
-        return WindowLife::Sight::Hidden;
-    return IS_PHONE && state == Qt::ApplicationInactive ? WindowLife::Sight::Inactive
-                                                        : WindowLife::Sight::Active;
+        return WindowLife::Visibility::Hidden;
+    return IS_PHONE && state == Qt::ApplicationInactive ? WindowLife::Visibility::Inactive
+                                                        : WindowLife::Visibility::Active;
 }
 
 } // namespace
@@ -78,7 +78,7 @@ bool TouchFrontEnd::show() {
 }
 
 void TouchFrontEnd::followWindow() {
-    life_.setWindow(sightOf(*window_));
+    life_.setVisibility(visibilityOf(*window_));
 }
 
 } // namespace lumbra

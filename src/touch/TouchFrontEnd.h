@@ -15,12 +15,12 @@ namespace lumbra {
 
 class AppAdapter;
 
-/// How the window comes up.
+/// Options of the window.
 struct TouchOptions {
     bool fullscreen = false; ///< for wall panels
 };
 
-/// The touch front end: one window over the application's controls. Needs a QGuiApplication, which is to be
+/// The touch front end: one window over the application's controls. Needs a QGuiApplication, which should be
 /// constructed under a DisplayGuard. Main thread only.
 class TouchFrontEnd : public QObject {
     Q_OBJECT
@@ -30,16 +30,16 @@ public:
     TouchFrontEnd(Application& application, TouchOptions options);
     ~TouchFrontEnd() override;
 
-    /// Launches the application and shows its window; from here on the window's life is the application's,
-    /// which is also told when it terminates. False, with the reason on standard error, where the window
-    /// can't be made.
+    /// Launches the application and shows its window. From now on the application follows the visibility of
+    /// the window, and is told when it terminates. Returns false, with the reason on standard error, if the
+    /// window cannot be created.
     bool show();
 
     /// Null before `show`.
     QQuickWindow* window() const { return window_; }
     AppAdapter& adapter() { return *adapter_; }
 
-    /// Has texts shown in the language of the system from now on, where there is a catalogue for it.
+    /// Installs the translation for the system's language, if there is a catalogue for it.
     static void installTranslation();
 
 private:

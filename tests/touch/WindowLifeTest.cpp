@@ -35,9 +35,9 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
             if (happening == 'o' || happening == 'c')
                 life.setSettingsOpen(happening == 'o');
             else
-                life.setWindow(happening == 'a'   ? WindowLife::Sight::Active
-                               : happening == 'i' ? WindowLife::Sight::Inactive
-                                                  : WindowLife::Sight::Hidden);
+                life.setVisibility(happening == 'a'   ? WindowLife::Visibility::Active
+                                   : happening == 'i' ? WindowLife::Visibility::Inactive
+                                                      : WindowLife::Visibility::Hidden);
         }
         EXPECT_EQ(events, c.events) << c.what;
     }
@@ -48,12 +48,12 @@ TEST(WindowLife, AnEventMayChangeTheWindow) {
     WindowLife* target = nullptr;
     WindowLife life({[&] {
                          events += "resign ";
-                         target->setWindow(WindowLife::Sight::Active);
+                         target->setVisibility(WindowLife::Visibility::Active);
                      },
                      [&] { events += "background "; }, [&] { events += "foreground "; },
                      [&] { events += "active "; }});
     target = &life;
-    life.setWindow(WindowLife::Sight::Hidden);
+    life.setVisibility(WindowLife::Visibility::Hidden);
     EXPECT_EQ(events, "resign active ");
 }
 

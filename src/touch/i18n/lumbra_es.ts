@@ -173,7 +173,7 @@
     </message>
     <message>
         <source>%1 %2</source>
-        <extracomment>%1 is the name of a zone, an output ..., %2 what of it: &quot;Kitchen volume&quot;</extracomment>
+        <extracomment>%1 is the name of an item (a zone, an output ...), %2 a caption of its controls: &quot;Kitchen volume&quot;</extracomment>
         <translation>%2 %1</translation>
     </message>
 </context>

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A button that does something at once.
+/// A button that acts immediately.
 T.Button {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// The alert on show, with its one button; nothing else can be reached until it is pressed.
+/// The alert with its one button. It is modal.
 Dialog {
     id: root
 
@@ -34,7 +34,7 @@ Dialog {
         implicitHeight: children[0].implicitHeight
         focus: true
         Accessible.role: Accessible.AlertMessage
-        Accessible.name: Speech.fill(qsTr("%1, %2"), [root.alert.title, root.alert.message])
+        Accessible.name: Speech.format(qsTr("%1, %2"), [root.alert.title, root.alert.message])
 
         Column {
             width: parent.width

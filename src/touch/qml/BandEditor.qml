@@ -6,9 +6,9 @@ Card {
     id: root
 
     required property ScreenAdapter screen
-    /// From 0.
+    /// 0-based.
     required property int band
-    /// The output that it belongs to, for a screen reader.
+    /// The name of the output, for screen readers.
     required property string where
     property bool edited: false
 

@@ -1,7 +1,8 @@
 import QtQuick
 import Lumbra.Touch
 
-/// A band's handle in the plot: a drag moves the band's frequency and gain sliders, as a hand on them would.
+/// A band's handle in the plot. A drag moves the sliders of the band's frequency and gain, as a drag of these
+/// would.
 Item {
     id: root
 
@@ -12,7 +13,7 @@ Item {
     required property int editedBand
     /// The handles of all bands.
     required property Repeater handles
-    /// The output that it belongs to, for a screen reader.
+    /// The name of the output, for screen readers.
     required property string where
 
     readonly property SliderAdapter frequency: screen.slider("filterFreq" + (band + 1))
@@ -22,15 +23,15 @@ Item {
 
     readonly property bool edited: band === editedBand
 
-    // The names under which assistive technology reads a value: the gain.
+    // The property names from which assistive technology reads a value: here the gain.
     readonly property real value: gain.value
     readonly property real minimumValue: gain.minimum
     readonly property real maximumValue: gain.maximum
 
     signal chosen
 
-    /// Whether this is the handle for a finger at a place in the plot: of several at one place, the one being edited
-    /// or else the first.
+    /// Whether this handle takes a touch at a place in the plot: the nearest one does; of several at the same
+    /// place, the edited one or else the first.
     function isNearest(x: real, y: real): bool {
         const rank = other => other === editedBand ? -1 : other;
         const distance = item => Math.hypot(item.x + item.width / 2 - x, item.y + item.height / 2 - y);
@@ -56,7 +57,7 @@ Item {
         if (!visible && activeFocus)
             nextItemInFocusChain(false).forceActiveFocus(Qt.OtherFocusReason);
     }
-    // Where handles lie over each other, a finger gets the nearest one.
+    // Where handles overlap, the nearest one takes the touch.
     containmentMask: QtObject {
         function contains(place: point): bool {
             return root.isNearest(root.x + place.x, root.y + place.y);
@@ -88,7 +89,7 @@ Item {
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: Speech.fill(qsTr("%1 band %2, %3, %4"), [where, band + 1, frequencyLabel.spoken, gainLabel.spoken])
+    Accessible.name: Speech.format(qsTr("%1 band %2, %3, %4"), [where, band + 1, frequencyLabel.spoken, gainLabel.spoken])
     Accessible.onIncreaseAction: gain.moveBy(1)
     Accessible.onDecreaseAction: gain.moveBy(-1)
     Accessible.focusable: true
@@ -113,13 +114,13 @@ Item {
         }
     }
 
-    SliderHold {
-        id: frequencyHold
+    SliderGrab {
+        id: frequencyGrab
 
         slider: root.frequency
     }
-    SliderHold {
-        id: gainHold
+    SliderGrab {
+        id: gainGrab
 
         slider: root.gain
     }
@@ -128,12 +129,12 @@ Item {
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
             if (active) {
-                frequencyHold.take();
-                gainHold.take();
+                frequencyGrab.begin();
+                gainGrab.begin();
                 root.forceActiveFocus(Qt.MouseFocusReason);
             } else {
-                frequencyHold.end();
-                gainHold.end();
+                frequencyGrab.end();
+                gainGrab.end();
             }
         }
     }
@@ -155,8 +156,8 @@ Item {
         onCentroidChanged: {
             if (!active || !(root.parent.width > 0 && root.parent.height > 0))
                 return;
-            frequencyHold.dragToPosition(fromPosition + (centroid.scenePosition.x - from.x) / root.parent.width);
-            gainHold.dragToValue(fromGain + root.plot.decibelsOf(centroid.scenePosition.y - from.y, root.parent.height));
+            frequencyGrab.dragToPosition(fromPosition + (centroid.scenePosition.x - from.x) / root.parent.width);
+            gainGrab.dragToValue(fromGain + root.plot.decibelsOf(centroid.scenePosition.y - from.y, root.parent.height));
         }
     }
 }

@@ -1,13 +1,13 @@
 import QtQuick
 import Lumbra.Touch
 
-/// A slider of a band under its caption and what the unit says.
+/// A slider of a band under its caption and the level that the unit has reported.
 Item {
     id: line
 
     required property SliderAdapter slider
     required property LabelAdapter label
-    /// The output that it belongs to, for a screen reader.
+    /// The name of the output, for screen readers.
     required property string where
     required property real stepSize
     required property real pageSize

@@ -1,6 +1,7 @@
 import QtQuick
 
-/// Turns while something is awaited. It only exists while it turns, so that nothing moves when nothing happens.
+/// A turning arc that shows that something is awaited. It exists only while it turns, so that nothing is
+/// animated when idle.
 Loader {
     id: root
 

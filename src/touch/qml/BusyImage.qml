@@ -1,6 +1,6 @@
 import QtQuick
 
-/// The arc, turning.
+/// The arc while it turns.
 Image {
     source: "../icons/busy.svg"
     sourceSize.width: 28

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A surface that groups what belongs together.
+/// A surface that groups related controls.
 Rectangle {
     color: Theme.surface
     radius: Theme.radius

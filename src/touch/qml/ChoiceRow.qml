@@ -4,13 +4,13 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// Segments of which one is selected, in as many rows as they need.
+/// Segments, one of them selected, in as many rows as they need.
 Item {
     id: root
 
     required property var choices
     required property int selected
-    /// What a screen reader calls it.
+    /// The name for screen readers.
     required property string name
     property int columns: Math.max(1, Math.min(choices.length, Math.floor(width / (80 * Theme.textScale))))
     property int textSize: Theme.bodyText
@@ -28,14 +28,14 @@ Item {
 
         width: parent.width
         columns: root.columns
-        // The gaps are drawn, not left: a finger finds a segment also between two.
+        // The gaps are part of the segments, so that a touch between two segments still hits one.
         columnSpacing: 0
         rowSpacing: 0
 
         Repeater {
             model: root.choices
 
-            // Assistive technology takes a control's role from its type.
+            // Assistive technology derives the role of a control from its type.
             T.RadioButton {
                 id: segment
 
@@ -68,7 +68,7 @@ Item {
                 text: modelData
                 checkable: false
                 autoExclusive: false
-                Accessible.name: Speech.fill(qsTr("%1, %2"), [root.name, text])
+                Accessible.name: Speech.format(qsTr("%1, %2"), [root.name, text])
                 Accessible.checkable: true
                 Accessible.checked: selected
                 Accessible.onPressAction: clicked()

@@ -8,7 +8,7 @@ Card {
 
     required property ScreenAdapter screen
     required property int edited
-    /// The output that it belongs to, for a screen reader.
+    /// The name of the output, for screen readers.
     required property string where
 
     signal chosen(band: int)

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A line of plain text that ends in an ellipsis where it doesn't fit; TextTips then shows it whole.
+/// A line of plain text, elided if it does not fit; TextTips then shows it in full.
 Text {
     color: Theme.text
     font.pixelSize: Theme.bodyText

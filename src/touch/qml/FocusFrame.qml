@@ -1,6 +1,6 @@
 import QtQuick
 
-/// The outline of the control that has the keyboard.
+/// The outline of the control that has the keyboard focus.
 Rectangle {
     required property Item of
 

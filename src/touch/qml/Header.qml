@@ -3,7 +3,8 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// What is on show, where the unit is, how the link stands; and the way to the settings.
+/// The header: the title of the screen, the address of the unit, the state of the link, and the button of the
+/// settings.
 Rectangle {
     id: root
 
@@ -61,16 +62,16 @@ Rectangle {
             }
             GridLayout {
                 Layout.fillWidth: true
-                // Large texts on a small window stand in two lines.
+                // Large texts in a small window take two lines.
                 columns: root.width < 340 * Theme.textScale ? 1 : 2
                 columnSpacing: Theme.gap
                 rowSpacing: 0
                 Accessible.role: Accessible.StaticText
-                Accessible.name: Speech.fill(qsTr("Unit at %1, %2"), [root.app.link.address, root.stateText])
+                Accessible.name: Speech.format(qsTr("Unit at %1, %2"), [root.app.link.address, root.stateText])
 
                 FittedText {
                     objectName: "linkState"
-                    // A layout rounds widths down, which would cost the last letters.
+                    // A layout rounds widths down, which would elide the last letters.
                     Layout.preferredWidth: Math.ceil(implicitWidth) + 1
                     leftPadding: 16
                     text: root.stateText
@@ -146,7 +147,7 @@ Rectangle {
             if (visible)
                 root.app.link.reconnect();
         }
-        // The keyboard does not stay on a button that is gone.
+        // A button that is gone must not keep the keyboard focus.
         onVisibleChanged: {
             if (!visible && activeFocus)
                 nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);

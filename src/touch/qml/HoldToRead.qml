@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A finger that stays on a button to read its cut caption whole doesn't press it. (A button whose hold is listened to
-/// has no click after one.)
+/// Keeps a finger that rests on a button, to read its elided caption, from pressing it. (A button whose
+/// pressAndHold is handled emits no click after a hold.)
 QtObject {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Lumbra.Touch
 
-/// A slider with its caption and its level as the unit has it.
+/// A slider with its caption and the level that the unit has reported.
 Card {
     id: root
 

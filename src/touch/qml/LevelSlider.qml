@@ -2,23 +2,23 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lumbra.Touch
 
-/// A slider that never jumps: a drag moves the thumb by as much as the finger moves, wherever it was put down. The
-/// mouse wheel and the arrow keys step, the Page keys step further.
+/// A slider that never jumps: a drag moves the thumb by as much as the finger moves, wherever the press was.
+/// The mouse wheel and the arrow keys move it by small steps, the Page keys by larger ones.
 Item {
     id: root
 
     required property SliderAdapter slider
-    /// What a screen reader calls it, and the value as it says it.
+    /// The name and the value for screen readers.
     required property string label
     required property string spokenValue
     property real stepSize: 1
     property real pageSize: 5
-    /// Whether Home and End go to the ends.
+    /// Home and End move to the ends.
     property bool endKeys: true
     property int thickness: 6
     property color color: Theme.accent
 
-    // The names under which assistive technology reads a slider.
+    // The property names from which assistive technology reads a slider.
     readonly property real value: slider.value
     readonly property real minimumValue: slider.minimum
     readonly property real maximumValue: slider.maximum
@@ -55,7 +55,8 @@ Item {
     enabled: slider.enabled
     activeFocusOnTab: true
     Keys.onPressed: event => event.accepted = step(event.key)
-    // The keyboard goes to what is before a slider that the unit has just disabled.
+    // If the unit disables the slider while it has the keyboard focus, the focus moves to the previous
+    // control.
     onActiveFocusChanged: {
         if (!activeFocus && !enabled)
             lostFocus = true;
@@ -67,9 +68,9 @@ Item {
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: Speech.fill(qsTr("%1, %2"), [label, spokenValue])
+    Accessible.name: Speech.format(qsTr("%1, %2"), [label, spokenValue])
     Accessible.focusable: true
-    // There is no word for a disabled control here.
+    // Qt has no accessible state for a disabled control.
     Accessible.readOnly: !enabled
     Accessible.onIncreaseAction: slider.moveBy(stepSize)
     Accessible.onDecreaseAction: slider.moveBy(-stepSize)
@@ -116,8 +117,8 @@ Item {
         of: root
     }
 
-    SliderHold {
-        id: hold
+    SliderGrab {
+        id: grab
 
         slider: root.slider
     }
@@ -126,10 +127,10 @@ Item {
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
             if (active) {
-                hold.take();
+                grab.begin();
                 root.forceActiveFocus(Qt.MouseFocusReason);
             } else {
-                hold.end();
+                grab.end();
             }
         }
     }
@@ -139,7 +140,7 @@ Item {
 
         target: null
         enabled: root.visible
-        // Once it is this slider that moves, the page no longer scrolls.
+        // Once this slider moves, the page must not scroll.
         grabPermissions: PointerHandler.CanTakeOverFromAnything
         yAxis.enabled: false
         acceptedButtons: Qt.LeftButton
@@ -149,7 +150,7 @@ Item {
         }
         onCentroidChanged: {
             if (active && track.width > 0)
-                hold.dragToPosition(fromPosition + (centroid.scenePosition.x - fromX) / track.width);
+                grab.dragToPosition(fromPosition + (centroid.scenePosition.x - fromX) / track.width);
         }
     }
     WheelHandler {

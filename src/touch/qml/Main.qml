@@ -3,17 +3,18 @@ import QtQuick
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// The window: the header, the screen on show, the tabs, and over them the settings and the alert.
+/// The window: the header, the current screen and the tabs, and over them the settings and the alert.
 T.ApplicationWindow {
     id: window
 
     required property AppAdapter app
     readonly property bool rail: width >= Theme.railWidth
 
-    // A finger is elsewhere on a slider that is laid out anew, and not on one that is out of sight.
-    onWidthChanged: app.dropHands()
-    onHeightChanged: app.dropHands()
-    onVisibilityChanged: app.dropHands()
+    // When the layout changes or the window is hidden, what is under a finger is no longer the slider that it
+    // grabbed.
+    onWidthChanged: app.cancelGrabs()
+    onHeightChanged: app.cancelGrabs()
+    onVisibilityChanged: app.cancelGrabs()
 
     width: 1000
     height: 700
@@ -49,7 +50,7 @@ T.ApplicationWindow {
                 anchors.bottom: window.rail ? frame.bottom : navigation.top
                 visible: shown
                 clip: true
-                // A screen that has been on show stays.
+                // A screen stays loaded once it has been shown.
                 onShownChanged: load()
                 Component.onCompleted: load()
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// One tab of the bar or the rail. (Assistive technology takes a control's role from its type.)
+/// One tab of the bar or the rail. (Assistive technology derives the role of a control from its type.)
 T.TabButton {
     id: root
 

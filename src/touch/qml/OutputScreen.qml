@@ -9,7 +9,7 @@ ScreenPage {
 
     required property ScreenAdapter screen
     readonly property string where: screen.picker("outputPicker").selectedText
-    /// The band on show where they are paged, and the one that is drawn lightly.
+    /// The band that is shown if the bands are paged, and whose curve is thin in the plot.
     property int band: 0
     readonly property bool allBands: width >= 980
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lumbra.Touch
 
-/// The wheels of a screen's items and of the selected one's input, side by side.
+/// The wheels of the items and of the selected item's input, side by side.
 RowLayout {
     id: root
 

@@ -31,9 +31,9 @@ ScreenPage {
             implicitHeight: Math.max(64, Theme.row)
             prominent: true
             text: adapter.caption
-            // What a loose wheel shows is not the scene that would be meant.
+            // A loose wheel does not show the scene that would be used.
             enabled: adapter.enabled && !wheel.loose
-            Accessible.name: Speech.fill(qsTr("%1 %2"), [text, page.where])
+            Accessible.name: Speech.format(qsTr("%1 %2"), [text, page.where])
             onClicked: {
                 wheel.commit();
                 adapter.press();
@@ -45,9 +45,9 @@ ScreenPage {
             objectName: "saveSceneButton"
             Layout.fillWidth: true
             text: adapter.caption
-            // What a loose wheel shows is not the scene that would be meant.
+            // A loose wheel does not show the scene that would be used.
             enabled: adapter.enabled && !wheel.loose
-            Accessible.name: Speech.fill(qsTr("%1 %2"), [text, page.where])
+            Accessible.name: Speech.format(qsTr("%1 %2"), [text, page.where])
             onClicked: {
                 wheel.commit();
                 adapter.press();

@@ -1,14 +1,15 @@
 import QtQuick
 
-/// A screen's page: its content scrolls where it is taller than the window and stands in the middle of a very wide one.
+/// The page of a screen. It scrolls if its content is taller than the window, and centres it in a very wide
+/// one.
 Flickable {
     id: root
 
     default property alias content: holder.data
     property int maximumWidth: 1120
-    /// Whether the parts stand side by side.
+    /// The parts are side by side.
     readonly property bool wide: width >= Theme.columnsWidth
-    /// How many rows a wheel shows that stands beside the other parts.
+    /// The number of rows of a wheel that is beside other parts.
     readonly property int wheelRows: wide ? Math.max(3, Math.min(9, 2 * Math.floor((height - Theme.row) / Theme.row / 2) - 1)) : 3
 
     contentWidth: width
@@ -16,7 +17,7 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     flickableDirection: Flickable.VerticalFlick
 
-    /// Brings what has the keyboard into view.
+    /// Scrolls the item with the keyboard focus into view.
     function reveal(item: Item) {
         if (!item)
             return;
@@ -47,7 +48,8 @@ Flickable {
         width: Math.min(root.width - 2 * Theme.gap, root.maximumWidth)
         height: childrenRect.height
     }
-    // While the page scrolls, the mouse wheel goes on scrolling it: what comes under the pointer is not turned.
+    // While the page scrolls, the mouse wheel keeps scrolling it and does not turn controls that pass under
+    // the pointer.
     onContentYChanged: scrolling.restart()
 
     Timer {

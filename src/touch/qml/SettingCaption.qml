@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-/// Stands over a setting.
+/// The caption of a setting.
 FittedText {
     Layout.fillWidth: true
     color: Theme.dimText

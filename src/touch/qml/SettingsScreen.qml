@@ -4,7 +4,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Lumbra.Touch
 
-/// The six settings. They hold from the moment the screen is closed.
+/// The six settings. The application reads them when the screen is closed.
 FocusScope {
     id: root
 

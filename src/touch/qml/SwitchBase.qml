@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// How every switch looks and is worked: it shows `on`, and asks for a change with `flipped`.
+/// The look and behaviour of every switch: shows `on` and requests a change with `flipped`.
 T.Switch {
     id: root
 
@@ -35,7 +35,7 @@ T.Switch {
     Keys.onEnterPressed: flipped(!on)
 
     Accessible.role: Accessible.CheckBox
-    Accessible.name: Speech.fill(qsTr("%1, %2"), [spokenName, on ? qsTr("on") : qsTr("off")])
+    Accessible.name: Speech.format(qsTr("%1, %2"), [spokenName, on ? qsTr("on") : qsTr("off")])
     Accessible.checkable: true
     Accessible.readOnly: !enabled
     Accessible.checked: on

@@ -2,14 +2,14 @@ import QtQuick
 import QtQuick.Layouts
 import Lumbra.Touch
 
-/// Two switches beside each other, or one above the other where their captions need the room.
+/// Two switches side by side, or one above the other if their captions need the room.
 GridLayout {
     id: root
 
     required property ScreenAdapter screen
-    /// The item that they belong to, for a screen reader.
+    /// The name of the item, for screen readers.
     required property string where
-    /// The names of the two.
+    /// The names of the two switches.
     required property string first
     required property string second
 

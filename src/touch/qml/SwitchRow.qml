@@ -1,12 +1,12 @@
 import QtQuick
 import Lumbra.Touch
 
-/// A control of the kind switch with its caption.
+/// A switch with its caption.
 SwitchBase {
     id: root
 
     required property SwitchAdapter adapter
-    /// The item that it belongs to, for a screen reader; may be empty.
+    /// The name of the item, for screen readers; may be empty.
     property string where: ""
 
     text: adapter.caption

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Shows a text whole, over where it stands.
+/// Shows a text in full, on top of its elided form.
 Item {
     id: root
 

@@ -1,11 +1,11 @@
 import QtQuick
 
-/// Lies over the window and shows a text that is cut whole while the pointer rests on it or a finger stays on it. One for
-/// all texts: an own watcher for each would make the start slower.
+/// Covers the window and shows an elided text in full while the pointer or a finger rests on it. There is one
+/// for all texts, because a watcher for each would slow down the start.
 Item {
     id: root
 
-    /// What is cut and under the pointer or the finger.
+    /// The elided text under the pointer or the finger.
     property FittedText cut: null
 
     function textAt(item: Item, x: real, y: real): FittedText {

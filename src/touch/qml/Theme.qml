@@ -1,8 +1,8 @@
 pragma Singleton
 import QtQuick
 
-/// Colours, sizes and text sizes of the whole program. Each text colour has a contrast of 4.5:1 or better on each of
-/// the three surfaces.
+/// Colours, sizes and text sizes of the whole program. Each text colour has a contrast of at least 4.5:1 on
+/// each of the three surfaces.
 QtObject {
     readonly property color background: "#101418"
     readonly property color surface: "#1b2127"
@@ -18,17 +18,17 @@ QtObject {
     readonly property color bad: "#ff9d94"
     readonly property color scrim: "#c0000000"
 
-    /// How much larger than usual the person has asked texts to be, 1 to 2; the usual font is 12 pixels high.
+    /// The scale of texts that the user has set in the system, 1 to 2. The usual font is 12 pixels high.
     property real textScale: Math.max(1, Math.min(2, system.font.pixelSize / 12))
     readonly property TextMetrics system: TextMetrics {}
-    /// The least that a text is shrunk to before it is cut.
+    /// The smallest size to which a text is shrunk before it is elided.
     readonly property int tinyText: Math.round(11 * textScale)
     readonly property int smallText: Math.round(13 * textScale)
     readonly property int bodyText: Math.round(15 * textScale)
     readonly property int titleText: Math.round(20 * textScale)
     readonly property int hugeText: Math.round(34 * textScale)
 
-    /// The least a finger needs.
+    /// The smallest size of a touch target.
     readonly property int target: 48
     /// The height of a row of text that can be touched.
     readonly property int row: Math.max(target, Math.round(bodyText * 2.2))
@@ -36,8 +36,8 @@ QtObject {
     readonly property int smallGap: 6
     readonly property int radius: 10
 
-    /// From this width of the window on, the tabs are a rail at the side.
+    /// The window width from which the tabs are a rail at the side.
     readonly property int railWidth: 840
-    /// From this width of a screen on, its parts stand side by side.
+    /// The screen width from which its parts are side by side.
     readonly property int columnsWidth: 600
 }

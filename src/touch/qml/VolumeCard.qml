@@ -1,7 +1,7 @@
 import QtQuick
 import Lumbra.Touch
 
-/// The volume, large: the level as the unit has it over its slider.
+/// The volume in large text, as the unit has reported it, over its slider.
 Card {
     id: root
 

@@ -1,4 +1,4 @@
-/// The slider of a volume: Home and End do nothing on it, for neither end is what anybody wants by accident.
+/// A volume slider. Home and End do nothing: nobody wants either end by accident.
 LevelSlider {
     endKeys: false
     thickness: 20

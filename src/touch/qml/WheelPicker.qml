@@ -2,33 +2,34 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lumbra.Touch
 
-/// A wheel of rows with the selected one in the middle. A fling picks once, where it ends; a touch on the moving wheel
-/// stops it without a pick; a tap on the middle row picks it again, a tap on another row picks that. The mouse wheel
-/// and the arrow keys turn it, and it picks when it has come to rest.
+/// A wheel of rows with the selected one in the middle. A fling picks once, where it ends. A touch on the
+/// moving wheel stops it without a pick. A tap on the middle row picks it again; a tap on another row picks
+/// that. The mouse wheel and the arrow keys turn it, and it picks when it has come to rest.
 Item {
     id: root
 
     required property PickerAdapter picker
     property int visibleRows: 3
-    /// How long a wheel that was stopped waits for the next touch before it shows again what is selected, in ms.
+    /// How long a wheel that was stopped waits for another touch before it returns to the selected row, in
+    /// ms.
     property int patience: 4000
-    /// The item that it belongs to, for a screen reader; empty where it picks the item itself.
+    /// The name of the item, for screen readers; empty if the picker selects the item itself.
     property string where: ""
 
     readonly property bool resting: !list.moving && !settle.running && !linger.running
     readonly property int rowHeight: Theme.row
-    /// The row in the middle, which a person is turning to while the wheel does not rest.
+    /// The row in the middle, which differs from the selected one while the user turns the wheel.
     readonly property alias middleRow: list.currentIndex
-    /// Where wheel turns and keys have asked it to go.
+    /// The row that the mouse wheel and the keys have turned to.
     property int target: -1
 
-    /// What the row of the target said when it was turned to.
+    /// The text of the target row when the wheel was turned to it.
     property string targetText: ""
-    /// A hand has moved the wheel by touch and it shows a row that is not picked, or not yet.
+    /// The user has moved the wheel by touch, and it shows a row that is not picked, or not yet.
     readonly property bool loose: list.moving || linger.running
 
     function follow() {
-        // A timer tells that it has run out before `resting` knows.
+        // A timer fires before `resting` is updated.
         if (!list.moving && !settle.running && !linger.running && list.currentIndex !== picker.selected)
             list.currentIndex = picker.selected;
     }
@@ -51,20 +52,20 @@ Item {
         settle.restart();
         list.currentIndex = target;
     }
-    /// Stops a wheel that runs on by itself, without a pick.
+    /// Stops a wheel that moves by itself, without a pick.
     function halt() {
         if (!list.flicking)
             return;
         list.stopped = true;
         list.cancelFlick();
     }
-    /// Picks at once where the wheel has been turned by keys or the mouse wheel.
+    /// Picks the row to which the keys or the mouse wheel have turned, without a delay.
     function commit() {
         if (settle.running)
             pick(target, targetText);
     }
 
-    // The names under which assistive technology reads a value: the row's number.
+    // The property names from which assistive technology reads a value: here the number of the row.
     readonly property int value: picker.selected + 1
     readonly property int minimumValue: 1
     readonly property int maximumValue: picker.count
@@ -101,7 +102,7 @@ Item {
     }
 
     Accessible.role: Accessible.SpinBox
-    Accessible.name: Speech.fill(qsTr("%1, %2"), [picker.spokenName(where), picker.selectedText])
+    Accessible.name: Speech.format(qsTr("%1, %2"), [picker.spokenName(where), picker.selectedText])
     Accessible.focusable: true
     Accessible.onIncreaseAction: turnBy(1)
     Accessible.onDecreaseAction: turnBy(-1)
@@ -113,14 +114,14 @@ Item {
             root.follow();
         }
     }
-    // A turn by wheel or keys picks when no further one follows.
+    // A turn by the mouse wheel or the keys picks once no other one follows.
     Timer {
         id: settle
 
         interval: 300
         onTriggered: root.pick(root.target, root.targetText)
     }
-    // A wheel that was stopped waits for the hand's next touch, then shows again what is selected.
+    // A wheel that was stopped waits for another touch, then returns to the selected row.
     Timer {
         id: linger
 
@@ -166,7 +167,7 @@ Item {
             anchors.fill: parent
             clip: true
             model: root.picker.rows
-            // Rows are cheap; ones made ahead of time are in the way of rows that go.
+            // Rows are cheap to create; cached ones delay the removal of rows.
             cacheBuffer: 0
             keyNavigationEnabled: false
             snapMode: ListView.SnapToItem
@@ -195,7 +196,7 @@ Item {
                     root.pickMiddle();
                 }
             }
-            // A list keeps its content where it was when it is resized or loses rows; the middle is elsewhere then.
+            // A list keeps its content position when it is resized or loses rows, which moves the middle.
             onPreferredHighlightEndChanged: center()
             onCountChanged: {
                 root.follow();
@@ -218,7 +219,7 @@ Item {
                 }
             }
         }
-        // Above the list, so that it sees a press before the list stops, and turns by rows.
+        // Above the list, so that it sees a press before the list stops. It turns by whole rows.
         Item {
             anchors.fill: list
 

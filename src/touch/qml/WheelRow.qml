@@ -7,7 +7,7 @@ FittedText {
     required property string display
     required property int index
     required property bool inMiddle
-    /// Whether the wheel moves: a touch then stops it and is no tap.
+    /// The wheel is moving: a touch then stops it and does not count as a tap.
     required property bool moving
 
     signal picked(row: int, text: string)

@@ -147,7 +147,7 @@ void Harness::pass(int milliseconds) {
 }
 
 void Harness::setWindowHidden(bool hidden) {
-    life_->setWindow(hidden ? WindowLife::Sight::Hidden : WindowLife::Sight::Active);
+    life_->setVisibility(hidden ? WindowLife::Visibility::Hidden : WindowLife::Visibility::Active);
 }
 
 int Harness::sliderEvents() {
