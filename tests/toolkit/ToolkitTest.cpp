@@ -153,6 +153,7 @@ TEST(TabBarControllerTest, TellsAppearancesInOrder) {
     EXPECT_FALSE(tabs.selectByUser(2));
     tabs.setSelectedIndex(-1);
     tabs.setViewControllers({c, b});
+    tabs.setViewControllers({c, b, a});
     EXPECT_EQ(std::exchange(log, ""), "cLoad cWill aLeave ") << "the position stays, its screen is exchanged";
     tabs.setSelectedIndex(1);
     tabs.setViewControllers({c});
