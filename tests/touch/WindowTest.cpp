@@ -1,0 +1,114 @@
+#include "Remote.h"
+#include "app/WindowLife.h"
+#include "touch/DisplayGuard.h"
+#include "touch/TouchFrontEnd.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace lumbra {
+namespace {
+
+TEST(WindowLife, SendsEachEventOnceAChange) {
+    // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close; s: from now on the first
+    // event brings the window back to sight. The events: resign active, enter background, enter foreground, become active.
+    struct Case {
+        const char* what;
+        const char* happens;
+        const char* events;
+    };
+    for (const auto& [what, happens, expected] :
+         {Case{"minimised and back", "ha", "rbfa"}, Case{"leaving twice", "hh", "rb"},
+          Case{"returning without leaving", "aa", ""}, Case{"a phone's notification shade", "ia", "ra"},
+          Case{"inactive, then away", "ih", "rb"}, Case{"back by way of inactive", "hia", "rbfa"},
+          Case{"minimised while the settings are open", "ohac", "rbfa"},
+          Case{"the settings closed while hidden", "hoca", "rbfa"},
+          Case{"the settings opened twice", "oo", "rb"}, Case{"closed without having been opened", "c", ""},
+          Case{"an event that changes the window", "sh", "ra"}}) {
+        std::string events;
+        bool returns = false;
+        std::optional<WindowLife> life;
+        life.emplace(WindowLife::Events{[&] {
+                                            events += 'r';
+                                            if (returns)
+                                                life->setVisibility(WindowLife::Visibility::Active);
+                                        },
+                                        [&] { events += 'b'; }, [&] { events += 'f'; },
+                                        [&] { events += 'a'; }});
+        for (const char happening : std::string(happens)) {
+            if (happening == 's')
+                returns = true;
+            else if (happening == 'o' || happening == 'c')
+                life->setSettingsOpen(happening == 'o');
+            else
+                life->setVisibility(happening == 'a'   ? WindowLife::Visibility::Active
+                                : happening == 'i' ? WindowLife::Visibility::Inactive
+                                                   : WindowLife::Visibility::Hidden);
+        }
+        EXPECT_EQ(events, expected) << what;
+    }
+}
+
+/// A graphical program on a platform of that name.
+struct Graphical {
+    std::array<char*, 4> arguments;
+    int count = 3;
+    QGuiApplication qt;
+
+    explicit Graphical(const char* platform)
+        : arguments{const_cast<char*>("test"), const_cast<char*>("-platform"), const_cast<char*>(platform)},
+          qt(count, arguments.data()) {}
+};
+
+// A window that is away keeps no link; one that comes back opens one, and only one.
+TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
+    const Graphical program("offscreen");
+    Remote remote;
+    TouchFrontEnd touch(remote.application, {});
+    ASSERT_TRUE(touch.show());
+    remote.settle();
+    remote.streams.last().connect();
+    remote.settle();
+    struct Step {
+        const char* what;
+        void (QWindow::*change)();
+        const char* link;
+        std::size_t pairs;
+    };
+    for (const auto& [what, change, link, pairs] :
+         {Step{"minimised", &QWindow::showMinimized, "link closed", 1},
+          Step{"hidden while minimised", &QWindow::hide, "link closed", 1},
+          Step{"back", &QWindow::showNormal, "link opening", 2},
+          Step{"larger", &QWindow::showMaximized, "link opening", 2},
+          Step{"hidden", &QWindow::hide, "link closed", 2},
+          Step{"shown", &QWindow::showFullScreen, "link opening", 3}}) {
+        (touch.window()->*change)();
+        QCoreApplication::processEvents();
+        remote.settle();
+        EXPECT_EQ(remote.play(link), "") << what;
+        EXPECT_EQ(remote.streams.created(), pairs) << what;
+    }
+}
+
+TEST(TouchFrontEnd, WithoutADisplayASentenceNamesTheConsole) {
+    const auto start = [] {
+        const DisplayGuard guard;
+        const Graphical program("none");
+    };
+    EXPECT_EXIT(start(), testing::ExitedWithCode(1),
+                "^lumbra-remote: There is no display[^\n]*--console[^\n]*\n$");
+    EXPECT_DEATH(
+        {
+            { const DisplayGuard guard; }
+            qFatal("no matter of a display");
+        },
+        "no matter of a display");
+}
+
+} // namespace
+} // namespace lumbra
