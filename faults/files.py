@@ -54,14 +54,16 @@ def killed(stage, times):
                 pass
         remote.kill()
         remote.wait()
-        torn += len(os.listdir(folder)) > 1
+        torn += len(os.listdir(folder)) - 1
+        for name in set(os.listdir(folder)) - {settings.name}:  # a killed write leaves one; nothing may delete it but a person
+            (folder / name).unlink()
         stored = json.loads(settings.read_text())
         check(stored.keys() == GOOD.keys(), f"the settings are {stored}")
         turn, _, number = stored["ip_address_preference"].partition(".")
         answered = output.read_bytes().count(b'{"reply":"set","ok":true}\n')
         check(answered == 0 or (turn == str(index) and int(number) >= answered - 1), f"{answered} values were stored, it said; there is {stored}")
     stage.run(*stage.console(to=refused, settings=settings), script="get\nquit\n")
-    check(os.listdir(folder) == [settings.name], f"left behind: {os.listdir(folder)}")
+    check(torn <= times, f"{torn} files were left behind")
     check(torn > 0, "no kill came in a write")
     return f"{torn} of them in mid-write"
 

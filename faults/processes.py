@@ -60,7 +60,7 @@ def random_script(choice):
         lambda: f"set {choice.choice(keys)} {choice.choice(['true', 'false', '1', '4', '5', 'x', chr(34) * 2])}",
         lambda: f"unset {choice.choice(keys)}",
         lambda: f"app {choice.choice(['away', 'back', 'resign-active', 'enter-background', 'enter-foreground', 'become-active', 'x'])}",
-        lambda: f"wait {choice.choice(['0', '0.01', 'answer 0.1', 'open 0.1', 'closed 0.02', 'open', 'nan', '-1', 'answer x'])}",
+        lambda: f"wait {choice.choice(['0', '0.01', 'answer 0.1', 'open 0.1', 'closed 0.02', 'nan', '-1', 'answer x'])}",
     ]
     script = [choice.choice(forms)() for _ in range(choice.randint(0, 40))]
     if choice.random() < 0.5:

@@ -345,7 +345,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto line = input.until('\n');
         if (line.starts_with('~')) {
             type();
-            happen(program, line.substr(1));
+            if (!program.exitStatus)
+                happen(program, line.substr(1));
         } else {
             piece.append(line) += '\n';
         }

@@ -90,9 +90,8 @@ Failed noSuchSetting(const std::string& key) {
 
 } // namespace
 
-CommandInterpreter::CommandInterpreter(Application& application, Printer& printer,
-                                       std::function<void()> resumed)
-    : application_(application), printer_(printer), resumed_(std::move(resumed)) {}
+CommandInterpreter::CommandInterpreter(Application& application, Printer& printer, Delegate delegate)
+    : application_(application), printer_(printer), delegate_(std::move(delegate)) {}
 
 std::span<const ConsoleCommand> CommandInterpreter::commands() {
     return CommandTable::COMMANDS;
@@ -138,8 +137,10 @@ void CommandInterpreter::answer(std::string_view command, const Outcome& outcome
 }
 
 void CommandInterpreter::terminate() {
-    if (!std::exchange(hasQuit_, true))
-        application_.terminate();
+    if (std::exchange(hasQuit_, true))
+        return;
+    application_.terminate();
+    delegate_.terminated();
 }
 
 const View& CommandInterpreter::screen() const {
@@ -295,7 +296,7 @@ Outcome CommandInterpreter::wait(Arguments arguments) {
                       [this, command = command_](const Outcome& outcome) {
                           held_.reset();
                           answer(command, outcome);
-                          resumed_();
+                          delegate_.resumed();
                       });
         return Held{};
     };

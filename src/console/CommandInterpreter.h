@@ -17,9 +17,14 @@ namespace lumbra::console {
 /// Executes the console's commands one after another and gives each exactly one reply. Main thread only.
 class CommandInterpreter {
 public:
-    /// `application` and `printer` outlive the interpreter. `resumed` is called after the reply to each wait,
-    /// in a turn of its own.
-    CommandInterpreter(Application& application, Printer& printer, std::function<void()> resumed);
+    struct Delegate {
+        /// A wait has been answered. Called in a turn of its own.
+        std::function<void()> resumed;
+        /// The application has terminated. Only the reply to the last command is still to come.
+        std::function<void()> terminated;
+    };
+    /// `application` and `printer` outlive the interpreter.
+    CommandInterpreter(Application& application, Printer& printer, Delegate delegate);
 
     /// All commands, in the order of the help.
     static std::span<const ConsoleCommand> commands();
@@ -70,7 +75,7 @@ private:
 
     Application& application_;
     Printer& printer_;
-    std::function<void()> resumed_;
+    Delegate delegate_;
     std::string command_; ///< the name of the command that is executing
     std::optional<PendingWait> held_;
     bool hasFailed_ = false;

@@ -53,7 +53,8 @@ ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& wa
       printer_(options.json ? std::unique_ptr<Printer>(std::make_unique<JsonPrinter>(output_))
                             : std::make_unique<TextPrinter>(output_)),
       events_(application, *printer_, output_),
-      interpreter_(application, *printer_, [this] { pump(); }) {}
+      interpreter_(application, *printer_,
+                   {.resumed = [this] { pump(); }, .terminated = [this] { events_.printGathered(); }}) {}
 
 ConsoleFrontEnd::~ConsoleFrontEnd() = default;
 
@@ -152,7 +153,6 @@ void ConsoleFrontEnd::end(bool atOnce) {
     endWatch_.reset();
     windowWatch_.reset();
     interpreter_.terminate();
-    events_.printGathered();
     if (atOnce)
         output_.flush();
     else

@@ -17,6 +17,7 @@
 #include <fcntl.h>
 #include <latch>
 #include <new>
+#include <sys/mman.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -58,10 +59,11 @@ void openStandardDescriptors() {
             ::open("/dev/null", O_RDWR); // takes the lowest one that is free
 }
 
-// The minimum that a start needs. With less, the toolkit aborts or waits for ever.
+// The minimum that a start needs. With less, the toolkit aborts, crashes or waits for ever.
 constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
 constexpr std::size_t WINDOW_DESCRIPTORS = 48;
 constexpr std::size_t WINDOW_THREADS = 8;
+constexpr std::size_t WINDOW_ADDRESS_SPACE = std::size_t{320} << 20;
 
 bool canOpen(std::size_t count) {
     std::vector<int> opened;
@@ -74,6 +76,14 @@ bool canOpen(std::size_t count) {
     for (const int descriptor : opened)
         ::close(descriptor);
     return opened.size() == count;
+}
+
+bool canReserve(std::size_t bytes) {
+    void* const space = ::mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (space == MAP_FAILED) // NOLINT: the system's macro
+        return false;
+    ::munmap(space, bytes);
+    return true;
 }
 
 bool canRun(std::size_t count) {
@@ -113,10 +123,10 @@ int runConsole(int& argc, char** argv, const Options& options) {
 }
 
 int runTouch(int& argc, char** argv, const Options& options) {
-    if (!canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
-        complain(QStringLiteral(
-            "The system gives this program too few file descriptors or threads for a window; see "
-            "\"ulimit -n\" and \"ulimit -u\". --console needs fewer."));
+    if (!canReserve(WINDOW_ADDRESS_SPACE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
+        complain(
+            QStringLiteral("The system gives this program too little memory, or too few file descriptors or "
+                           "threads, for a window; see \"ulimit -a\". --console needs less."));
         return FAILURE;
     }
     QLibrary module(touchModulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));

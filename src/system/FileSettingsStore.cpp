@@ -105,6 +105,11 @@ private:
     bool isBusy_ = false;
 };
 
+/// JSON with the byte order marks inside it escaped: Qt's parser would drop those that begin a text.
+QByteArray withMarksEscaped(const QByteArray& json) {
+    return json.left(1) + json.mid(1).replace("\xEF\xBB\xBF", "\\ufeff");
+}
+
 } // namespace
 
 std::variant<QJsonObject, std::string> parseSettings(const QByteArray& text) {
@@ -113,10 +118,11 @@ std::variant<QJsonObject, std::string> parseSettings(const QByteArray& text) {
     if (text.trimmed().isEmpty())
         return QJsonObject();
     QJsonParseError error;
-    const auto document = QJsonDocument::fromJson(text, &error);
+    const auto json = withMarksEscaped(text);
+    const auto document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError)
         return error.errorString().toStdString() + " in line " +
-               std::to_string(1 + text.left(error.offset).count('\n'));
+               std::to_string(1 + json.left(error.offset).count('\n'));
     if (!document.isObject())
         return "it holds no JSON object";
     return document.object();
