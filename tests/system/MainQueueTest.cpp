@@ -8,19 +8,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <functional>
 #include <future>
-#include <memory>
-#include <string>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
-#include <utility>
-#include <vector>
 
 namespace lumbra {
 namespace {
