@@ -39,10 +39,11 @@ TEST(Program, servesAndEndsWhoeverReadsItsOutput) {
         Simulator program({"--verbose"});
         if (gone)
             program.closeOutput();
-        std::string commands; // their trace is far more than a pipe takes
+        // Their trace is far more than a pipe takes.
+        std::string commands = "[U1APPQ3]";
         for (int turn = 0; turn < 30; ++turn)
-            commands += "[U1APPQ1]";
-        EXPECT_TRUE(answers(program, commands + "[U1APPQ3]", "(U1APPQ3)"));
+            commands.insert(0, "[U1APPQ1]");
+        EXPECT_TRUE(answers(program, commands, "(U1APPQ3)"));
         program.signal(SIGTERM);
         EXPECT_EQ(program.wait(), 0);
     }

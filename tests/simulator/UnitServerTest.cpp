@@ -5,6 +5,7 @@
 
 #include <linux/tcp.h>
 #include <memory>
+#include <numeric>
 #include <regex>
 
 namespace lumbra::sim {
@@ -12,10 +13,15 @@ namespace lumbra::sim {
 namespace {
 
 std::string answer(int query) {
-    std::string bytes;
-    for (const std::string& report : Unit().answer(query))
-        bytes += report;
-    return bytes;
+    const auto reports = Unit().answer(query);
+    return std::accumulate(reports.begin(), reports.end(), std::string());
+}
+
+std::string burst(const std::string& query, int count) {
+    std::string all;
+    while (count-- > 0)
+        all += query;
+    return all;
 }
 
 struct UnitServerTest : testing::Test {
@@ -54,11 +60,8 @@ TEST_F(UnitServerTest, answersTheAskerTellsEverybodyAndKeepsClientsApart) {
 TEST_F(UnitServerTest, carriesOutABurstFarLargerThanItsBuffers) {
     start();
     Peer client(connectTo(server->port(), 65536));
-    std::string burst;
-    for (int turn = 0; turn < 1200; ++turn)
-        burst += "[U1APPQ1]";
-    client.send(burst + "[U1Z3V-35]");
-    ASSERT_TRUE(runUntil([&] { return client.received().ends_with("(U1O4V-35)"); }));
+    client.send(burst("[U1APPQ1]", 1200) + "[U1Z3V-35]");
+    ASSERT_TRUE(client.receives("(U1O4V-35)", 1200 * answer(1).size()));
     EXPECT_EQ(client.received().size(), 1200 * answer(1).size() + 20);
 }
 
@@ -118,14 +121,11 @@ TEST_F(UnitServerTest, acceptsAgainOnceThereAreDescriptors) {
 TEST_F(UnitServerTest, cutsAConnectionInMidReport) {
     for (const std::string end : {"FIN", "RST"}) {
         for (const int split : {0, 7}) {
-            Faults faults{.split = split};
-            (end == "FIN" ? faults.end_after : faults.reset_after) = 50;
-            start(faults);
+            start(end == "FIN" ? Faults{.split = split, .end_after = 50}
+                               : Faults{.split = split, .reset_after = 50});
             Peer client(connectTo(server->port()));
-            std::string burst;
-            for (int count = 0; count < 10'000; ++count)
-                burst += "[U1APPQ3]"; // what is still unread must not turn an end into a reset
-            client.send(burst);
+            // What is still unread must not turn an end into a reset.
+            client.send(burst("[U1APPQ3]", 10'000));
             ASSERT_TRUE(client.receives(end));
             EXPECT_EQ(client.received(), answer(3).substr(0, 50) + end) << split;
         }
@@ -138,10 +138,7 @@ TEST_F(UnitServerTest, sendsWhatItsFaultsLeave) {
     const std::tuple<Faults, std::string, std::size_t> CASES[] = {
         {{.delay = std::chrono::milliseconds(30)}, whole, 1},
         {{.split = 3}, whole, answer(3).size() / 3},
-        {{.drop = 4},
-         "(U1AO1A0)(U1AO2A0)(U1AO3A0)(U1AO5A0)(U1AO6A0)(U1AO7A0)(U1AO9A0)(U1AO10A0)(U1APPQ3)"
-         "(U1Z3V-35)(U1O4V-35)",
-         1},
+        {{.drop = 4}, std::regex_replace(whole, std::regex(R"(\(U1AO[48]A0\))"), ""), 1},
         {{.noise = 1000}, whole, 1},
         {{.silence = true}, "", 0},
     };
@@ -168,9 +165,7 @@ TEST_F(UnitServerTest, sendsWhatItsFaultsLeave) {
 }
 
 TEST_F(UnitServerTest, floodsWithTrueReportsAndStillServes) {
-    std::string truth;
-    for (int query = 0; query < 5; ++query)
-        truth += answer(query);
+    const auto truth = answer(0) + answer(1) + answer(2) + answer(3) + answer(4);
     for (const int rate : {200'000, 0}) {
         start({.flood = rate});
         Peer deaf(connectTo(server->port()));

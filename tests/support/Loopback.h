@@ -5,16 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <netinet/in.h>
 #include <poll.h>
-#include <string>
-#include <string_view>
-#include <sys/socket.h>
 #include <unistd.h>
-#include <utility>
 
 namespace lumbra {
 

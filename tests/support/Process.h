@@ -4,15 +4,11 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <initializer_list>
 #include <optional>
 #include <poll.h>
 #include <pty.h>
-#include <string>
-#include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 #include <vector>
 
 namespace lumbra {

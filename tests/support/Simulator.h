@@ -2,10 +2,6 @@
 
 #include "Process.h"
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace lumbra {
 
 /// The simulated unit, as a program on a port of the kernel's choice.

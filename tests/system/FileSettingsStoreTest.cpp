@@ -251,18 +251,5 @@ TEST_F(FileSettings, ProgramsKeepEachOthersChangesAndKilledOnesDoNoHarm) {
             EXPECT_EQ(settings.text(name + std::to_string(change)), std::to_string(change)) << name;
 }
 
-TEST_F(FileSettings, AReportThatFailsDoesNotSilenceTheNext) {
-    const int before = ::dup(STDERR_FILENO);
-    for (const auto* path : {"/dev/full", file.c_str()}) {
-        const int log = ::open(path, O_WRONLY | O_CREAT, 0600);
-        ::dup2(log, STDERR_FILENO);
-        ::close(log);
-        FileSettingsStore::reportOnStandardError("told");
-    }
-    ::dup2(before, STDERR_FILENO);
-    ::close(before);
-    EXPECT_EQ(contents(file), "lumbra-remote: told\n");
-}
-
 } // namespace
 } // namespace lumbra
