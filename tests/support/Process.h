@@ -58,6 +58,7 @@ public:
             ::dup2(output[1], STDOUT_FILENO);
             ::dup2(errors[1], STDERR_FILENO);
             std::signal(SIGPIPE, SIG_DFL);
+            std::signal(SIGHUP, SIG_DFL); // nohup ignores it
             ::execv(argv[0], argv.data());
             ::_exit(127);
         }
