@@ -1,331 +1,173 @@
-#include "Process.h"
+#include "Loopback.h"
+#include "Simulator.h"
 
-#include <gtest/gtest.h>
-#include <rapidjson/document.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
-#include <arpa/inet.h>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
+#include <algorithm>
 #include <fstream>
-#include <optional>
-#include <random>
-#include <string>
-#include <sys/socket.h>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
 using namespace lumbra;
 namespace fs = std::filesystem;
 
-/// A folder that goes with its object.
-class Folder {
-public:
-    Folder() {
-        std::string name = (fs::temp_directory_path() / "lumbra-test-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
-    }
-    ~Folder() { fs::remove_all(path_); }
-    std::string operator/(const char* name) const { return (path_ / name).string(); }
-
-private:
-    fs::path path_;
-};
-
-/// The simulated unit, as a program on a port of the kernel's choice.
-class Simulator {
-public:
-    explicit Simulator(std::vector<std::string> options = {}) : process_(command(std::move(options))) {
-        const auto ready = process_.readLine().value_or("");
-        place_ = "127.0.0.1:" + ready.substr(ready.rfind(':') + 1);
-    }
-    const std::string& place() const { return place_; }
-    /// Waits for `text` in what it prints under --verbose.
-    bool tells(std::string_view text) { return process_.readUntil(text).has_value(); }
-
-private:
-    static std::vector<std::string> command(std::vector<std::string> options) {
-        options.insert(options.begin(), {SIMULATOR_PROGRAM, "--port", "0"});
-        return options;
-    }
-    Process process_;
-    std::string place_;
-};
-
-std::vector<std::string> remoteCommand(const std::string& place, const std::string& settings) {
-    return {REMOTE_PROGRAM, "--console", "--json", "--connect-to", place, "--settings", settings};
-}
-
-/// A port on which nothing listens: bound, so that nobody else gets it.
-class ClosedPort {
-public:
-    ClosedPort() : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        auto* plain = reinterpret_cast<sockaddr*>(&address);
-        if (::bind(socket_, plain, size) != 0 || ::getsockname(socket_, plain, &size) != 0)
-            std::abort();
-        place_ = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
-    }
-    ~ClosedPort() { ::close(socket_); }
-    const std::string& place() const { return place_; }
-
-private:
-    int socket_;
-    std::string place_;
-};
-
 /// A remote under a script: gives commands and takes their replies; events are set aside.
-class Remote {
+class Remote : public Process {
 public:
-    explicit Remote(std::vector<std::string> command) : process(std::move(command)) {}
+    explicit Remote(std::vector<std::string> options) : Process(command(std::move(options))) {}
+    Remote(const Simulator& unit, const std::string& settings)
+        : Remote({"--connect-to", unit.place(), "--settings", settings}) {}
 
     /// The reply, as one line; an empty text when none comes.
     std::string ask(const std::string& command) {
-        process.write(command + "\n");
-        while (const auto line = process.readLine()) {
+        write(command + "\n");
+        while (const auto line = readLine()) {
             if (line->starts_with("{\"reply\":"))
                 return *line;
             events.push_back(*line);
         }
         return {};
     }
-    ::testing::AssertionResult tell(const std::string& command) {
-        const auto reply = ask(command);
-        if (reply.find("\"ok\":true") != std::string::npos)
-            return ::testing::AssertionSuccess();
-        return ::testing::AssertionFailure() << command << ": " << reply;
+    /// The first of `commands` that fails, with its reply; empty where all succeed.
+    std::string failure(const std::vector<std::string>& commands) {
+        for (const auto& command : commands)
+            if (const auto reply = ask(command); reply.find("\"ok\":true") == std::string::npos)
+                return command + ": " + reply;
+        return {};
     }
-    /// The controls of the screen on show.
-    std::string controls() {
-        rapidjson::Document state;
-        state.Parse(ask("state").c_str());
-        if (state.HasParseError() || !state.HasMember("controls"))
-            return "no state";
-        rapidjson::StringBuffer buffer;
-        rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-        state["controls"].Accept(writer);
-        return buffer.GetString();
+    /// Gives `command`, and looks for `text` in its reply.
+    ::testing::AssertionResult answers(const std::string& command, const std::string& text) {
+        const auto reply = ask(command);
+        return (reply.find(text) != std::string::npos ? ::testing::AssertionSuccess()
+                                                      : ::testing::AssertionFailure())
+               << command << ": " << reply;
     }
 
-    Process process;
     std::vector<std::string> events;
+
+private:
+    static std::vector<std::string> command(std::vector<std::string> options) {
+        options.insert(options.begin(), {REMOTE_PROGRAM, "--console", "--json"});
+        return options;
+    }
 };
 
 TEST(EndToEnd, ARemoteShowsAndMovesTheUnit) {
     const Folder folder;
     const Simulator unit;
     {
-        Remote remote(remoteCommand(unit.place(), folder / "a.json"));
-        EXPECT_TRUE(remote.tell("wait open"));
-        EXPECT_TRUE(remote.tell("wait answer"));
-        EXPECT_NE(remote.controls().find("\"Living Room\""), std::string::npos);
-        EXPECT_TRUE(remote.tell("pick zonePicker 1"));
-        EXPECT_TRUE(remote.tell("slide volumeSlider -33.3"));
-        EXPECT_TRUE(remote.tell("switch loudnessSwitch on"));
-        EXPECT_TRUE(remote.tell("wait 0.8"));
-        EXPECT_TRUE(remote.tell("tab scene"));
-        EXPECT_TRUE(remote.tell("wait answer"));
-        EXPECT_TRUE(remote.tell("quit"));
-        EXPECT_EQ(remote.process.wait(), 0);
-        EXPECT_EQ(remote.process.errors(), "");
+        Remote remote(unit, folder / "a.json");
+        EXPECT_EQ(remote.failure({"wait open", "wait answer"}), "");
+        EXPECT_TRUE(remote.answers("state", "\"Living Room\""));
+        EXPECT_EQ(remote.failure({"pick zonePicker 1", "slide volumeSlider -33.3", "switch loudnessSwitch on",
+                                  "wait 0.8", "tab scene", "wait answer", "quit"}),
+                  "");
+        EXPECT_EQ(remote.wait(), 0);
+        EXPECT_EQ(remote.errors(), "");
         EXPECT_EQ(remote.events.front(),
                   "{\"event\":\"screen\",\"screen\":\"zone\",\"tabs\":[\"zone\",\"group\","
                   "\"override\",\"scene\"],\"selected\":0}");
     }
-    Remote later(remoteCommand(unit.place(), folder / "a.json"));
-    EXPECT_TRUE(later.tell("wait open"));
-    EXPECT_NE(later.ask("state").find("\"screen\":\"scene\""), std::string::npos) << "the start tab is lost";
-    EXPECT_TRUE(later.tell("tab zone"));
-    EXPECT_TRUE(later.tell("wait answer"));
-    EXPECT_TRUE(later.tell("pick zonePicker 1"));
-    const auto controls = later.controls();
-    EXPECT_NE(controls.find("\"volumeSlider\":{\"kind\":\"slider\",\"value\":-33.0"), std::string::npos)
-        << controls;
-    EXPECT_NE(controls.find("\"loudnessSwitch\":{\"kind\":\"switch\",\"on\":true"), std::string::npos)
-        << controls;
-}
-
-// Two people at once, one of them in advanced mode: in the end each sees what a newcomer sees.
-TEST(EndToEnd, RemotesConvergeOnOneUnit) {
-    const Folder folder;
-    const Simulator unit;
-    std::ofstream(folder / "advanced.json") << R"({"advanced_mode_preference": true})";
-    std::ofstream(folder / "advanced-too.json") << R"({"advanced_mode_preference": true})";
-    Remote normal(remoteCommand(unit.place(), folder / "normal.json"));
-    Remote advanced(remoteCommand(unit.place(), folder / "advanced.json"));
-    for (auto* remote : {&normal, &advanced}) {
-        ASSERT_TRUE(remote->tell("wait open"));
-        ASSERT_TRUE(remote->tell("wait answer"));
-    }
-    struct Action {
-        Remote* remote;
-        std::vector<const char*> commands;
-    };
-    const std::vector<Action> actions{
-        {&normal, {"tab zone", "pick zonePicker 0", "slide volumeSlider -25"}},
-        {&normal, {"tab zone", "switch muteSwitch toggle", "pick sourcePicker 4"}},
-        {&normal, {"tab zone", "pick zonePicker 2", "slide bassSlider 6", "slide trebleSlider -4"}},
-        {&normal, {"tab group", "pick groupPicker 1", "slide volumeSlider -41"}},
-        {&normal, {"tab override", "switch ovrSwitch3 toggle"}},
-        {&normal, {"tab scene", "pick scenePicker 1", "press saveSceneButton"}},
-        {&advanced,
-         {"tab output", "pick outputPicker 0", "slide volumeSlider -19", "switch muteSwitch toggle"}},
-        {&advanced, {"tab output", "segment filterType2 5", "slide filterFreq2 2500", "slide filterGain2 4"}},
-        {&advanced, {"tab output", "switch powerSwitch toggle"}},
-        {&advanced, {"tab group", "pick groupPicker 0", "switch muteSwitch toggle"}},
-        {&advanced, {"tab override", "switch ovrSwitch1 toggle"}},
-        {&advanced, {"tab scene", "pick scenePicker 2", "press loadSceneButton"}},
-    };
-    std::mt19937 random(7);
-    for (int step = 0; step < 60; ++step) {
-        const auto& [remote, commands] = actions[random() % actions.size()];
-        for (const auto* command : commands)
-            remote->ask(command); // a control may be disabled at the moment
-        if (step % 20 == 19) {
-            normal.tell("wait 0.8");
-            advanced.tell("wait 0.8");
-        }
-    }
-    const auto compare = [](Remote& remote, Remote& newcomer, const std::string& tab,
-                            const std::string& pick) {
-        for (auto* each : {&remote, &newcomer}) {
-            ASSERT_TRUE(each->tell("tab " + tab));
-            ASSERT_TRUE(each->tell("wait answer"));
-            if (!pick.empty()) {
-                ASSERT_TRUE(each->tell(pick));
-            }
-        }
-        EXPECT_EQ(remote.controls(), newcomer.controls()) << tab << " " << pick;
-    };
-    Remote newNormal(remoteCommand(unit.place(), folder / "normal-too.json"));
-    Remote newAdvanced(remoteCommand(unit.place(), folder / "advanced-too.json"));
-    ASSERT_TRUE(newNormal.tell("wait open"));
-    ASSERT_TRUE(newAdvanced.tell("wait open"));
-    compare(normal, newNormal, "zone", "pick zonePicker 0");
-    compare(normal, newNormal, "zone", "pick zonePicker 2");
-    compare(advanced, newAdvanced, "output", "pick outputPicker 0");
-    for (auto* remote : {&normal, &advanced}) {
-        compare(*remote, newNormal, "group", "pick groupPicker 0");
-        compare(*remote, newNormal, "group", "pick groupPicker 1");
-        compare(*remote, newNormal, "override", "");
-        compare(*remote, newNormal, "scene", "pick scenePicker 0");
-    }
+    Remote later(unit, folder / "a.json");
+    EXPECT_EQ(later.failure({"wait open"}), "");
+    EXPECT_TRUE(later.answers("state", "\"screen\":\"scene\"")) << "the start tab is lost";
+    EXPECT_EQ(later.failure({"tab zone", "wait answer", "pick zonePicker 1"}), "");
+    EXPECT_TRUE(later.answers("state", "\"volumeSlider\":{\"kind\":\"slider\",\"value\":-33.0"));
+    EXPECT_TRUE(later.answers("state", "\"loudnessSwitch\":{\"kind\":\"switch\",\"on\":true"));
 }
 
 TEST(EndToEnd, WithoutAUnitThereIsAnAlertThatNamesTheAddress) {
     const Folder folder;
-    const ClosedPort nowhere;
+    const Listener nowhere{-1};
     std::ofstream(folder / "a.json")
         << R"({"ip_address_preference": "10.1.2.3", "unit_number_preference": 2})";
-    Remote remote(remoteCommand(nowhere.place(), folder / "a.json"));
-    while (remote.events.empty() || remote.events.back().find("\"alert\"") == std::string::npos) {
-        const auto line = remote.process.readLine();
-        ASSERT_TRUE(line);
-        remote.events.push_back(*line);
-    }
-    EXPECT_EQ(remote.events.back(),
-              "{\"event\":\"alert\",\"title\":\"Error\",\"message\":\"Failed to connect to IP "
-              "address 10.1.2.3.\",\"button\":\"OK\"}");
-    EXPECT_NE(remote.ask("wait open 0.01").find("\"ok\":false"), std::string::npos);
-    EXPECT_TRUE(remote.tell("dismiss"));
-    remote.process.endInput();
-    EXPECT_EQ(remote.process.wait(), 1) << "a command failed";
+    Remote remote({"--connect-to", nowhere.place(), "--settings", folder / "a.json"});
+    EXPECT_TRUE(
+        remote.readUntil("{\"event\":\"alert\",\"title\":\"Error\",\"message\":\"Failed to connect to IP "
+                         "address 10.1.2.3.\",\"button\":\"OK\"}\n"));
+    EXPECT_TRUE(remote.answers("wait open 0.01", "\"ok\":false"));
+    EXPECT_EQ(remote.failure({"dismiss"}), "");
+    remote.endInput();
+    EXPECT_EQ(remote.wait(), 1) << "a command failed";
 }
 
-TEST(EndToEnd, UsageErrorsAreOneLine) {
-    struct Case {
-        std::vector<std::string> options;
-        int status;
-    };
-    const Case cases[] = {
-        {{"--fly"}, 2},
-        {{"--fly", "--flap\nflop"}, 2},
-        {{"zone"}, 2},
-        {{"--console", "--demo", "--connect-to", "127.0.0.1:23"}, 2},
-        {{"--console", "--connect-to", "127.0.0.1"}, 2},
-        {{"--json"}, 2},
-        {{"--help"}, 0},
-        {{"--version"}, 0},
-    };
-    for (const auto& [options, status] : cases) {
-        std::vector<std::string> command{REMOTE_PROGRAM};
-        command.insert(command.end(), options.begin(), options.end());
+TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
+    const std::tuple<int, std::string, std::vector<std::string>> cases[] = {
+        {2, "fly", {REMOTE_PROGRAM, "--fly", "--flap\nflop"}},
+        {2, "--json needs --console", {REMOTE_PROGRAM, "--json"}},
+        {0, "", {REMOTE_PROGRAM, "--help"}},
+        {0, "", {REMOTE_PROGRAM, "--version"}},
+        {2,
+         "--port takes a whole number from 0 to 65535, not \"65536\"",
+         {SIMULATOR_PROGRAM, "--port", "65536"}},
+        {2, "--unit takes", {SIMULATOR_PROGRAM, "--unit", "1x"}},
+        {2, "--split takes", {SIMULATOR_PROGRAM, "--split", "0"}},
+        {2, "--listen takes an IP address, not \"kitchen\"", {SIMULATOR_PROGRAM, "--listen", "kitchen"}},
+        {2, "bogus", {SIMULATOR_PROGRAM, "--bogus"}},
+        {2, "\"extra\"", {SIMULATOR_PROGRAM, "extra"}},
+        {2, "exclude each other", {SIMULATOR_PROGRAM, "--reset-after", "1", "--end-after", "2"}},
+        {1, "Can't listen on 192.0.2.1:0: ", {SIMULATOR_PROGRAM, "--listen", "192.0.2.1"}},
+        {1, "can't be set aside", {SIMULATOR_PROGRAM, "--state", "/proc/version"}},
+        {0, "", {SIMULATOR_PROGRAM, "--help"}}};
+    for (const auto& [status, says, command] : cases) {
         Process process(command);
-        EXPECT_EQ(process.wait(), status) << options[0];
-        const auto errors = process.errors();
+        EXPECT_EQ(process.wait(), status) << command[1];
+        const auto& errors = process.errors();
+        EXPECT_NE(errors.find(says), std::string::npos) << errors;
         EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), status == 0 ? 0 : 1) << errors;
-        EXPECT_EQ(process.readLine().has_value(), status == 0) << options[0];
+        EXPECT_EQ(process.rest().empty(), status != 0) << command[1];
     }
 }
 
 TEST(EndToEnd, ADemoNeedsNothingAndLeavesNothing) {
     const Folder folder;
-    const std::vector<std::string> environment{"HOME=" + (folder / "home"),
-                                               "XDG_CONFIG_HOME=" + (folder / "config")};
-    {
-        Process demo({REMOTE_PROGRAM, "--console", "--demo"}, Process::Streams::Pipes, environment);
-        demo.write("wait open\nwait answer\nset unit_number_preference 2\nstate\n");
-        demo.endInput();
-        EXPECT_TRUE(demo.readUntil("zone screen, link open"));
-        EXPECT_EQ(demo.wait(), 0);
-        EXPECT_FALSE(fs::exists(folder / "config") || fs::exists(folder / "home"));
-    }
-    {
-        std::ofstream(folder / "third.json")
-            << R"({"ip_address_preference": "10.1.2.3", "unit_number_preference": 3})";
-        Remote demo({REMOTE_PROGRAM, "--console", "--json", "--demo", "--settings", folder / "third.json"});
-        EXPECT_TRUE(demo.tell("wait open"));
-        EXPECT_TRUE(demo.tell("wait answer")) << "the demo's unit does not answer to the stored number";
-    }
-    const ClosedPort nowhere;
-    Process own({REMOTE_PROGRAM, "--console", "--connect-to", nowhere.place()}, Process::Streams::Pipes,
-                environment);
-    own.endInput();
-    EXPECT_EQ(own.wait(), 0);
+    const auto start = [&](std::vector<std::string> options, const char* script) {
+        options.insert(options.begin(),
+                       {"/usr/bin/env", "HOME=" + (folder / "home"), "XDG_CONFIG_HOME=" + (folder / "config"),
+                        REMOTE_PROGRAM, "--console"});
+        Process remote(options);
+        remote.write(script);
+        remote.endInput();
+        EXPECT_EQ(remote.wait(), 0) << "a command failed";
+        return remote.rest();
+    };
+    const auto printed = start({"--demo"}, "wait open\nwait answer\nset unit_number_preference 2\nstate\n");
+    EXPECT_NE(printed.find("zone screen, link open"), std::string::npos);
+    EXPECT_FALSE(fs::exists(folder / "config") || fs::exists(folder / "home"));
+    std::ofstream(folder / "third.json")
+        << R"({"ip_address_preference":"10.1.2.3","unit_number_preference":3})";
+    // The demo's unit answers to the stored number.
+    start({"--demo", "--settings", folder / "third.json"}, "wait open\nwait answer\n");
+    const Listener nowhere{-1};
+    start({"--connect-to", nowhere.place()}, "");
     EXPECT_TRUE(fs::exists(folder / "config/lumbra-remote/settings.json"));
 }
 
 TEST(EndToEnd, AFloodOfReportsHoldsUpNobody) {
     const Folder folder;
     const Simulator unit({"--flood", "0"});
-    Remote remote(remoteCommand(unit.place(), folder / "a.json"));
-    ASSERT_TRUE(remote.tell("wait open"));
-    for (const auto* command :
-         {"wait 0.2", "state", "switch muteSwitch toggle", "tab group", "wait 0.05", "tab scene",
-          "pick scenePicker 1", "press loadSceneButton", "app away", "wait closed", "quit"})
-        EXPECT_TRUE(remote.tell(command));
-    EXPECT_EQ(remote.process.wait(), 0);
+    Remote remote(unit, folder / "a.json");
+    EXPECT_EQ(remote.failure({"wait open", "wait 0.2", "state", "switch muteSwitch toggle", "tab group",
+                              "wait 0.05", "tab scene", "pick scenePicker 1", "press loadSceneButton",
+                              "app away", "wait closed", "quit"}),
+              "");
+    EXPECT_EQ(remote.wait(), 0);
 }
 
-TEST(EndToEnd, SettingsAreWholeWheneverItIsKilled) {
+TEST(EndToEnd, WhatAReplySaysIsKeptHoweverItEnds) {
     const Folder folder;
-    const ClosedPort nowhere;
+    std::string storm;
+    for (int i = 0; i < 500; ++i)
+        storm += "set start_tab_preference " + std::to_string(i) + "\n";
     for (int round = 1; round <= 4; ++round) {
-        {
-            Remote remote(remoteCommand(nowhere.place(), folder / "a.json"));
-            EXPECT_TRUE(remote.tell("set unit_number_preference " + std::to_string(round)));
-            std::string storm;
-            for (int i = 0; i < 500; ++i)
-                storm += "set start_tab_preference " + std::to_string(i) + "\n";
-            remote.process.write(storm);
-            for (int i = 0; i < round * 5; ++i)
-                remote.ask("# the next reply of the storm");
-            remote.process.signal(SIGKILL);
-            EXPECT_EQ(remote.process.wait(), -SIGKILL);
-        }
-        Remote later(remoteCommand(nowhere.place(), folder / "a.json"));
-        EXPECT_NE(later.ask("get").find("\"unit_number_preference\":" + std::to_string(round) + ","),
-                  std::string::npos);
-        later.process.signal(SIGTERM);
-        EXPECT_EQ(later.process.wait(), 0);
-        EXPECT_EQ(later.process.errors(), "");
+        Remote remote({"--demo", "--settings", folder / "a.json"});
+        EXPECT_TRUE(remote.answers("get", "\"unit_number_preference\":" + std::to_string(round) + ","));
+        EXPECT_EQ(remote.failure({"set unit_number_preference " + std::to_string(round + 1)}), "");
+        remote.write(storm);
+        for (int i = 0; i < round * 5; ++i)
+            remote.ask("# the next reply of the storm");
+        const int signal = round == 4 ? SIGTERM : SIGKILL;
+        remote.signal(signal);
+        EXPECT_EQ(remote.wait(), signal == SIGTERM ? 0 : -SIGKILL);
+        EXPECT_EQ(remote.errors(), "");
     }
 }
 
@@ -355,10 +197,7 @@ TEST(Build, IsHardened) {
     if (!std::string_view(LUMBRA_SANITIZE).empty())
         GTEST_SKIP() << "sanitizers take the place of these checks";
     for (const auto* file : {REMOTE_PROGRAM, SIMULATOR_PROGRAM, TOUCH_MODULE}) {
-        Process readelf({"/usr/bin/readelf", "-hdlW", "--dyn-syms", file});
-        std::string text;
-        while (const auto line = readelf.readLine())
-            text += *line + "\n";
+        const auto text = Process({"/usr/bin/readelf", "-hdlW", "--dyn-syms", file}).rest();
         for (const auto* mark : {"DYN (", "GNU_RELRO", "BIND_NOW", "__stack_chk_fail", "_chk@"})
             EXPECT_NE(text.find(mark), std::string::npos) << file << " lacks " << mark;
     }
@@ -368,13 +207,13 @@ TEST(Build, IsHardened) {
 TEST(EndToEnd, ASignalEndsTheWindowAsClosingItDoes) {
     const Folder folder;
     Simulator unit({"--verbose"});
-    Process window({REMOTE_PROGRAM, "--connect-to", unit.place(), "--settings", folder / "a.json"},
-                   Process::Streams::Pipes, {"QT_QPA_PLATFORM=offscreen"});
-    ASSERT_TRUE(unit.tells("! connected"));
+    Process window({"/usr/bin/env", "QT_QPA_PLATFORM=offscreen", REMOTE_PROGRAM, "--connect-to", unit.place(),
+                    "--settings", folder / "a.json"});
+    ASSERT_TRUE(unit.readUntil("! connected"));
     window.signal(SIGTERM);
     EXPECT_EQ(window.wait(), 0);
     EXPECT_EQ(window.errors(), "");
-    EXPECT_TRUE(unit.tells("! closed by the client"));
+    EXPECT_TRUE(unit.readUntil("! closed by the client"));
     EXPECT_TRUE(fs::exists(folder / "a.json"));
 }
 
@@ -382,7 +221,7 @@ TEST(EndToEnd, AClosedOutputStopsNoCommand) {
     const Folder folder;
     const Simulator unit;
     {
-        Process remote(remoteCommand(unit.place(), folder / "a.json"));
+        Remote remote(unit, folder / "a.json");
         remote.closeOutput();
         remote.write(
             "wait open\nwait answer\nswitch muteSwitch on\nwait 0.2\nset serial_port_preference true\n");
@@ -390,11 +229,10 @@ TEST(EndToEnd, AClosedOutputStopsNoCommand) {
         EXPECT_EQ(remote.wait(), 0);
         EXPECT_EQ(remote.errors(), "");
     }
-    Remote later(remoteCommand(unit.place(), folder / "a.json"));
-    EXPECT_TRUE(later.tell("wait open"));
-    EXPECT_TRUE(later.tell("wait answer"));
-    EXPECT_NE(later.controls().find("\"muteSwitch\":{\"kind\":\"switch\",\"on\":true"), std::string::npos);
-    EXPECT_NE(later.ask("get serial_port_preference").find(":true}}"), std::string::npos);
+    Remote later(unit, folder / "a.json");
+    EXPECT_EQ(later.failure({"wait open", "wait answer"}), "");
+    EXPECT_TRUE(later.answers("state", "\"muteSwitch\":{\"kind\":\"switch\",\"on\":true"));
+    EXPECT_TRUE(later.answers("get serial_port_preference", ":true}}"));
 }
 
 // A line that is being typed survives what is printed meanwhile, and an error is no failure at a terminal.
@@ -403,31 +241,44 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
         GTEST_SKIP() << "this system has no pseudo-terminals";
     const Folder folder;
     const Simulator unit;
-    Process person(
-        {REMOTE_PROGRAM, "--console", "--connect-to", unit.place(), "--settings", folder / "a.json"},
-        Process::Streams::Terminal, {"TERM=xterm", "LC_ALL=C.UTF-8"});
-    ASSERT_TRUE(person.readUntil("spinner: stopped"));
-    ASSERT_TRUE(person.readUntil("zone> "));
-    person.write("sta");
-    ASSERT_TRUE(person.readUntil("sta"));
+    const std::vector<std::string> command{
+        "/usr/bin/env", "--ignore-signal=HUP", "TERM=xterm", "LC_ALL=C.UTF-8", REMOTE_PROGRAM,
+        "--console",    "--connect-to",        unit.place(), "--settings",     folder / "a.json"};
     {
-        Remote other(remoteCommand(unit.place(), folder / "b.json"));
-        ASSERT_TRUE(other.tell("wait open"));
-        ASSERT_TRUE(other.tell("wait answer"));
-        ASSERT_TRUE(other.tell("switch muteSwitch on"));
+        Process person(command, Process::Streams::Terminal);
+        Remote other(unit, folder / "b.json");
+        ASSERT_EQ(other.failure({"wait open", "wait answer"}), "");
+        ASSERT_TRUE(person.readUntil("spinner: stopped"));
+        ASSERT_TRUE(person.readUntil("zone> "));
+        // What is typed in all, in a terminal of 60 columns; the rows above the cursor that printing takes away.
+        std::string typed;
+        for (int count = 0; count < 27; ++count)
+            typed += "\u00fc";
+        for (const auto& [more, rows] : {std::pair(typed, ""), {std::string(40, 'x'), "\x1b[1A"}}) {
+            person.write(more);
+            ASSERT_TRUE(person.readUntil(more.substr(more.size() - 4)));
+            ASSERT_EQ(other.failure({"switch muteSwitch toggle"}), "");
+            const auto printed = person.readUntil("muteSwitch: o").value_or("");
+            EXPECT_NE(printed.find(std::string(rows) + "\r\x1b[J"), std::string::npos) << printed;
+            EXPECT_EQ(printed.find("\x1b[1A") != std::string::npos, *rows != '\0') << printed;
+            ASSERT_TRUE(person.readUntil("zone> " + typed.substr(0, 20)));
+        }
+        person.write("\x15sta\t\n"); // ^U takes the line away
+        ASSERT_TRUE(person.readUntil("zone screen, link open"));
+        ASSERT_TRUE(person.readUntil("zone> "));
+        person.write("tab sc\t\n");
+        ASSERT_TRUE(person.readUntil("scene> "));
+        person.write("fly\n");
+        ASSERT_TRUE(person.readUntil("error: fly"));
+        ASSERT_TRUE(person.readUntil("scene> "));
+        person.write("\x04");
+        EXPECT_EQ(person.wait(), 0);
     }
-    ASSERT_TRUE(person.readUntil("muteSwitch: on\r\n"));
-    ASSERT_TRUE(person.readUntil("zone> sta"));
-    person.write("\t\n");
-    ASSERT_TRUE(person.readUntil("zone screen, link open"));
-    ASSERT_TRUE(person.readUntil("zone> "));
-    person.write("tab sc\t\n");
-    ASSERT_TRUE(person.readUntil("scene> "));
-    person.write("fly\n");
-    ASSERT_TRUE(person.readUntil("error: fly"));
-    ASSERT_TRUE(person.readUntil("scene> "));
-    person.write("\x04");
-    EXPECT_EQ(person.wait(), 0);
+    Process left(command, Process::Streams::Terminal);
+    ASSERT_TRUE(left.readUntil("scene> "));
+    left.endInput();
+    left.closeOutput();
+    EXPECT_EQ(left.wait(), 0) << "the terminal has gone";
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "NoDescriptors.h"
 #include "simulator/CommandReader.h"
 #include "simulator/FloodPace.h"
 #include "simulator/LineWriter.h"
@@ -8,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <unistd.h>
 
 namespace lumbra::sim {
 

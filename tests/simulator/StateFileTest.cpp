@@ -1,6 +1,6 @@
 #include "simulator/StateFile.h"
 
-#include "NoDescriptors.h"
+#include "Limited.h"
 #include "simulator/Unit.h"
 
 #include <QDir>
@@ -35,7 +35,7 @@ TEST(StateFile, keepsAMemoryAndSetsAsideOnlyWhatHoldsNone) {
     ASSERT_TRUE(file.save(good, message)) << message.toStdString();
     load(good, true, "");
     {
-        const NoDescriptors none;
+        const Limited descriptors(RLIMIT_NOFILE, 0);
         load(other, false, "It is left alone");
     }
     load(good, true, "");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <numeric>
 #include <random>
 #include <regex>
 #include <sstream>
@@ -12,10 +13,7 @@ namespace lumbra::sim {
 namespace {
 
 std::string joined(const std::vector<std::string>& texts) {
-    std::string all;
-    for (const std::string& text : texts)
-        all += text;
-    return all;
+    return std::accumulate(texts.begin(), texts.end(), std::string());
 }
 
 /// The reports that commands, divided by blanks, lead to; those before a "|" are not told.

@@ -1,20 +1,16 @@
 #include "system/FileSettingsStore.h"
 
+#include "Limited.h"
 #include "ManualQueue.h"
+#include "Process.h"
 
 #include <QJsonDocument>
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <fcntl.h>
-#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace lumbra {
 namespace {
@@ -35,25 +31,7 @@ std::string contents(const fs::path& file) {
     return json.isNull() ? text : json.toJson(QJsonDocument::Compact).toStdString();
 }
 
-/// Runs `work` with less than the system gives otherwise.
-template <class Work>
-void limited(__rlimit_resource resource, rlim_t value, Work work) {
-    rlimit before{};
-    ::getrlimit(resource, &before);
-    const rlimit tight{value, before.rlim_max};
-    ::setrlimit(resource, &tight);
-    work();
-    ::setrlimit(resource, &before);
-}
-
 struct FileSettings : ::testing::Test {
-    FileSettings() {
-        std::string name = fs::temp_directory_path() / "lumbra-settings-XXXXXX";
-        folder = ::mkdtemp(name.data());
-        file = folder / "settings.json";
-    }
-    ~FileSettings() override { fs::remove_all(folder); }
-
     FileSettingsStore store() { return {queue, file.string(), report}; }
     Files files() const {
         Files found;
@@ -63,7 +41,9 @@ struct FileSettings : ::testing::Test {
     }
 
     ManualQueue queue;
-    fs::path folder, file;
+    const Folder temporary;
+    const fs::path folder = temporary / "";
+    fs::path file = folder / "settings.json";
     std::string told;
     FileSettingsStore::Report report = [this](const std::string& sentence) { told += sentence + "\n"; };
 };
@@ -91,7 +71,28 @@ TEST_F(FileSettings, ValuesKeepTheirTypesAndUnknownOnesStay) {
     const auto* after = R"({"fraction":1.5,"list":[{"a":null}],"number":-9007199254740993,)"
                         R"("text":"Küche \"1\"\n","whole":"3"})";
     EXPECT_EQ(files(), (Files{{"settings.json", after}, {"settings.json.MyCopy", "mine"}}));
-    EXPECT_EQ(store().value("number"), SettingValue(std::int64_t{-9007199254740993}));
+}
+
+// A person may have written any type; what has no plain meaning is as good as absent.
+TEST_F(FileSettings, ReadsAPlainMeaningFromAnyType) {
+    const std::tuple<const char*, std::optional<std::string>, std::int64_t, bool> cases[] = {
+        {R"("-7")", "-7", -7, false},
+        {R"("7 ")", "7 ", 0, false},
+        {R"("0x7")", "0x7", 0, false},
+        {R"("true")", "true", 0, true},
+        {"7", "7", 7, true},
+        {"true", std::nullopt, 1, true},
+        {"false", std::nullopt, 0, false},
+        {"7.5", "7.5", 0, false},
+        {R"("9223372036854775808")", "9223372036854775808", 0, false},
+        {"[7]", std::nullopt, 0, false}};
+    for (const auto& [stored, text, integer, flag] : cases) {
+        put(file, std::string(R"({"key":)") + stored + "}");
+        const auto settings = store();
+        EXPECT_EQ(std::tuple(settings.text("key"), settings.integer("key"), settings.flag("key")),
+                  std::tuple(text, integer, flag))
+            << stored;
+    }
 }
 
 TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
@@ -126,7 +127,10 @@ TEST_F(FileSettings, AFileThatCanNotBeReadAtTheStartIsLeftAloneForTheRun) {
          Files{{"pipe", "it is no regular file"}, {"settings.json", "Too many open files"}}) {
         file = folder / name;
         std::optional<FileSettingsStore> settings;
-        limited(RLIMIT_NOFILE, name == "pipe" ? 99 : 0, [&] { settings.emplace(queue, file, report); });
+        {
+            const Limited descriptors(RLIMIT_NOFILE, name == "pipe" ? 99 : 0);
+            settings.emplace(queue, file, report);
+        }
         // The application writes back defaults here: they must not replace values that nobody saw.
         settings->setValue("unit", std::int64_t{1});
         queue.advance(1s);
@@ -163,14 +167,15 @@ TEST_F(FileSettings, AFailedWriteKeepsTheOldFileAndIsToldOnceUntilOneSucceeds) {
     for (std::int64_t round = 0; round < 2; ++round) {
         const auto before = files();
         settings.setValue("start", round);
-        limited(RLIMIT_FSIZE, 10, [&] { // as on a full disk, the first bytes are taken
+        {
+            const Limited disk(RLIMIT_FSIZE, 10); // as on a full disk, the first bytes are taken
             settings.flush();
             queue.advance(1s);
-        });
+        }
         EXPECT_EQ(files(), before);
-        EXPECT_EQ(std::exchange(told, ""), "The settings can't be saved in " + file.string() +
-                                               " (File too large). The next change tries again; what is not "
-                                               "saved when the program ends is lost.\n");
+        const auto sentence = "The settings can't be saved in " + file.string() + " (File too large). ";
+        EXPECT_TRUE(told.starts_with(sentence) && told.rfind(sentence) == 0) << told;
+        told = "";
         settings.flush();
         EXPECT_EQ(store().integer("start"), round);
     }
@@ -240,22 +245,10 @@ TEST_F(FileSettings, ProgramsKeepEachOthersChangesAndKilledOnesDoNoHarm) {
     }
     for (const auto child : children)
         ::waitpid(child, nullptr, 0);
+    const auto settings = store();
     for (int change = 0; change < 50; ++change)
         for (const auto* name : {"first-", "second-"})
-            EXPECT_EQ(store().text(name + std::to_string(change)), std::to_string(change)) << name;
-}
-
-TEST_F(FileSettings, AReportThatFailsDoesNotSilenceTheNext) {
-    const int before = ::dup(STDERR_FILENO);
-    for (const auto* path : {"/dev/full", file.c_str()}) {
-        const int log = ::open(path, O_WRONLY | O_CREAT, 0600);
-        ::dup2(log, STDERR_FILENO);
-        ::close(log);
-        FileSettingsStore::reportOnStandardError("told");
-    }
-    ::dup2(before, STDERR_FILENO);
-    ::close(before);
-    EXPECT_EQ(contents(file), "lumbra-remote: told\n");
+            EXPECT_EQ(settings.text(name + std::to_string(change)), std::to_string(change)) << name;
 }
 
 } // namespace

@@ -8,19 +8,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <functional>
 #include <future>
-#include <memory>
-#include <string>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
-#include <utility>
-#include <vector>
 
 namespace lumbra {
 namespace {
@@ -28,28 +21,13 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-TEST(QtMainQueue, PostedWorkRunsInOrderInALaterTurn) {
-    QtMainQueue queue;
-    std::string order;
-    queue.post([&] {
-        order += 'a';
-        queue.post([&] { order += 'd'; });
-        order += 'b';
-    });
-    queue.post([&] { order += 'c'; });
-    EXPECT_EQ(order, "");
-    ASSERT_TRUE(runUntil([&] { return order.size() == 4; }));
-    EXPECT_EQ(order, "abcd");
-}
-
 TEST(QtMainQueue, WorkThatPostsItselfLeavesRoomForDescriptorsAndTimers) {
     QtMainQueue queue;
     QtDescriptorWatcher watcher;
     int ends[2];
     ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
     ASSERT_EQ(::write(ends[1], "x", 1), 1);
-    bool readable = false;
-    bool timed = false;
+    bool readable = false, timed = false;
     const auto watch = watcher.watchReadable(ends[0], [&] { readable = true; });
     queue.postAfter(0ns, [&] { timed = true; });
     long rounds = 0;
@@ -65,24 +43,22 @@ TEST(QtMainQueue, WorkThatPostsItselfLeavesRoomForDescriptorsAndTimers) {
 }
 
 TEST(QtMainQueue, WorkOfOtherThreadsRunsOnTheMainThreadInTheOrderOfEach) {
-    constexpr int THREADS = 4;
-    constexpr int PIECES = 2000;
+    constexpr std::size_t THREADS = 4, PIECES = 2000;
     QtMainQueue queue;
-    std::vector<std::vector<int>> ran(THREADS);
+    std::size_t count = 0;
+    std::vector<std::vector<std::size_t>> ran(THREADS);
     const auto mainThread = std::this_thread::get_id();
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     for (std::size_t thread = 0; thread < THREADS; ++thread)
         threads.emplace_back([&, thread] {
-            for (int piece = 0; piece < PIECES; ++piece)
+            for (std::size_t piece = 0; piece < PIECES; ++piece)
                 queue.post([&, thread, piece] {
                     EXPECT_EQ(std::this_thread::get_id(), mainThread);
                     ran[thread].push_back(piece);
+                    ++count;
                 });
         });
-    const auto total = [&] { return ran[0].size() + ran[1].size() + ran[2].size() + ran[3].size(); };
-    EXPECT_TRUE(runUntil([&] { return total() == std::size_t{THREADS} * PIECES; }));
-    for (auto& thread : threads)
-        thread.join();
+    EXPECT_TRUE(runUntil([&] { return count == THREADS * PIECES; }));
     for (const auto& pieces : ran)
         EXPECT_TRUE(std::is_sorted(pieces.begin(), pieces.end()));
 }
@@ -90,19 +66,12 @@ TEST(QtMainQueue, WorkOfOtherThreadsRunsOnTheMainThreadInTheOrderOfEach) {
 TEST(QtMainQueue, DelayedWorkIsNeverEarlyAndRunsByTimeThenByCall) {
     QtMainQueue queue;
     std::string order;
-    const auto start = Clock::now();
-    const auto add = [&](char name, std::chrono::nanoseconds delay) {
-        queue.postAfter(delay, [&, name, delay] {
-            EXPECT_GE(Clock::now() - start, delay) << name;
+    for (const auto& [name, delay] : std::initializer_list<std::pair<char, std::chrono::nanoseconds>>{
+             {'e', 4ms}, {'f', 4ms + 1us}, {'c', 2500us}, {'d', 2500us + 1ns}, {'a', -5s}, {'b', 0ns}})
+        queue.postAfter(delay, [&, name, due = Clock::now() + delay] {
+            EXPECT_GE(Clock::now(), due) << name;
             order += name;
         });
-    };
-    add('e', 4ms);
-    add('f', 4ms + 1us);
-    add('c', 2ms + 500us);
-    add('d', 2ms + 500us + 1ns);
-    add('a', -5s);
-    add('b', 0ns);
     queue.postAfter(std::chrono::nanoseconds::max(), [&] { order += '!'; });
     queue.postAfter(3ms, [&] { queue.postAfter(10ms, [&] { order += 'g'; }); });
     EXPECT_EQ(order, "");
@@ -116,18 +85,22 @@ TEST(QtMainQueue, DropsWorkAndWhatItHoldsWhenDestroyed) {
     const auto held = std::make_shared<int>(0);
     {
         QtMainQueue queue;
-        queue.post([held] { ADD_FAILURE(); });
-        queue.postAfter(0ns, [held] { ADD_FAILURE(); });
+        for (const bool isDropped : {true, false}) {
+            queue.post([held] { ADD_FAILURE(); });
+            queue.postAfter(0ns, [held] { ADD_FAILURE(); });
+            if (isDropped)
+                queue.drop();
+            EXPECT_EQ(held.use_count() == 1, isDropped);
+        }
     }
     settle();
     EXPECT_EQ(held.use_count(), 1);
 }
 
 TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
-    std::promise<void> begun;
-    std::promise<void> goOn;
+    std::promise<void> begun, goOn;
     std::string order;
-    std::thread release;
+    std::jthread release;
     const auto held = std::make_shared<int>(0);
     {
         ThreadWorker worker;
@@ -140,11 +113,10 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
         }));
         EXPECT_TRUE(worker.post([held] {}));
         begun.get_future().wait();
-        release = std::thread([&goOn] { goOn.set_value(); });
+        release = std::jthread([&goOn] { goOn.set_value(); });
     }
     EXPECT_EQ(order, "ab");
     EXPECT_EQ(held.use_count(), 1);
-    release.join();
     const ThreadWorker idle; // destroyed without a thread
 }
 
@@ -156,10 +128,8 @@ TEST(SignalPipe, LeavesTheSecondSignalToTheSystem) {
         SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
         ::raise(SIGHUP);
         ::raise(SIGTERM);
-        if (signals.next() == SIGTERM && !signals.next()) {
-            ::raise(SIGHUP);
-            ::raise(SIGINT);
-        }
+        if (signals.next() == SIGTERM && !signals.next())
+            ::raise(SIGHUP), ::raise(SIGINT);
         ::_exit(0);
     }
     int status = 0;
