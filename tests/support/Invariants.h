@@ -47,17 +47,20 @@ inline std::string brokenInvariant(Remote& remote) {
         if (!isWithin(groupScreen->group().volume, -80, 0) || !isWithin(groupScreen->group().source, 0, 19))
             return "a group's volume or input is out of range";
     }
-    for (const auto& item : screen->view().items())
-        if (item.control->kind() == Control::Kind::Picker) {
-            const auto& picker = static_cast<const Picker&>(*item.control);
-            if (picker.selected() >= static_cast<int>(picker.rows().size()) ||
-                (picker.selected() < 0) != picker.rows().empty())
-                return item.name + " has no such row as the one it shows";
-        } else if (item.control->kind() == Control::Kind::Slider) {
-            const auto& slider = static_cast<const Slider&>(*item.control);
-            if (!(slider.value() >= slider.minimum() && slider.value() <= slider.maximum()))
-                return item.name + " stands outside its range";
-        }
+    for (const auto& item : screen->view().items()) {
+        const auto anything = [](const Control&) { return true; };
+        if (!visit(*item.control, Overloads{anything,
+                                            [](const Slider& slider) {
+                                                return slider.value() >= slider.minimum() &&
+                                                       slider.value() <= slider.maximum();
+                                            },
+                                            [](const Picker& picker) {
+                                                return picker.selected() <
+                                                           static_cast<int>(picker.rows().size()) &&
+                                                       (picker.selected() < 0) == picker.rows().empty();
+                                            }}))
+            return item.name + " stands where it can't";
+    }
     return {};
 }
 
