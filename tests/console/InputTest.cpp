@@ -91,6 +91,9 @@ TEST(Completion, OffersWhatMayStandThere) {
     Remote remote;
     remote.launch();
     const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"",
+         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "get", "set",
+          "unset", "app", "wait", "quit"}},
         {"s", {"state", "slide", "switch", "segment", "set"}},
         {"slide ", {"volumeSlider", "bassSlider", "trebleSlider"}},
         {"slide b", {"bassSlider"}},

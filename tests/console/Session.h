@@ -63,6 +63,7 @@ private:
 ///     $ tab group              a line of standard input
 ///     $part tab                some bytes of it
 ///     $end, $signal            its end; a signal asks the program to end
+///     $unread                  nobody reads standard output any more
 ///     < {"reply":...}          the next line of standard output, to the letter
 ///     = tab                    likewise, a reply: {"reply":"tab","ok":true}
 ///     = tab 9: no such tab     likewise: {"reply":"tab","ok":false,"error":"9: no such tab"}
@@ -71,8 +72,7 @@ private:
 ///     exit 0                   the program has told its delegate and has ended
 ///     ~ > U1Z3V-30             a step of Remote: a report, time that passes, what becomes of the streams
 ///
-/// Steps stand on lines of their own or with " ; " between them. All output must be in the transcript. `play` gives what
-/// went wrong, or an empty text.
+/// All output must be in the transcript. `play` gives what went wrong, or an empty text.
 class Session {
 public:
     Remote remote;
@@ -115,11 +115,6 @@ public:
         if (input_[1] >= 0)
             ::close(std::exchange(input_[1], -1));
     }
-    void closeOutput() {
-        std::signal(SIGPIPE, SIG_IGN); // as the program does
-        ::close(output_[0]);
-        output_[0] = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-    }
     /// Runs everything that needs no time to pass.
     void settle() {
         do
@@ -136,18 +131,7 @@ public:
     }
 
     std::string play(std::string_view transcript) {
-        std::istringstream lines{std::string(transcript)};
-        std::string problems;
-        for (std::string line; std::getline(lines, line);) {
-            auto at = std::min(line.find_first_not_of(' '), line.size());
-            while (at < line.size()) {
-                const auto end = std::min(line.find(" ; ", at), line.size());
-                const auto step = line.substr(at, end - at);
-                if (const auto problem = run(step); !problem.empty())
-                    problems.append(step).append("\n    ").append(problem).append("\n");
-                at = end + 3;
-            }
-        }
+        auto problems = runSteps(transcript, [this](const std::string& step) { return run(step); });
         takeLines(problems);
         for (const auto& line : std::exchange(lines_, {}))
             problems += "not in the transcript: " + line + "\n";
@@ -162,7 +146,10 @@ private:
             endInput();
         else if (step == "$signal")
             problems = ::write(signals_[1], "!", 1) == 1 ? "" : "no signal";
-        else if (step.starts_with("$part "))
+        else if (step == "$unread") {
+            std::signal(SIGPIPE, SIG_IGN); // as the program does
+            ::close(std::exchange(output_[0], ::open("/dev/null", O_RDONLY | O_CLOEXEC)));
+        } else if (step.starts_with("$part "))
             type(rest);
         else if (step.starts_with("$"))
             type((step == "$" ? "" : rest) + "\n");

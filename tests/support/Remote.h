@@ -21,6 +21,25 @@
 
 namespace lumbra {
 
+/// Runs the steps of a script, which stand on lines of their own or with " ; " between them. `run` gives what went wrong
+/// at a step, or an empty text; so does this of them all.
+template <class Run>
+std::string runSteps(std::string_view script, Run run) {
+    std::istringstream lines{std::string(script)};
+    std::string problems;
+    for (std::string line; std::getline(lines, line);) {
+        auto at = std::min(line.find_first_not_of(' '), line.size());
+        while (at < line.size()) {
+            const auto end = std::min(line.find(" ; ", at), line.size());
+            const auto step = line.substr(at, end - at);
+            if (const std::string problem = run(step); !problem.empty())
+                problems.append(step).append("\n    ").append(problem).append("\n");
+            at = end + 3;
+        }
+    }
+    return problems;
+}
+
 /// The whole application on virtual time and scripted streams, driven and looked at by short steps of text, so that a
 /// test can be a table of them:
 ///
@@ -45,7 +64,7 @@ namespace lumbra {
 ///     peer 10.0.0.9:23                whereto the newest pair of streams leads
 ///     calls input.open output.open    all calls of the newest pair's streams since the last such step
 ///
-/// Steps stand on lines of their own or with " ; " between them. `play` gives what went wrong, or an empty text.
+/// `play` gives what went wrong, or an empty text.
 class Remote {
 public:
     struct SwitchableReachability final : Reachability {
@@ -100,21 +119,12 @@ public:
     }
 
     std::string play(std::string_view script) {
-        std::istringstream lines{std::string(script)};
-        std::string problems;
-        for (std::string line; std::getline(lines, line);) {
-            auto at = std::min(line.find_first_not_of(' '), line.size());
-            while (at < line.size()) {
-                const auto end = std::min(line.find(" ; ", at), line.size());
-                const auto step = line.substr(at, end - at);
-                if (const auto problem = run(step); !problem.empty())
-                    problems.append(step).append(": ").append(problem).append("\n");
-                if (!held_)
-                    settle();
-                at = end + 3;
-            }
-        }
-        return problems;
+        return runSteps(script, [this](const std::string& step) {
+            auto problem = run(step);
+            if (!held_)
+                settle();
+            return problem;
+        });
     }
 
     /// What a control shows: a switch "on" or "off", a picker's selected row and its text, "- " where disabled.
