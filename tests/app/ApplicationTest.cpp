@@ -35,18 +35,8 @@ TEST(Settings, AreTakenAllOrNone) {
     }
 }
 
-std::string tabNames(Remote& remote) {
-    std::string names;
-    for (const auto& tab : remote.application.tabs().viewControllers())
-        names += tab->view().name() + " ";
-    return names + std::to_string(remote.application.tabs().selectedIndex());
-}
-
 TEST(Launch, ShapesTheTabsAndSelectsTheStartTab) {
-    const struct {
-        const char* before;
-        const char* tabs;
-    } cases[] = {
+    const Scenario cases[] = {
         {"", "zone group override scene 0"},
         {"set start_tab_preference 2", "zone group override scene 2"},
         {"set start_tab_preference 4", "zone group override scene 0"},
@@ -55,11 +45,14 @@ TEST(Launch, ShapesTheTabsAndSelectsTheStartTab) {
         {"set advanced_mode_preference true", "output group override scene 0"},
         {"set advanced_mode_preference true ; set start_tab_preference 3", "output group override scene 3"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [settings, expected] : cases) {
         Remote remote;
-        ASSERT_EQ(remote.play(c.before), "");
+        ASSERT_EQ(remote.play(settings), "");
         remote.launch();
-        EXPECT_EQ(tabNames(remote), c.tabs) << c.before;
+        std::string tabs;
+        for (const auto& tab : remote.application.tabs().viewControllers())
+            tabs += tab->view().name() + " ";
+        EXPECT_EQ(tabs + std::to_string(remote.application.tabs().selectedIndex()), expected) << settings;
     }
 }
 

@@ -2,12 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <chrono>
 #include <random>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -28,18 +23,15 @@ TEST(Console, PlaysItsTranscripts) {
             < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"}
             $ "tab" "0" ; <~ "screen":"zone" ; <~ spinner ; = tab
             $ tab override ; <... ; ~ > U1APPQ3 ; <... ; $ state
-            < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"}
-        )"},
+            < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"})"},
         {"the tab on show selected again is stored and nothing appears", R"(
             $ set start_tab_preference 3 ; = set ; $ tab zone ; = tab ; ~ sent ; $ get start_tab_preference
-            < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}}
-        )"},
+            < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}})"},
         {"a slide is one event, held to the range, its command leaves later, once", R"(
             $ slide volumeSlider -30.5 ; <~ "value":-30.5 ; = slide ; $ slide volumeSlider -30.5 ; = slide
             ~ sent ; ~ wait 0.75 ; ~ sent [U1Z1V-30]
             $ slide bassSlider 1e30 ; <~ "value":15.0 ; = slide ; $ slide bassSlider -1e300 ; <~ "value":-15.0 ; = slide
-            $ slide volumeSlider +3 ; <~ "value":0.0 ; = slide
-        )"},
+            $ slide volumeSlider +3 ; <~ "value":0.0 ; = slide)"},
         {"a switch, a row and a button", R"(
             $ switch muteSwitch on
             < {"event":"control","screen":"zone","control":"muteSwitch","state":{"kind":"switch","on":true,"enabled":true}}
@@ -47,8 +39,7 @@ TEST(Console, PlaysItsTranscripts) {
             $ switch muteSwitch toggle ; <~ "on":false ; = switch ; ~ sent [U1Z1M0]
             $ pick sourcePicker 2 ; <~ "selected":2 ; = pick ; $ pick sourcePicker 2 ; = pick ; ~ sent [U1Z1I3] [U1Z1I3]
             $ tab scene ; $ pick scenePicker 4 ; <... ; ~ sent [U1APPQ2]
-            $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE]
-        )"},
+            $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
         {"segments, and the controls they enable", R"(
             $ set advanced_mode_preference true ; $ app away ; $ app back ; ~ connect ; <... ; ~ sent [U1SERIAL0] [U1APPQ1]
             $ segment filterType1 0 ; = segment ; $ slide filterGain1 3 ; = slide filterGain1: disabled ; ~ sent
@@ -58,8 +49,7 @@ TEST(Console, PlaysItsTranscripts) {
             = segment ; ~ sent [U1O1B1P0F1000] ; ~ > U1O1B1P0F1000
             < {"event":"control","screen":"output","control":"filterFreq1","state":{"kind":"slider","value":3000.0,"min":1301.03,"max":4301.0303,"enabled":true}}
             <~ filterGain1
-            $ slide filterGain1 3 ; <~ "value":3.0 ; = slide
-        )"},
+            $ slide filterGain1 3 ; <~ "value":3.0 ; = slide)"},
         {"an alert is told each time it is asked for, one stands", R"(
             $ dismiss ; = dismiss no alert is on show ; ~ error
             < {"event":"link","link":"closed"}
@@ -67,39 +57,33 @@ TEST(Console, PlaysItsTranscripts) {
             ~ network off ; $ tab group ; <~ "event":"screen" ; = tab ; <~ "event":"alert"
             $ state
             <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed"}
-            $ dismiss ; = dismiss ; $ dismiss ; <~ "ok":false ; $ state ; <~ "alert":null,"link":"closed"}
-        )"},
+            $ dismiss ; = dismiss ; $ dismiss ; <~ "ok":false ; $ state ; <~ "alert":null,"link":"closed"})"},
         {"the application leaves and comes back to another address", R"(
             $ app away ; <~ "link":"closed" ; = app ; $ set ip_address_preference 10.0.0.9 ; = set
-            $ app back ; = app ; <~ "link":"opening" ; ~ error ; <~ "link":"closed" ; <~ IP address 10.0.0.9.
-        )"},
+            $ app back ; = app ; <~ "link":"opening" ; ~ error ; <~ "link":"closed" ; <~ IP address 10.0.0.9.)"},
         {"single lifecycle events, and the mode that changes meanwhile", R"(
             $ set advanced_mode_preference true ; $ set start_tab_preference 2
             $ app resign-active ; $ app enter-background ; $ app enter-foreground ; <... ; $ app become-active
             < {"event":"screen","screen":"output","tabs":["output","group","override","scene"],"selected":0}
             < {"event":"screen","screen":"override","tabs":["output","group","override","scene"],"selected":2}
-            = app ; <~ "link":"opening"
-        )"},
+            = app ; <~ "link":"opening")"},
         {"what a person stores is typed; the application is not told", R"(
             $ set unit_number_preference 4 ; = set ; $ set start_tab_preference -1 ; = set
             $ set polling_preference false ; = set ; $ set ip_address_preference "" ; = set
             $ unset serial_port_preference ; = unset ; $ get
             < {"reply":"get","ok":true,"settings":{"ip_address_preference":"","unit_number_preference":4,"polling_preference":false,"serial_port_preference":null,"start_tab_preference":-1,"advanced_mode_preference":null}}
-            $ switch muteSwitch on ; <... ; ~ sent [U1Z1M1]
-        )"},
+            $ switch muteSwitch on ; <... ; ~ sent [U1Z1M1])"},
         {"names are UTF-8, escaped, and nothing breaks a line", R"(
             $ tab scene ; <... ; ~ > U1SP1N"Caf)"
                                                                 "\xe9 \\ \x01\x7f \xc2\x85\x80"
                                                                 R"("
-            <~ "rows":["Café \\ \u0001\u007f Â\u0085\u0080"
-        )"},
+            <~ "rows":["Café \\ \u0001\u007f Â\u0085\u0080")"},
         {"empty lines and comments are nothing, the rest is said in words", R"(
             $
             $ # tab nowhere
             $    
             $ quit now ; = quit quit stands alone
-            $ help ; <~ {"reply":"help","ok":true,"commands":[{"name":"help","usage":"help","help":"lists the commands"},{"name"
-        )"},
+            $ help ; <~ {"reply":"help","ok":true,"commands":[{"name":"help","usage":"help","help":"lists the commands"},{"name")"},
         {"bad input is answered in words, and nothing of it reaches the unit",
          R"(
             $ fly ; = fly fly: no such command; \"help\" lists those there are
@@ -139,31 +123,25 @@ TEST(Console, PlaysItsTranscripts) {
             $ tab )"
          "\xff"
          R"( ; = tab this line is not UTF-8 text
-            ~ wait 9 ; ~ sent
-        )"},
+            ~ wait 9 ; ~ sent)"},
         {"a wait holds back commands, not events", R"(
             $ wait 0.5 ; $ tab 9 ; ~ wait 0.499 ; ~ > U1Z1V-30 ; <~ volumeSlider ; <~ volumeLabel
-            ~ wait 0.001 ; = wait ; <~ "reply":"tab","ok":false ; $ wait 0 ; ~ wait 0 ; = wait
-        )"},
+            ~ wait 0.001 ; = wait ; <~ "reply":"tab","ok":false ; $ wait 0 ; ~ wait 0 ; = wait)"},
         {"an answer, one that is there already, one that does not come", R"(
             $ tab group ; $ wait answer 2 ; $ dismiss ; <... ; ~ wait 1.9 ; ~ > U2APPQ4 ; ~ > U1APPQ4
             <~ spinner ; = wait ; <~ "reply":"dismiss" ; ~ wait 9
             $ wait answer ; = wait
             $ tab zone ; $ wait answer ; <... ; ~ wait 4.999 ; ~ wait 0.001
-            = wait the unit has not answered in time; the link is open
-        )"},
+            = wait the unit has not answered in time; the link is open)"},
         {"a link, and the query that it starts", R"(
             $ app away ; $ wait closed ; $ app back ; $ wait open 1 ; $ wait answer ; <... ; ~ wait 0.9 ; ~ connect
-            <~ "link":"open" ; <~ "animating":true ; = wait ; ~ > U1APPQ0 ; <~ "animating":false ; = wait
-        )"},
+            <~ "link":"open" ; <~ "animating":true ; = wait ; ~ > U1APPQ0 ; <~ "animating":false ; = wait)"},
         {"a link that does not open", R"(
             ~ end ; <~ "link":"closed" ; $ wait open 0.25 ; ~ wait 0.25 ; = wait the link is still closed, not open
-            $ wait closed 0 ; = wait
-        )"},
+            $ wait closed 0 ; = wait)"},
         {"the end of the input is behind the last command", R"(
             $ wait 3 ; $part switch muteSwitch on ; $end ; ~ wait 2.9 ; ~ sent
-            ~ wait 0.1 ; = wait ; <~ muteSwitch ; = switch ; ~ sent [U1Z1M1] ; exit 0
-        )"},
+            ~ wait 0.1 ; = wait ; <~ muteSwitch ; = switch ; ~ sent [U1Z1M1] ; exit 0)"},
         {"quit", "~ away ; <... ; $part quit ; $end ; = quit ; exit 0"},
         {"nothing behind quit", "$ wait 1 ; $ quit ; $ tab group ; ~ wait 1 ; = wait ; = quit ; exit 0"},
         {"quit after an error", "$ fly ; $ quit ; <~ fly ; = quit ; exit 1"},
@@ -198,10 +176,10 @@ TEST(Console, LaunchesBeforeItReads) {
 // reply, in order.
 TEST(Console, AnswersRandomScriptsInOnePiece) {
     std::istringstream list(
-        "wait open|wait closed|wait answer|wait answer 0.1|wait 0|wait 0.8|app away|app back|app "
-        "become-active|"
-        "tab group|tab 0|tab 9|dismiss|state|get|slide volumeSlider -9|switch muteSwitch toggle|"
-        "pick sourcePicker 3|set advanced_mode_preference true|press loadSceneButton|fly|tab 3");
+        "wait open|wait closed|wait answer|wait answer 0.1|wait 0|wait 0.8|app away|app back|"
+        "app become-active|tab group|tab 0|tab 9|tab 3|dismiss|state|get|fly|"
+        "slide volumeSlider -9|switch muteSwitch toggle|pick sourcePicker 3|"
+        "set advanced_mode_preference true|press loadSceneButton");
     std::vector<std::string> commands;
     for (std::string command; std::getline(list, command, '|');)
         commands.push_back(command);
@@ -248,9 +226,9 @@ TEST(Console, AFloodOfCommandsLeavesRoomForReports) {
     std::string flood;
     for (int i = 0; i < 500; ++i)
         flood += "dismiss\n";
-    auto& queue = session.remote.queue;
-    queue.post(
-        [&] { queue.post([&] { session.remote.report("U1Z1V-30"); }); }); // behind the first turn's commands
+    auto& remote = session.remote;
+    // Behind the first turn's commands.
+    remote.queue.post([&] { remote.queue.post([&] { remote.report("U1Z1V-30"); }); });
     session.type(flood);
     const auto printed = session.read();
     EXPECT_LT(printed.find("volumeSlider"), printed.size() / 4) << "the report waited for the commands";

@@ -8,8 +8,6 @@
 
 #include <cstdlib>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace {
 

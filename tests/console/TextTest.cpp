@@ -73,8 +73,7 @@ TEST(Text, PlaysItsTranscript) {
         <   muteSwitch      switch     off
         <~ loudnessSwitch ; <~ bassSlider ; <~ bassLabel ; <~ trebleSlider ; <~ trebleLabel ; <~ stopped
         < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
-        $ dismiss ; < ok ; $ quit ; < ok ; exit 1
-    )"),
+        $ dismiss ; < ok ; $ quit ; < ok ; exit 1)"),
               "");
 }
 

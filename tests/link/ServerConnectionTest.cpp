@@ -112,10 +112,8 @@ TEST_F(ServerConnectionTest, AnAttemptThatIsOvertakenNeverComesAlive) {
 
 TEST_F(ServerConnectionTest, AnnouncesEachLinkStateOnce) {
     std::string states;
-    const auto subscription = connection->onLinkChange([this, &states] {
-        const auto state = connection->linkState();
-        states += state == LinkState::Open ? 'o' : state == LinkState::Opening ? '.' : 'c';
-    });
+    const auto subscription = connection->onLinkChange(
+        [this, &states] { states += "c.o"[static_cast<std::size_t>(connection->linkState())]; });
     open();
     open();
     streams.last().connect();

@@ -224,13 +224,10 @@ private:
     }
 
     bool selectTab(const std::string& name) {
-        int index = 0;
-        for (const auto& tab : application.tabs().viewControllers())
-            if (tab->view().name() == name)
-                return application.tabs().selectByUser(index);
-            else
-                ++index;
-        return false;
+        const auto& tabs = application.tabs().viewControllers();
+        const auto found =
+            std::find_if(tabs.begin(), tabs.end(), [&](auto& tab) { return tab->view().name() == name; });
+        return application.tabs().selectByUser(static_cast<int>(found - tabs.begin()));
     }
     static StreamEvent event(const std::string& name) {
         static const std::map<std::string, StreamEvent> events{{"opened", StreamEvent::OpenCompleted},

@@ -36,7 +36,7 @@ public:
     /// What the next writes return: at most that many bytes are taken, -1 is an error. All bytes are taken without.
     std::deque<std::ptrdiff_t> writeResults;
 
-    /// Reports `event` on a direction; false, and nothing happens, where that direction is destroyed, not scheduled or
+    /// Reports `event` on a direction; false, and nothing happens, where that direction is not open, not scheduled or
     /// has no delegate.
     bool fireInput(StreamEvent event) { return fire(input_, event); }
     bool fireOutput(StreamEvent event) { return fire(output_, event); }
@@ -75,33 +75,20 @@ private:
             : pair_(std::move(pair)), direction_(direction) {
             direction_.stream = this;
         }
-        ~ScriptedStream() override {
-            record("destroy");
-            direction_ = Direction{direction_.name};
-        }
+        ~ScriptedStream() override { record("destroy") = Direction{direction_.name}; }
         void setDelegate(StreamDelegate* delegate) override {
-            record(delegate ? "setDelegate" : "clearDelegate");
-            direction_.delegate = delegate;
+            record(delegate ? "setDelegate" : "clearDelegate").delegate = delegate;
         }
-        void open() override {
-            record("open");
-            direction_.open = true;
-        }
-        void scheduleOnMainQueue() override {
-            record("schedule");
-            direction_.scheduled = true;
-        }
-        void removeFromMainQueue() override {
-            record("remove");
-            direction_.scheduled = false;
-        }
-        void close() override {
-            record("close");
-            direction_.open = direction_.scheduled = false;
-        }
+        void open() override { record("open").open = true; }
+        void scheduleOnMainQueue() override { record("schedule").scheduled = true; }
+        void removeFromMainQueue() override { record("remove").scheduled = false; }
+        void close() override { record("close").open = false; }
 
     protected:
-        void record(const char* call) { pair_->calls.push_back(direction_.name + "." + call); }
+        Direction& record(const char* call) {
+            pair_->calls.push_back(direction_.name + "." + call);
+            return direction_;
+        }
 
         // Keeps the pair alive, whose member the direction is.
         const std::shared_ptr<ScriptedPair> pair_;
@@ -143,7 +130,7 @@ private:
         return otherwise;
     }
     static bool fire(const Direction& direction, StreamEvent event) {
-        if (!direction.stream || !direction.scheduled || !direction.delegate)
+        if (!direction.open || !direction.scheduled || !direction.delegate)
             return false;
         direction.delegate->handleEvent(*direction.stream, event);
         return true;
