@@ -2,12 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <chrono>
 #include <random>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -22,185 +17,140 @@ TEST(Console, PlaysItsTranscripts) {
             $ tab scene
             < {"event":"screen","screen":"scene","tabs":["zone","group","override","scene"],"selected":3}
             < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
-            < {"reply":"tab","ok":true}
-            ~ sent [U1APPQ2]
-            ~ > U1Z1V-20
-            ~ > U1APPQ2
+            = tab ; ~ > U1Z1V-20 ; ~ > U1APPQ2
             < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":false}}
-            $ tab 0
-            < {"event":"screen","screen":"zone","tabs":["zone","group","override","scene"],"selected":0}
-            < {"event":"control","screen":"zone","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
-            < {"reply":"tab","ok":true}
-        )"},
+            $ state
+            < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"}
+            $ "tab" "0" ; <~ "screen":"zone" ; <~ spinner ; = tab
+            $ tab override ; <... ; ~ > U1APPQ3 ; <... ; $ state
+            < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"})"},
         {"the tab on show selected again is stored and nothing appears", R"(
-            $ set start_tab_preference 3
-            < {"reply":"set","ok":true}
-            ~ sent
-            $ tab zone
-            < {"reply":"tab","ok":true}
-            ~ sent
-            $ get start_tab_preference
-            < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}}
-        )"},
-        {"a slide is one event, its command leaves later, once", R"(
-            $ slide volumeSlider -30.5
-            < {"event":"control","screen":"zone","control":"volumeSlider","state":{"kind":"slider","value":-30.5,"min":-80.0,"max":0.0,"enabled":true}}
-            < {"reply":"slide","ok":true}
-            $ slide volumeSlider -30.5
-            < {"reply":"slide","ok":true}
-            ~ sent
-            ~ wait 0.75
-            ~ sent [U1Z1V-30]
-        )"},
-        {"a slide is held to the range", R"(
-            $ slide bassSlider 1e30
-            <~ "value":15.0
-            <~ "ok":true
-            $ slide bassSlider -1e300
-            <~ "value":-15.0
-            <~ "ok":true
-            $ slide volumeSlider +3
-            <~ "value":0.0
-            <~ "ok":true
-        )"},
-        {"a switch sends once, and nothing where it stands", R"(
+            $ set start_tab_preference 3 ; = set ; $ tab zone ; = tab ; ~ sent ; $ get start_tab_preference
+            < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}})"},
+        {"a slide is one event, held to the range, its command leaves later, once", R"(
+            $ slide volumeSlider -30.5 ; <~ "value":-30.5 ; = slide ; $ slide volumeSlider -30.5 ; = slide
+            ~ sent ; ~ wait 0.75 ; ~ sent [U1Z1V-30]
+            $ slide bassSlider 1e30 ; <~ "value":15.0 ; = slide ; $ slide bassSlider -1e300 ; <~ "value":-15.0 ; = slide
+            $ slide volumeSlider +3 ; <~ "value":0.0 ; = slide)"},
+        {"a switch, a row and a button", R"(
             $ switch muteSwitch on
             < {"event":"control","screen":"zone","control":"muteSwitch","state":{"kind":"switch","on":true,"enabled":true}}
-            < {"reply":"switch","ok":true}
-            ~ sent [U1Z1M1]
-            $ switch muteSwitch on
-            < {"reply":"switch","ok":true}
-            ~ sent
-            $ switch muteSwitch toggle
-            <~ "on":false
-            < {"reply":"switch","ok":true}
-            ~ sent [U1Z1M0]
-        )"},
-        {"a row picked again is a pick", R"(
-            $ pick sourcePicker 2
-            <~ "selected":2
-            < {"reply":"pick","ok":true}
-            $ pick sourcePicker 2
-            < {"reply":"pick","ok":true}
-            ~ sent [U1Z1I3] [U1Z1I3]
-        )"},
+            = switch ; ~ sent [U1Z1M1] ; $ switch muteSwitch on ; = switch ; ~ sent
+            $ switch muteSwitch toggle ; <~ "on":false ; = switch ; ~ sent [U1Z1M0]
+            $ pick sourcePicker 2 ; <~ "selected":2 ; = pick ; $ pick sourcePicker 2 ; = pick ; ~ sent [U1Z1I3] [U1Z1I3]
+            $ tab scene ; $ pick scenePicker 4 ; <... ; ~ sent [U1APPQ2]
+            $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
         {"segments, and the controls they enable", R"(
-            $ set advanced_mode_preference true
-            $ app away
-            $ app back
-            <...
-            ~ connect
-            <...
-            ~ sent [U1SERIAL0] [U1APPQ1]
-            $ segment filterType1 0
-            < {"reply":"segment","ok":true}
-            $ slide filterGain1 3
-            < {"reply":"slide","ok":false,"error":"filterGain1: disabled"}
-            ~ sent
+            $ set advanced_mode_preference true ; $ app away ; $ app back ; ~ connect ; <... ; ~ sent [U1SERIAL0] [U1APPQ1]
+            $ segment filterType1 0 ; = segment ; $ slide filterGain1 3 ; = slide filterGain1: disabled ; ~ sent
+            $ segment filterType1 6 ; = segment filterType1: no segment 6; there are 0 to 5
             $ segment filterType1 5
             < {"event":"control","screen":"output","control":"filterType1","state":{"kind":"segmented","segments":["Bypass","High-pass","High shelf","Low-pass","Low shelf","Parametric"],"selected":5,"enabled":true}}
-            < {"reply":"segment","ok":true}
-            ~ sent [U1O1B1P0F1000]
-            ~ > U1O1B1P0F1000
+            = segment ; ~ sent [U1O1B1P0F1000] ; ~ > U1O1B1P0F1000
             < {"event":"control","screen":"output","control":"filterFreq1","state":{"kind":"slider","value":3000.0,"min":1301.03,"max":4301.0303,"enabled":true}}
-            < {"event":"control","screen":"output","control":"filterGain1","state":{"kind":"slider","value":0.0,"min":-15.0,"max":15.0,"enabled":true}}
-            $ slide filterGain1 3
-            <~ "value":3.0
-            < {"reply":"slide","ok":true}
-        )"},
-        {"a button, on the scene that is picked", R"(
-            $ tab scene
-            $ pick scenePicker 4
-            <...
-            ~ sent [U1APPQ2]
-            $ press loadSceneButton
-            < {"reply":"press","ok":true}
-            $ press saveSceneButton
-            < {"reply":"press","ok":true}
-            ~ sent [U1SP5LOAD] [U1SP5SAVE]
-        )"},
+            <~ filterGain1
+            $ slide filterGain1 3 ; <~ "value":3.0 ; = slide)"},
         {"an alert is told each time it is asked for, one stands", R"(
-            $ dismiss
-            < {"reply":"dismiss","ok":false,"error":"no alert is on show"}
-            ~ error
+            $ dismiss ; = dismiss no alert is on show ; ~ error
             < {"event":"link","link":"closed"}
             < {"event":"alert","title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"}
-            ~ network off
-            $ tab group
-            <~ "event":"screen"
-            < {"reply":"tab","ok":true}
-            < {"event":"alert","title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"}
+            ~ network off ; $ tab group ; <~ "event":"screen" ; = tab ; <~ "event":"alert"
             $ state
             <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed"}
-            $ dismiss
-            < {"reply":"dismiss","ok":true}
-            $ dismiss
-            <~ "ok":false
-            $ state
-            <~ "alert":null,"link":"closed"}
-        )"},
+            $ dismiss ; = dismiss ; $ dismiss ; <~ "ok":false ; $ state ; <~ "alert":null,"link":"closed"})"},
         {"the application leaves and comes back to another address", R"(
-            $ app away
-            < {"event":"link","link":"closed"}
-            < {"reply":"app","ok":true}
-            $ set ip_address_preference 10.0.0.9
-            < {"reply":"set","ok":true}
-            $ app back
-            < {"reply":"app","ok":true}
-            < {"event":"link","link":"opening"}
-            ~ error
-            < {"event":"link","link":"closed"}
-            < {"event":"alert","title":"Error","message":"Failed to connect to IP address 10.0.0.9.","button":"OK"}
-        )"},
+            $ app away ; <~ "link":"closed" ; = app ; $ set ip_address_preference 10.0.0.9 ; = set
+            $ app back ; = app ; <~ "link":"opening" ; ~ error ; <~ "link":"closed" ; <~ IP address 10.0.0.9.)"},
         {"single lifecycle events, and the mode that changes meanwhile", R"(
-            $ set advanced_mode_preference true
-            $ set start_tab_preference 2
-            $ app resign-active
-            $ app enter-background
-            $ app enter-foreground
-            <...
-            $ app become-active
+            $ set advanced_mode_preference true ; $ set start_tab_preference 2
+            $ app resign-active ; $ app enter-background ; $ app enter-foreground ; <... ; $ app become-active
             < {"event":"screen","screen":"output","tabs":["output","group","override","scene"],"selected":0}
             < {"event":"screen","screen":"override","tabs":["output","group","override","scene"],"selected":2}
-            < {"reply":"app","ok":true}
-            < {"event":"link","link":"opening"}
-        )"},
+            = app ; <~ "link":"opening")"},
         {"what a person stores is typed; the application is not told", R"(
-            $ set unit_number_preference 4
-            < {"reply":"set","ok":true}
-            $ set start_tab_preference -1
-            < {"reply":"set","ok":true}
-            $ set polling_preference false
-            < {"reply":"set","ok":true}
-            $ set ip_address_preference ""
-            < {"reply":"set","ok":true}
-            $ unset serial_port_preference
-            < {"reply":"unset","ok":true}
-            $ get
+            $ set unit_number_preference 4 ; = set ; $ set start_tab_preference -1 ; = set
+            $ set polling_preference false ; = set ; $ set ip_address_preference "" ; = set
+            $ unset serial_port_preference ; = unset ; $ get
             < {"reply":"get","ok":true,"settings":{"ip_address_preference":"","unit_number_preference":4,"polling_preference":false,"serial_port_preference":null,"start_tab_preference":-1,"advanced_mode_preference":null}}
-            $ switch muteSwitch on
-            <...
-            ~ sent [U1Z1M1]
-        )"},
+            $ switch muteSwitch on ; <... ; ~ sent [U1Z1M1])"},
         {"names are UTF-8, escaped, and nothing breaks a line", R"(
-            $ tab scene
-            <...
-            ~ > U1SP1N"Caf)"
-                                                                "\xe9 \\ \x01\x7f \xc2\x85"
+            $ tab scene ; <... ; ~ > U1SP1N"Caf)"
+                                                                "\xe9 \\ \x01\x7f \xc2\x85\x80"
                                                                 R"("
-            <~ "rows":["Café \\ \u0001
-        )"},
+            <~ "rows":["Café \\ \u0001\u007f Â\u0085\u0080")"},
         {"empty lines and comments are nothing, the rest is said in words", R"(
-            $ # tab nowhere
             $
+            $ # tab nowhere
             $    
-            $ quit now
-            < {"reply":"quit","ok":false,"error":"quit stands alone"}
-            $ "tab" "group"
-            <~ "event":"screen"
-            <~ spinner
-            < {"reply":"tab","ok":true}
-        )"},
+            $ quit now ; = quit quit stands alone
+            $ help ; <~ {"reply":"help","ok":true,"commands":[{"name":"help","usage":"help","help":"lists the commands"},{"name")"},
+        {"bad input is answered in words, and nothing of it reaches the unit",
+         R"(
+            $ fly ; = fly fly: no such command; \"help\" lists those there are
+            $ "" ; =  : no such command; \"help\" lists those there are
+            $ pick zonePicker 1 2 ; = pick usage: pick CONTROL ROW
+            $ slide volumeSlide -3 ; = slide volumeSlide: no such control on the zone screen
+            $ slide volumeLabel -3 ; = slide volumeLabel: a label, not a slider
+            $ press spinner ; = press spinner: an activity indicator, not a button
+            $ segment muteSwitch 0 ; = segment muteSwitch: a switch, not a segmented control
+            $ pick sourcePicker 20 ; = pick sourcePicker: no row 20; there are 0 to 19
+            $ pick sourcePicker -1 ; = pick sourcePicker: no row -1; there are 0 to 19
+            $ pick sourcePicker 99999999999999999999 ; = pick sourcePicker: no row 99999999999999999999; there are 0 to 19
+            $ pick sourcePicker 1.0 ; = pick sourcePicker: \"1.0\" is not a whole number
+            $ pick sourcePicker "" ; = pick sourcePicker: \"\" is not a whole number
+            $ slide volumeSlider -inf ; = slide volumeSlider: \"-inf\" is not a number
+            $ slide volumeSlider -30dB ; = slide volumeSlider: \"-30dB\" is not a number
+            $ slide volumeSlider +-3 ; = slide volumeSlider: \"+-3\" is not a number
+            $ slide volumeSlider 1,5 ; = slide volumeSlider: \"1,5\" is not a number
+            $ switch muteSwitch ON ; = switch muteSwitch: no position \"ON\"; there are on, off and toggle
+            $ tab output ; = tab output: no such tab; there are zone, group, override and scene
+            $ tab 4 ; = tab 4: no such tab; there are zone, group, override and scene
+            $ tab -1 ; = tab -1: no such tab; there are zone, group, override and scene
+            $ get volume ; = get volume: no such setting; there are ip_address_preference, unit_number_preference, polling_preference, serial_port_preference, start_tab_preference and advanced_mode_preference
+            $ set unit_number_preference 1.5 ; = set unit_number_preference: \"1.5\" is not a whole number
+            $ set start_tab_preference 9223372036854775808 ; = set start_tab_preference: \"9223372036854775808\" is not a whole number
+            $ set polling_preference yes ; = set polling_preference: \"yes\" is neither true nor false
+            $ app start ; = app start: no such event; there are resign-active, enter-background, enter-foreground, become-active, away and back
+            $ wait long ; = wait \"long\" is neither a time in seconds nor answer, open or closed
+            $ wait -1 ; = wait \"-1\" is neither a time in seconds nor answer, open or closed
+            $ wait nan ; = wait \"nan\" is neither a time in seconds nor answer, open or closed
+            $ wait 3 4 ; = wait \"3\" can't be waited for; there are answer, open and closed
+            $ wait open soon ; = wait \"soon\" is not a time in seconds
+            $ wait open 1e10 ; = wait \"1e10\" is not a time in seconds
+            $ tab "zone ; = tab a quote is opened and not closed
+            $ tab "zo"ne ; = tab a blank is missing behind a closing quote
+            $ tab zo"ne ; = tab a quote inside a word: put the whole word in quotes, and \\\" for the quote
+            $ tab )"
+         "\xff"
+         R"( ; = tab this line is not UTF-8 text
+            ~ wait 9 ; ~ sent)"},
+        {"a wait holds back commands, not events", R"(
+            $ wait 0.5 ; $ tab 9 ; ~ wait 0.499 ; ~ > U1Z1V-30 ; <~ volumeSlider ; <~ volumeLabel
+            ~ wait 0.001 ; = wait ; <~ "reply":"tab","ok":false ; $ wait 0 ; ~ wait 0 ; = wait)"},
+        {"an answer, one that is there already, one that does not come", R"(
+            $ tab group ; $ wait answer 2 ; $ dismiss ; <... ; ~ wait 1.9 ; ~ > U2APPQ4 ; ~ > U1APPQ4
+            <~ spinner ; = wait ; <~ "reply":"dismiss" ; ~ wait 9
+            $ wait answer ; = wait
+            $ tab zone ; $ wait answer ; <... ; ~ wait 4.999 ; ~ wait 0.001
+            = wait the unit has not answered in time; the link is open)"},
+        {"a link, and the query that it starts", R"(
+            $ app away ; $ wait closed ; $ app back ; $ wait open 1 ; $ wait answer ; <... ; ~ wait 0.9 ; ~ connect
+            <~ "link":"open" ; <~ "animating":true ; = wait ; ~ > U1APPQ0 ; <~ "animating":false ; = wait)"},
+        {"a link that does not open", R"(
+            ~ end ; <~ "link":"closed" ; $ wait open 0.25 ; ~ wait 0.25 ; = wait the link is still closed, not open
+            $ wait closed 0 ; = wait)"},
+        {"the end of the input is behind the last command", R"(
+            $ wait 3 ; $part switch muteSwitch on ; $end ; ~ wait 2.9 ; ~ sent
+            ~ wait 0.1 ; = wait ; <~ muteSwitch ; = switch ; ~ sent [U1Z1M1] ; exit 0)"},
+        {"quit", "~ away ; <... ; $part quit ; $end ; = quit ; exit 0"},
+        {"nothing behind quit", "$ wait 1 ; $ quit ; $ tab group ; ~ wait 1 ; = wait ; = quit ; exit 0"},
+        {"quit after an error", "$ fly ; $ quit ; <~ fly ; = quit ; exit 1"},
+        {"an end after an error", "~ away ; $part fly ; $end ; <... ; exit 1"},
+        {"an end", "$end ; exit 0"},
+        {"a signal during a wait", "~ away ; <... ; $ wait 1000 ; $signal ; exit 0"},
+        {"nobody reads any more: the commands are carried out all the same",
+         "$unread ; $ state ; $ switch muteSwitch on ; $part fly ; $end ; ~ sent [U1Z1M1] ; exit 1"},
+        {"a signal after an error", "$ fly ; $signal ; <~ fly ; exit 1"},
     };
     for (const auto& [name, script] : scenarios) {
         SCOPED_TRACE(name);
@@ -218,251 +168,21 @@ TEST(Console, LaunchesBeforeItReads) {
         < {"event":"screen","screen":"zone","tabs":["zone","group","override","scene"],"selected":0}
         < {"event":"link","link":"opening"}
         < {"reply":"get","ok":true,"settings":{"start_tab_preference":null}}
-        ~ connect
-        < {"event":"link","link":"open"}
-        <~ "control":"spinner","state":{"kind":"activityIndicator","animating":true}
-    )"),
+        ~ connect ; < {"event":"link","link":"open"} ; <~ "animating":true)"),
               "");
-}
-
-TEST(Console, WaitsHoldBackCommandsOnly) {
-    const Scenario scenarios[] = {
-        {"time", R"(
-            $ wait 0.5
-            $ tab 9
-            ~ wait 0.499
-            ~ > U1Z1V-30
-            <~ volumeSlider
-            <~ volumeLabel
-            ~ wait 0.001
-            < {"reply":"wait","ok":true}
-            <~ "reply":"tab","ok":false
-        )"},
-        {"no time at all", R"(
-            $ wait 0
-            ~ wait 0
-            < {"reply":"wait","ok":true}
-        )"},
-        {"an answer", R"(
-            $ tab group
-            $ wait answer 2
-            $ dismiss
-            <...
-            ~ wait 1.9
-            ~ > U2APPQ4
-            ~ > U1APPQ4
-            <~ spinner
-            < {"reply":"wait","ok":true}
-            <~ "reply":"dismiss"
-            ~ wait 9
-        )"},
-        {"an answer that is there already", R"(
-            $ wait answer
-            < {"reply":"wait","ok":true}
-        )"},
-        {"an answer that does not come", R"(
-            $ tab group
-            $ wait answer
-            <...
-            ~ wait 4.999
-            ~ wait 0.001
-            < {"reply":"wait","ok":false,"error":"the unit has not answered in time; the link is open"}
-        )"},
-        {"a link, and the query that it starts", R"(
-            $ app away
-            $ wait closed
-            $ app back
-            $ wait open 1
-            $ wait answer
-            <...
-            ~ wait 0.9
-            ~ connect
-            < {"event":"link","link":"open"}
-            <~ "animating":true
-            < {"reply":"wait","ok":true}
-            ~ > U1APPQ0
-            <~ "animating":false
-            < {"reply":"wait","ok":true}
-        )"},
-        {"a link that does not open", R"(
-            ~ end
-            < {"event":"link","link":"closed"}
-            $ wait open 0.25
-            ~ wait 0.25
-            < {"reply":"wait","ok":false,"error":"the link is still closed, not open"}
-            $ wait closed 0
-            < {"reply":"wait","ok":true}
-        )"},
-        {"the end of the input is behind the last command", R"(
-            $ wait 3
-            $ switch muteSwitch on
-            $end
-            ~ wait 2.9
-            ~ sent
-            ~ wait 0.1
-            < {"reply":"wait","ok":true}
-            <~ muteSwitch
-            < {"reply":"switch","ok":true}
-        )"},
-    };
-    for (const auto& [name, script] : scenarios) {
-        SCOPED_TRACE(name);
-        Session session;
-        session.start();
-        EXPECT_EQ(session.play(script), "");
-    }
-}
-
-TEST(Console, AnswersBadInputInWords) {
-    struct Case {
-        const char* line;
-        const char* error;
-    };
-    const Case cases[] = {
-        {"fly", R"(fly: no such command; \"help\" lists those there are)"},
-        {"State", R"(State: no such command; \"help\" lists those there are)"},
-        {R"("")", R"(: no such command; \"help\" lists those there are)"},
-        {"pick zonePicker", "usage: pick CONTROL ROW"},
-        {"pick zonePicker 1 2", "usage: pick CONTROL ROW"},
-        {"slide volumeSlide -3", "volumeSlide: no such control on the zone screen"},
-        {"press loadSceneButton", "loadSceneButton: no such control on the zone screen"},
-        {"slide volumeLabel -3", "volumeLabel: a label, not a slider"},
-        {"press spinner", "spinner: an activity indicator, not a button"},
-        {"segment muteSwitch 0", "muteSwitch: a switch, not a segmented control"},
-        {"switch zonePicker on", "zonePicker: a picker, not a switch"},
-        {"pick volumeSlider 1", "volumeSlider: a slider, not a picker"},
-        {"pick sourcePicker 20", "sourcePicker: no row 20; there are 0 to 19"},
-        {"pick sourcePicker -1", "sourcePicker: no row -1; there are 0 to 19"},
-        {"pick sourcePicker 99999999999999999999",
-         "sourcePicker: no row 99999999999999999999; there are 0 to 19"},
-        {"pick sourcePicker 1.0", R"(sourcePicker: \"1.0\" is not a whole number)"},
-        {R"(pick sourcePicker "")", R"(sourcePicker: \"\" is not a whole number)"},
-        {"slide volumeSlider nan", R"(volumeSlider: \"nan\" is not a number)"},
-        {"slide volumeSlider -inf", R"(volumeSlider: \"-inf\" is not a number)"},
-        {"slide volumeSlider 0x10", R"(volumeSlider: \"0x10\" is not a number)"},
-        {"slide volumeSlider -30dB", R"(volumeSlider: \"-30dB\" is not a number)"},
-        {"slide volumeSlider +-3", R"(volumeSlider: \"+-3\" is not a number)"},
-        {"slide volumeSlider 1,5", R"(volumeSlider: \"1,5\" is not a number)"},
-        {"switch muteSwitch ON", R"(muteSwitch: no position \"ON\"; there are on, off and toggle)"},
-        {"tab output", "output: no such tab; there are zone, group, override and scene"},
-        {"tab 4", "4: no such tab; there are zone, group, override and scene"},
-        {"tab -1", "-1: no such tab; there are zone, group, override and scene"},
-        {"get volume", "volume: no such setting; there are ip_address_preference, unit_number_preference, "
-                       "polling_preference, serial_port_preference, start_tab_preference and "
-                       "advanced_mode_preference"},
-        {"set unit_number_preference 1.5", R"(unit_number_preference: \"1.5\" is not a whole number)"},
-        {"set start_tab_preference 9223372036854775808",
-         R"(start_tab_preference: \"9223372036854775808\" is not a whole number)"},
-        {"set polling_preference yes", R"(polling_preference: \"yes\" is neither true nor false)"},
-        {"app start", "start: no such event; there are resign-active, enter-background, enter-foreground, "
-                      "become-active, away and back"},
-        {"wait long", R"(\"long\" is neither a time in seconds nor answer, open or closed)"},
-        {"wait -1", R"(\"-1\" is neither a time in seconds nor answer, open or closed)"},
-        {"wait nan", R"(\"nan\" is neither a time in seconds nor answer, open or closed)"},
-        {"wait 3 4", R"(\"3\" can't be waited for; there are answer, open and closed)"},
-        {"wait open soon", R"(\"soon\" is not a time in seconds)"},
-        {"wait open 1e10", R"(\"1e10\" is not a time in seconds)"},
-        {R"(tab "zone)", "a quote is opened and not closed"},
-        {R"(tab "zo"ne)", "a blank is missing behind a closing quote"},
-        {R"(tab zo"ne)", R"(a quote inside a word: put the whole word in quotes, and \\\" for the quote)"},
-        {"tab \xff", "this line is not UTF-8 text"},
-    };
-    Session session;
-    session.start();
-    for (const auto& [line, error] : cases) {
-        const std::string text = line;
-        const auto word = text.starts_with('"') ? "" : text.substr(0, text.find(' '));
-        std::ostringstream transcript;
-        transcript << "$ " << text << "\n< {\"reply\":\"" << word << "\",\"ok\":false,\"error\":\"" << error
-                   << "\"}";
-        EXPECT_EQ(session.play(transcript.str()), "");
-    }
-    EXPECT_EQ(session.play("~ sent"), "") << "a refused command reached the unit";
-    EXPECT_EQ(session.play("~ wait 9\n~ sent"), "");
-}
-
-TEST(Console, StateHoldsEveryControlInTheLayoutsOrder) {
-    Session session;
-    session.start();
-    EXPECT_EQ(session.play(R"(
-        $ tab override
-        <...
-        ~ > U1APPQ3
-        <...
-        $ state
-        < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"}
-        $ tab scene
-        <...
-        $ state
-        < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":true}},"alert":null,"link":"open"}
-    )"),
-              "");
-}
-
-TEST(Console, EndsWithTheStatusOfItsAnswers) {
-    struct Case {
-        const char* name;
-        std::vector<const char*> input;
-        bool signal;
-        int status;
-        const char* output;
-    };
-    const Case cases[] = {
-        {"quit", {"quit\n", "tab group\n"}, false, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
-        {"quit after an error", {"fly\n", "quit\n"}, false, 1, nullptr},
-        {"an end without a line end", {"quit"}, false, 0, "{\"reply\":\"quit\",\"ok\":true}\n"},
-        {"an end after an error", {"fly"}, false, 1, nullptr},
-        {"an end", {}, false, 0, ""},
-        {"a signal during a wait", {"wait 1000\n"}, true, 0, ""},
-        {"a hang-up after an error", {"fly\n"}, true, 1, nullptr},
-    };
-    for (const auto& [name, input, signal, status, output] : cases) {
-        SCOPED_TRACE(name);
-        Session session;
-        session.start();
-        session.remote.application.enterBackground();
-        for (const auto* bytes : input)
-            session.type(bytes);
-        if (signal)
-            session.endBySignal();
-        else
-            session.endInput();
-        session.settle();
-        EXPECT_EQ(session.exitStatus, status);
-        EXPECT_FALSE(session.remote.application.tabs().appWasInBackground()) << "the delegate was not told";
-        if (output) {
-            EXPECT_EQ(session.read(), output);
-        }
-    }
 }
 
 // Scripts as people pipe them: all at once. What a command waited for may change by the next one; each gets its one
 // reply, in order.
 TEST(Console, AnswersRandomScriptsInOnePiece) {
-    const char* const commands[] = {
-        "wait open",
-        "wait closed",
-        "wait answer",
-        "wait answer 0.1",
-        "wait 0",
-        "wait 0.8",
-        "app away",
-        "app back",
-        "app become-active",
-        "tab group",
-        "tab 0",
-        "tab 9",
-        "dismiss",
-        "state",
-        "get",
-        "slide volumeSlider -9",
-        "switch muteSwitch toggle",
-        "pick sourcePicker 3",
-        "set advanced_mode_preference true",
-        "press loadSceneButton",
-        "fly",
-        "tab 3",
-    };
+    std::istringstream list(
+        "wait open|wait closed|wait answer|wait answer 0.1|wait 0|wait 0.8|app away|app back|"
+        "app become-active|tab group|tab 0|tab 9|tab 3|dismiss|state|get|fly|"
+        "slide volumeSlider -9|switch muteSwitch toggle|pick sourcePicker 3|"
+        "set advanced_mode_preference true|press loadSceneButton");
+    std::vector<std::string> commands;
+    for (std::string command; std::getline(list, command, '|');)
+        commands.push_back(command);
     for (unsigned seed = 1; seed <= 300; ++seed) {
         SCOPED_TRACE(seed);
         std::mt19937 random(seed);
@@ -470,7 +190,7 @@ TEST(Console, AnswersRandomScriptsInOnePiece) {
         std::string script;
         std::string expected;
         for (auto left = 1 + dice(12); left > 0; --left) {
-            const std::string line = commands[dice(std::size(commands))];
+            const auto& line = commands[dice(commands.size())];
             script += line + "\n" + (dice(5) == 0 ? "\n# nothing\n" : "");
             expected += line.substr(0, line.find(' ')) + " ";
         }
@@ -499,14 +219,57 @@ TEST(Console, AnswersRandomScriptsInOnePiece) {
     }
 }
 
-TEST(Console, HelpListsEveryCommand) {
+// A flood of commands leaves turns of the main loop to the unit.
+TEST(Console, AFloodOfCommandsLeavesRoomForReports) {
     Session session;
     session.start();
-    session.type("help\n");
-    const auto text = session.read();
-    for (const auto* name : {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss",
-                             "get", "set", "unset", "app", "wait", "quit"})
-        EXPECT_NE(text.find("{\"name\":\"" + std::string(name) + "\""), std::string::npos) << name;
+    std::string flood;
+    for (int i = 0; i < 500; ++i)
+        flood += "dismiss\n";
+    auto& remote = session.remote;
+    // Behind the first turn's commands.
+    remote.queue.post([&] { remote.queue.post([&] { remote.report("U1Z1V-30"); }); });
+    session.type(flood);
+    const auto printed = session.read();
+    EXPECT_LT(printed.find("volumeSlider"), printed.size() / 4) << "the report waited for the commands";
+}
+
+std::size_t count(std::string_view text, std::string_view part) {
+    std::size_t found = 0;
+    for (auto at = text.find(part); at != std::string_view::npos; at = text.find(part, at + part.size()))
+        ++found;
+    return found;
+}
+
+// A reader that is behind holds up neither the commands nor the reports: it gets every reply, and of each control the
+// newest state.
+TEST(Console, GathersControlsForASlowReader) {
+    Session session;
+    session.start();
+    for (int turn = 0; turn < 3; ++turn) {
+        for (int i = 0; i < 2000; ++i)
+            session.remote.report(i % 2 == 0 ? "U1Z1V-30" : "U1Z1V-31");
+        session.settle();
+    }
+    session.remote.report("U1Z1V-32");
+    session.type("switch muteSwitch on\ntab group\nwait 0\n");
+    session.remote.queue.advance(std::chrono::nanoseconds(0));
+    session.settle();
+    EXPECT_EQ(session.remote.sent(), (std::vector<std::string>{"[U1Z1M1]", "[U1APPQ4]"}));
+
+    std::string printed;
+    for (auto more = session.read(); !more.empty(); more = session.read()) {
+        printed += more;
+        session.remote.queue.advance(std::chrono::milliseconds(5));
+        session.settle();
+    }
+    EXPECT_LT(count(printed, "volumeSlider"), 3000U);
+    EXPECT_EQ(count(printed, "\"reply\""), 3U);
+    const auto newest = printed.rfind("\"value\":-32.0");
+    ASSERT_NE(newest, std::string::npos);
+    EXPECT_EQ(printed.find("\"control\":\"volumeSlider\"", newest), std::string::npos);
+    EXPECT_LT(newest, printed.find("\"screen\":\"group\""))
+        << "the old screen's states come before the new screen";
 }
 
 } // namespace

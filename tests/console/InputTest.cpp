@@ -1,4 +1,5 @@
 #include "Session.h"
+#include "console/Completion.h"
 #include "console/LineBuffer.h"
 #include "console/Numbers.h"
 #include "console/Words.h"
@@ -7,8 +8,6 @@
 
 #include <cstdlib>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -17,11 +16,7 @@ using namespace lumbra::console;
 using namespace std::chrono_literals;
 
 TEST(Words, AreSplitAtBlanksAndQuotes) {
-    struct Case {
-        const char* line;
-        std::vector<std::string> words;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"", {}},
         {"  \t ", {}},
         {" a\tb  c ", {"a", "b", "c"}},
@@ -37,7 +32,7 @@ TEST(Words, AreSplitAtBlanksAndQuotes) {
 }
 
 TEST(LineBuffer, CutsLinesWhereverTheBytesAreSplit) {
-    const std::string bytes = "one\n\r\ntwo\r\n" + std::string(LineBuffer::MAX_LINE, 'x') + "\n" +
+    const std::string bytes = "\none\n\r\ntwo\r\n" + std::string(LineBuffer::MAX_LINE, 'x') + "\n" +
                               std::string(LineBuffer::MAX_LINE * 3, 'y') + "\nlast\r";
     for (const std::size_t piece : {std::size_t{1}, std::size_t{2}, std::size_t{16384}, bytes.size()}) {
         LineBuffer buffer;
@@ -53,32 +48,23 @@ TEST(LineBuffer, CutsLinesWhereverTheBytesAreSplit) {
         }
         buffer.end();
         take();
-        EXPECT_EQ(seen, "one:3, :0, two:3, xxxx:65536, yyyy:65536 too long, last:4, ") << piece;
+        EXPECT_EQ(seen, ":0, one:3, :0, two:3, xxxx:65536, yyyy:65536 too long, last:4, ") << piece;
     }
 }
 
 TEST(Console, ALineThatIsTooLongIsOneError) {
     Session session;
     session.start();
-    session.type("tab ");
-    for (int i = 0; i < 10; ++i)
-        session.type(std::string(10000, 'x'));
-    session.type("\"tab group\ntab 0\n");
-    EXPECT_EQ(session.play(R"(
-        < {"reply":"tab","ok":false,"error":"a line may have at most 65536 bytes"}
-        < {"reply":"tab","ok":true}
-    )"),
-              "");
+    session.type("tab " + std::string(30000, 'x'));
+    session.type(std::string(40000, 'x') + "\"tab group\ntab 0\n");
+    EXPECT_EQ(session.play("= tab a line may have at most 65536 bytes ; = tab"), "");
 }
 
 // Single precision both ways: the digits that are printed are the shortest that read back as the same float.
 TEST(Numbers, FloatsSurviveTheirText) {
-    struct Case {
-        float value;
-        const char* text;
-    };
-    const Case cases[] = {{-40.0F, "-40.0"},           {0.0F, "0.0"},    {1301.03F, "1301.03"}, {0.1F, "0.1"},
-                          {16777216.0F, "16777216.0"}, {1e-10F, "1e-10"}};
+    const std::pair<float, const char*> cases[] = {{-40.0F, "-40.0"},           {0.0F, "0.0"},
+                                                   {1301.03F, "1301.03"},       {0.1F, "0.1"},
+                                                   {16777216.0F, "16777216.0"}, {1e-10F, "1e-10"}};
     for (const auto& [value, text] : cases)
         EXPECT_EQ(decimalOf(value), text);
     std::mt19937 random(1);
@@ -99,31 +85,31 @@ TEST(Numbers, TimesAreFiniteAndNeverShort) {
         EXPECT_EQ(parseSeconds(text), std::nullopt) << text;
 }
 
-// A flood of commands leaves turns of the main loop to the unit, and the input waits for its turn.
-TEST(Console, AFloodOfCommandsLeavesRoomForReports) {
-    Session session;
-    session.start();
-    std::string flood;
-    for (int i = 0; i < 500; ++i)
-        flood += "dismiss\n";
-    session.remote.queue.runPosted();
-    bool reported = false;
-    session.remote.queue.post([&] { // behind the first turn's commands
-        session.remote.queue.post([&] {
-            session.remote.report("U1Z1V-30");
-            reported = true;
-        });
-    });
-    session.type(flood);
-    EXPECT_TRUE(reported);
-    const auto printed = session.read();
-    const auto event = printed.find("volumeSlider");
-    ASSERT_NE(event, std::string::npos);
-    EXPECT_LT(event, printed.size() / 4) << "the report waited for the commands";
-    std::size_t replies = 0;
-    for (auto at = printed.find("\"reply\""); at != std::string::npos; at = printed.find("\"reply\"", at + 1))
-        ++replies;
-    EXPECT_EQ(replies, 500U);
+TEST(Completion, OffersWhatMayStandThere) {
+    Remote remote;
+    remote.launch();
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"",
+         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "get", "set",
+          "unset", "app", "wait", "quit"}},
+        {"s", {"state", "slide", "switch", "segment", "set"}},
+        {"slide ", {"volumeSlider", "bassSlider", "trebleSlider"}},
+        {"slide b", {"bassSlider"}},
+        {"slide bassSlider ", {}},
+        {"pick ", {"zonePicker", "sourcePicker"}},
+        {"press ", {}}, // this screen has no button
+        {"switch muteSwitch o", {"on", "off"}},
+        {"tab ", {"zone", "group", "override", "scene"}},
+        {"set uni", {"unit_number_preference"}},
+        {"set polling_preference ", {"true", "false"}},
+        {"set ip_address_preference ", {}},
+        {"app b", {"become-active", "back"}},
+        {"wait ", {"answer", "open", "closed"}},
+        {"fly ", {}},
+        {"tab zone zone ", {}},
+    };
+    for (const auto& [line, words] : cases)
+        EXPECT_EQ(completions(remote.application, line), words) << line;
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <deque>
 #include <fcntl.h>
 #include <functional>
 #include <memory>
@@ -26,49 +27,49 @@ namespace lumbra {
 class ManualWatcher final : public DescriptorWatcher {
 public:
     std::unique_ptr<DescriptorWatch> watchReadable(int fd, std::function<void()> readable) override {
-        auto watch = std::make_unique<Watch>(*this, fd, std::move(readable));
-        watches_.push_back(watch.get());
-        return watch;
+        watched_.push_back(std::make_shared<Watched>(Watched{fd, std::move(readable)}));
+        return std::make_unique<Watch>(watched_.back());
     }
     /// Calls what is enabled and can be read, once each; whether there was any.
     bool run() {
         bool any = false;
-        const auto watches = watches_;
-        for (auto* watch : watches) {
-            if (std::find(watches_.begin(), watches_.end(), watch) == watches_.end() || !watch->enabled)
-                continue;
-            pollfd descriptor{watch->fd, POLLIN, 0};
-            if (::poll(&descriptor, 1, 0) != 1)
+        for (const auto& watched : std::vector(watched_)) {
+            pollfd descriptor{watched->fd, POLLIN, 0};
+            if (!watched->enabled || ::poll(&descriptor, 1, 0) != 1)
                 continue;
             any = true;
-            const auto readable = watch->readable;
-            readable();
+            watched->readable();
         }
         return any;
     }
 
 private:
-    struct Watch final : DescriptorWatch {
-        Watch(ManualWatcher& in, int descriptor, std::function<void()> call)
-            : watcher(in), fd(descriptor), readable(std::move(call)) {}
-        ~Watch() override { std::erase(watcher.watches_, this); }
-        void setEnabled(bool on) override { enabled = on; }
-
-        ManualWatcher& watcher;
+    struct Watched {
         int fd;
         std::function<void()> readable;
         bool enabled = true;
     };
-    std::vector<Watch*> watches_;
+    struct Watch final : DescriptorWatch {
+        explicit Watch(std::shared_ptr<Watched> of) : watched(std::move(of)) {}
+        ~Watch() override { watched->enabled = false; }
+        void setEnabled(bool on) override { watched->enabled = on; }
+        std::shared_ptr<Watched> watched;
+    };
+    std::vector<std::shared_ptr<Watched>> watched_;
 };
 
 /// The console over the whole application, on pipes and virtual time, played as a transcript:
 ///
 ///     $ tab group              a line of standard input
-///     $end                     its end
+///     $part tab                some bytes of it
+///     $end, $signal            its end; a signal asks the program to end
+///     $unread                  nobody reads standard output any more
 ///     < {"reply":...}          the next line of standard output, to the letter
+///     = tab                    likewise, a reply: {"reply":"tab","ok":true}
+///     = tab 9: no such tab     likewise: {"reply":"tab","ok":false,"error":"9: no such tab"}
 ///     <~ "ok":true             a part of the next line
 ///     <...                     whatever has been printed until now
+///     exit 0                   the program has told its delegate and has ended
 ///     ~ > U1Z3V-30             a step of Remote: a report, time that passes, what becomes of the streams
 ///
 /// All output must be in the transcript. `play` gives what went wrong, or an empty text.
@@ -96,21 +97,14 @@ public:
             ::close(descriptor);
     }
 
-    /// Launches; with `connected`, the streams then open, the unit ends its answer, and what was printed is
-    /// forgotten.
+    /// Launches; with `connected`, the streams then open, the unit ends its answer, and what was printed is forgotten.
     void start(bool connected = true) {
         console->start();
         settle();
-        if (connected) {
-            remote.streams.last().connect();
-            settle();
-            remote.report("U1APPQ0");
-            remote.report("U1APPQ1");
-            settle();
-            remote.sent();
-            read();
-            lines_.clear();
-        }
+        if (!connected)
+            return;
+        play("~ connect ; ~ > U1APPQ0 ; ~ > U1APPQ1 ; <...");
+        remote.sent();
     }
     void type(std::string_view bytes) {
         if (::write(input_[1], bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
@@ -120,16 +114,6 @@ public:
     void endInput() {
         if (input_[1] >= 0)
             ::close(std::exchange(input_[1], -1));
-    }
-    /// A signal asks the program to end.
-    void endBySignal() {
-        if (::write(signals_[1], "!", 1) != 1)
-            std::abort();
-    }
-    void closeOutput() {
-        std::signal(SIGPIPE, SIG_IGN); // as the program does
-        ::close(output_[0]);
-        output_[0] = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     }
     /// Runs everything that needs no time to pass.
     void settle() {
@@ -147,17 +131,7 @@ public:
     }
 
     std::string play(std::string_view transcript) {
-        std::istringstream steps{std::string(transcript)};
-        std::string problems;
-        for (std::string step; std::getline(steps, step);) {
-            const auto begin = step.find_first_not_of(' ');
-            if (begin == std::string::npos)
-                continue;
-            step.erase(0, begin);
-            if (const auto problem = run(step); !problem.empty())
-                problems.append(step).append("\n    ").append(problem).append("\n");
-        }
-        settle();
+        auto problems = runSteps(transcript, [this](const std::string& step) { return run(step); });
         takeLines(problems);
         for (const auto& line : std::exchange(lines_, {}))
             problems += "not in the transcript: " + line + "\n";
@@ -166,27 +140,44 @@ public:
 
 private:
     std::string run(const std::string& step) {
+        const auto rest = step.substr(std::min(step.find(' '), step.size() - 1) + 1);
         std::string problems;
-        if (step == "$end") {
+        if (step == "$end")
             endInput();
-            settle();
-        } else if (step.starts_with("$")) {
-            type(step.substr(std::min<std::size_t>(2, step.size())) + "\n");
-        } else if (step.starts_with("~ ")) {
-            problems = remote.play(step.substr(2));
-            settle();
-        } else if (takeLines(problems); step == "<...") {
+        else if (step == "$signal")
+            problems = ::write(signals_[1], "!", 1) == 1 ? "" : "no signal";
+        else if (step == "$unread") {
+            std::signal(SIGPIPE, SIG_IGN); // as the program does
+            ::close(std::exchange(output_[0], ::open("/dev/null", O_RDONLY | O_CLOEXEC)));
+        } else if (step.starts_with("$part "))
+            type(rest);
+        else if (step.starts_with("$"))
+            type((step == "$" ? "" : rest) + "\n");
+        else if (step.starts_with("~ "))
+            problems = remote.play(rest);
+        else if (step.starts_with("exit "))
+            problems = exitStatus && std::to_string(*exitStatus) == rest &&
+                               !remote.application.tabs().appWasInBackground()
+                           ? ""
+                           : "no such end";
+        else if (takeLines(problems); step == "<...")
             lines_.clear();
-        } else if (lines_.empty()) {
+        else if (lines_.empty())
             problems += "nothing is printed";
-        } else {
+        else {
             const auto line = lines_.front();
-            lines_.erase(lines_.begin());
-            const bool part = step.starts_with("<~ ");
-            if (part ? line.find(step.substr(3)) == std::string::npos : line != step.substr(2))
+            lines_.pop_front();
+            if (step.starts_with("<~ ") ? line.find(rest) == std::string::npos
+                                        : line != (step.starts_with("= ") ? reply(rest) : rest))
                 problems += "printed: " + line;
         }
+        settle();
         return problems;
+    }
+    static std::string reply(const std::string& text) {
+        const auto blank = std::min(text.find(' '), text.size());
+        return "{\"reply\":\"" + text.substr(0, blank) + "\",\"ok\":" +
+               (blank == text.size() ? "true}" : "false,\"error\":\"" + text.substr(blank + 1) + "\"}");
     }
     void takeLines(std::string& problems) {
         std::istringstream printed(read());
@@ -204,7 +195,7 @@ private:
     std::array<int, 2> input_{-1, -1};
     std::array<int, 2> output_{-1, -1};
     std::array<int, 2> signals_{-1, -1};
-    std::vector<std::string> lines_;
+    std::deque<std::string> lines_;
 };
 
 } // namespace lumbra

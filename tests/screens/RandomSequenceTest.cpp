@@ -38,58 +38,30 @@ public:
 
 private:
     std::string filled(char shape) {
-        switch (shape) {
-        case '#':
-            return std::to_string(number(0, 21));
-        case '$':
-            return std::to_string(number(-85, 20));
-        case '!':
-            return std::to_string(number(0, 1));
-        case '%':
-            return std::to_string(number(1, 7));
-        case '&':
-            return std::to_string(number(0, 20500));
-        case '@': {
-            std::string name;
-            for (int length = number(1, 17); length > 0; --length)
-                name += static_cast<char>(number(1, 255));
-            return name;
-        }
-        default:
-            return {shape};
-        }
+        std::string name;
+        for (int length = shape == '@' ? number(1, 17) : 0; length > 0; --length)
+            name += static_cast<char>(number(1, 255));
+        return shape == '#'   ? std::to_string(number(0, 21))
+               : shape == '$' ? std::to_string(number(-85, 20))
+               : shape == '!' ? std::to_string(number(0, 1))
+               : shape == '%' ? std::to_string(number(1, 7))
+               : shape == '&' ? std::to_string(number(0, 20500))
+               : shape == '@' ? name
+                              : std::string{shape};
     }
 
     std::mt19937 engine_;
 };
 
 void act(Remote& remote, Dice& dice) {
-    const auto& items = remote.application.tabs().selectedViewController()->view().items();
-    const auto& item = dice.one(items);
-    switch (item.control->kind()) {
-    case Control::Kind::Picker:
-        static_cast<Picker&>(*item.control).pickByUser(dice.number(-1, 20));
-        break;
-    case Control::Kind::Slider: {
-        auto& slider = static_cast<Slider&>(*item.control);
-        slider.slideByUser(static_cast<float>(dice.number(-200, 30000)) / 7.0F);
-        EXPECT_GE(slider.value(), slider.minimum());
-        EXPECT_LE(slider.value(), slider.maximum());
-        break;
-    }
-    case Control::Kind::Switch:
-        static_cast<Switch&>(*item.control).flipByUser(dice.number(0, 1) == 1);
-        break;
-    case Control::Kind::Segmented:
-        static_cast<SegmentedControl&>(*item.control).tapByUser(dice.number(-1, 6));
-        break;
-    case Control::Kind::Button:
-        static_cast<Button&>(*item.control).pressByUser();
-        break;
-    case Control::Kind::Label:
-    case Control::Kind::ActivityIndicator:
-        break;
-    }
+    visit(*dice.one(remote.screen().items()).control,
+          Overloads{[&](Picker& picker) { picker.pickByUser(dice.number(-1, 20)); },
+                    [&](Slider& slider) {
+                        slider.slideByUser(static_cast<float>(dice.number(-200, 30000)) / 7.0F);
+                    },
+                    [&](Switch& onOff) { onOff.flipByUser(dice.number(0, 1) == 1); },
+                    [&](SegmentedControl& types) { types.tapByUser(dice.number(-1, 6)); },
+                    [](Button& button) { button.pressByUser(); }, [](Label&) {}, [](ActivityIndicator&) {}});
 }
 
 TEST(RandomSequences, KeepTheInvariantsAndSendWellFormedCommands) {
@@ -104,34 +76,24 @@ TEST(RandomSequences, KeepTheInvariantsAndSendWellFormedCommands) {
         Remote remote;
         remote.launch();
         for (int step = 0; step < 400; ++step) {
-            switch (dice.number(0, 19)) {
-            case 0:
+            const int what = dice.number(0, 19);
+            if (what == 0)
                 remote.application.tabs().selectByUser(dice.number(0, 4));
-                break;
-            case 1:
+            else if (what == 1)
                 remote.queue.advance(std::chrono::milliseconds(dice.number(0, 900)));
-                break;
-            case 2:
-                if (dice.number(0, 4) == 0) {
-                    remote.settings.setValue("advanced_mode_preference", dice.number(0, 1) == 1);
-                    ASSERT_EQ(remote.play("away\nback"), "");
-                }
-                break;
-            case 3:
-                if (remote.application.link().linkState() == LinkState::Opening)
-                    remote.streams.last().connect();
-                else if (dice.number(0, 9) == 0)
-                    remote.streams.last().fireInput(dice.number(0, 1) == 0 ? StreamEvent::EndEncountered
-                                                                           : StreamEvent::ErrorOccurred);
-                break;
-            case 4:
-            case 5:
-            case 6:
+            else if (what == 2 && dice.number(0, 4) == 0)
+                ASSERT_EQ(remote.play(dice.number(0, 1) == 1
+                                          ? "set advanced_mode_preference true ; away ; back"
+                                          : "set advanced_mode_preference false ; away ; back"),
+                          "");
+            else if (what == 3 && remote.application.link().linkState() == LinkState::Opening)
+                remote.streams.last().connect();
+            else if (what == 3 && dice.number(0, 9) == 0)
+                remote.play(dice.number(0, 1) == 0 ? "end" : "error");
+            else if (what < 7)
                 act(remote, dice);
-                break;
-            default:
+            else
                 remote.report(dice.report());
-            }
             remote.settle();
             for (const auto& command : remote.sent())
                 EXPECT_TRUE(std::regex_match(command, wellFormed)) << command;

@@ -25,12 +25,10 @@ inline std::string brokenInvariant(Remote& remote) {
     const auto screen = remote.application.tabs().selectedViewController();
     if (const auto* zoneScreen = dynamic_cast<ZoneViewController*>(screen.get())) {
         const auto& zones = zoneScreen->zone();
-        if (!isWithin(zones.bass, -15, 15) || !isWithin(zones.treble, -15, 15))
-            return "a zone's tone is out of range";
-        if (!isWithin(zones.volume, -80, 0) || !isWithin(zones.max_volume, -80, 0))
-            return "a zone's volume is out of range";
-        if (!isWithin(zones.source, 0, 19))
-            return "a zone's input is out of range";
+        if (!isWithin(zones.bass, -15, 15) || !isWithin(zones.treble, -15, 15) ||
+            !isWithin(zones.volume, -80, 0) || !isWithin(zones.max_volume, -80, 0) ||
+            !isWithin(zones.source, 0, 19))
+            return "a zone is out of range";
         if (zones.name_hide_ref.size() != zones.name_hide_str.size() ||
             !std::is_sorted(zones.name_hide_ref.begin(), zones.name_hide_ref.end()))
             return "the rows of the zone picker are out of step";
@@ -47,17 +45,18 @@ inline std::string brokenInvariant(Remote& remote) {
         if (!isWithin(groupScreen->group().volume, -80, 0) || !isWithin(groupScreen->group().source, 0, 19))
             return "a group's volume or input is out of range";
     }
+    const Overloads stands{[](const Control&) { return true; },
+                           [](const Slider& slider) {
+                               return slider.value() >= slider.minimum() &&
+                                      slider.value() <= slider.maximum();
+                           },
+                           [](const Picker& picker) {
+                               return picker.selected() < static_cast<int>(picker.rows().size()) &&
+                                      (picker.selected() < 0) == picker.rows().empty();
+                           }};
     for (const auto& item : screen->view().items())
-        if (item.control->kind() == Control::Kind::Picker) {
-            const auto& picker = static_cast<const Picker&>(*item.control);
-            if (picker.selected() >= static_cast<int>(picker.rows().size()) ||
-                (picker.selected() < 0) != picker.rows().empty())
-                return item.name + " has no such row as the one it shows";
-        } else if (item.control->kind() == Control::Kind::Slider) {
-            const auto& slider = static_cast<const Slider&>(*item.control);
-            if (!(slider.value() >= slider.minimum() && slider.value() <= slider.maximum()))
-                return item.name + " stands outside its range";
-        }
+        if (!visit(std::as_const(*item.control), stands))
+            return item.name + " stands where it can't";
     return {};
 }
 

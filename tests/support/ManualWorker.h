@@ -19,27 +19,16 @@ public:
             posted_.push_back(std::move(work));
         return hasThread;
     }
-
-    /// Runs the oldest piece of work; false where none waits.
-    bool runOne() {
-        if (posted_.empty())
-            return false;
-        const auto work = std::move(posted_.front());
-        posted_.pop_front();
-        work();
-        return true;
-    }
-
     /// Runs all work, also what is posted meanwhile. The number of pieces run.
     std::size_t run() {
         std::size_t count = 0;
-        while (runOne())
-            ++count;
+        for (; !posted_.empty(); ++count) {
+            const auto work = std::move(posted_.front());
+            posted_.pop_front();
+            work();
+        }
         return count;
     }
-
-    /// How many pieces of work wait.
-    std::size_t posted() const { return posted_.size(); }
 
 private:
     std::deque<std::function<void()>> posted_;

@@ -5,17 +5,13 @@
 #include "ScriptedStreams.h"
 #include "app/Application.h"
 #include "platform/MemorySettingsStore.h"
-#include "toolkit/ActivityIndicator.h"
-#include "toolkit/Button.h"
-#include "toolkit/Label.h"
-#include "toolkit/Picker.h"
-#include "toolkit/SegmentedControl.h"
-#include "toolkit/Slider.h"
-#include "toolkit/Switch.h"
+#include "toolkit/Controls.h"
 
 #include <charconv>
 #include <chrono>
 #include <cmath>
+#include <functional>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -25,24 +21,50 @@
 
 namespace lumbra {
 
-/// The whole application on virtual time and scripted streams, driven and looked at by short lines of text,
-/// so that a test can be a table of them:
+/// Runs the steps of a script, which stand on lines of their own or with " ; " between them. `run` gives what went wrong
+/// at a step, or an empty text; so does this of them all.
+template <class Run>
+std::string runSteps(std::string_view script, Run run) {
+    std::istringstream lines{std::string(script)};
+    std::string problems;
+    for (std::string line; std::getline(lines, line);) {
+        auto at = std::min(line.find_first_not_of(' '), line.size());
+        while (at < line.size()) {
+            const auto end = std::min(line.find(" ; ", at), line.size());
+            const auto step = line.substr(at, end - at);
+            if (const std::string problem = run(step); !problem.empty())
+                problems.append(step).append("\n    ").append(problem).append("\n");
+            at = end + 3;
+        }
+    }
+    return problems;
+}
+
+/// The whole application on virtual time and scripted streams, driven and looked at by short steps of text, so that a
+/// test can be a table of them:
 ///
 ///     tab output                      a hand selects a tab, by the screen's name
 ///     > U1Z3V-30                      the report arrives
+///     raw U1Z3                        bytes arrive
 ///     pick zonePicker 2               a hand on a control; likewise slide, switch, segment, press
 ///     wait 0.75                       seconds of virtual time
-///     sent [U1Z3V-20] [U1Z3M1]        all that was sent since the last such line; nothing behind it: nothing was
-///     show volumeLabel 62%            what a control shows
-///     link open                       the link's state
-///     alerts 1                        how many alerts were asked for since the last such line
 ///     connect, end, error             what becomes of the newest pair of streams
+///     output error                    an event of one of its streams: opened, bytes, space, error, end
+///     reads -1, write 3               what its next read or write returns
 ///     network off, threads off        what the system no longer has
-///     away, back                      the application leaves, comes back
+///     away, back, resign, activate    the application leaves, comes back; one half of it
 ///     set KEY VALUE, unset KEY        a stored setting
-///     stored KEY VALUE                what is stored
+///     hold, settle                    from now on what is posted waits; runs it, and waits no longer
+///     turn, work                      runs one turn of the held queue; the held worker
 ///
-/// Lines that are empty or begin with "#" are skipped. `play` gives what went wrong, or an empty text.
+///     sent [U1Z3V-20] [U1Z3M1]        all that was sent since the last such step; nothing behind it: nothing was
+///     show volumeLabel 62%            what a control shows
+///     link open                       the link's state; likewise alert, screen, sockets, stored KEY
+///     alerts 1                        how many alerts were asked for since the last such step
+///     peer 10.0.0.9:23                whereto the newest pair of streams leads
+///     calls input.open output.open    all calls of the newest pair's streams since the last such step
+///
+/// `play` gives what went wrong, or an empty text.
 class Remote {
 public:
     struct SwitchableReachability final : Reachability {
@@ -57,15 +79,7 @@ public:
     MemorySettingsStore settings;
     Application application{Platform{queue, worker, streams, reachability, settings}};
 
-    Remote() {
-        alerts_ = application.alerts().onChange([this] {
-            if (application.alerts().shown())
-                ++alertCount_;
-        });
-    }
-
-    /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is
-    /// forgotten.
+    /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is forgotten.
     void launch(bool connected = true) {
         application.launch();
         settle();
@@ -81,7 +95,6 @@ public:
         do
             queue.runPosted();
         while (worker.run() > 0);
-        queue.runPosted();
     }
 
     void report(std::string_view text) { streams.last().feed("(" + std::string(text) + ")"); }
@@ -95,167 +108,148 @@ public:
         return all;
     }
 
+    const View& screen() { return application.tabs().selectedViewController()->view(); }
+
     template <class T>
     T& control(std::string_view name) {
-        auto found =
-            std::dynamic_pointer_cast<T>(application.tabs().selectedViewController()->view().find(name));
+        auto found = std::dynamic_pointer_cast<T>(screen().find(name));
         if (!found)
             throw std::runtime_error("no such control on the screen: " + std::string(name));
         return *found;
     }
 
     std::string play(std::string_view script) {
-        std::istringstream lines{std::string(script)};
-        std::string problems;
-        int number = 0;
-        for (std::string line; std::getline(lines, line);) {
-            ++number;
-            if (const auto begin = line.find_first_not_of(' ');
-                begin != std::string::npos && line[begin] != '#')
-                if (const auto problem = step(line.substr(begin)); !problem.empty())
-                    problems +=
-                        "line " + std::to_string(number) + ", " + line.substr(begin) + ": " + problem + "\n";
-        }
-        return problems;
+        return runSteps(script, [this](const std::string& step) {
+            auto problem = run(step);
+            if (!held_)
+                settle();
+            return problem;
+        });
     }
 
-    /// What a control shows: a switch "on" or "off", a picker's selected row and its text, "- " where
-    /// disabled.
+    /// What a control shows: a switch "on" or "off", a picker's selected row and its text, "- " where disabled.
     std::string shown(std::string_view name) {
-        const auto found = application.tabs().selectedViewController()->view().find(name);
-        const std::string prefix = found->isEnabled() ? "" : "- ";
-        switch (found->kind()) {
-        case Control::Kind::Picker: {
-            const auto& picker = control<Picker>(name);
-            if (picker.selected() < 0)
-                return "none";
-            return std::to_string(picker.selected()) + " " +
-                   picker.rows()[static_cast<std::size_t>(picker.selected())] + " of " +
-                   std::to_string(picker.rows().size());
-        }
-        case Control::Kind::Slider: {
-            char text[32];
-            const auto [end, error] = std::to_chars(text, text + sizeof text, control<Slider>(name).value());
-            return prefix + std::string(text, end);
-        }
-        case Control::Kind::Switch:
-            return prefix + (control<Switch>(name).isOn() ? "on" : "off");
-        case Control::Kind::Segmented:
-            return std::to_string(control<SegmentedControl>(name).selected());
-        case Control::Kind::Label:
-            return control<Label>(name).text();
-        case Control::Kind::ActivityIndicator:
-            return control<ActivityIndicator>(name).isAnimating() ? "turning" : "stopped";
-        case Control::Kind::Button:
-            return control<Button>(name).title();
-        }
-        return {};
+        const auto& shown = control<Control>(name);
+        return (shown.isEnabled() ? "" : "- ") +
+               visit(shown,
+                     Overloads{
+                         [](const Picker& picker) {
+                             return picker.rows().empty()
+                                        ? "none"
+                                        : std::to_string(picker.selected()) + " " + picker.selectedText() +
+                                              " of " + std::to_string(picker.rows().size());
+                         },
+                         [](const Slider& slider) {
+                             char text[32];
+                             return std::string(text, std::to_chars(text, text + 32, slider.value()).ptr);
+                         },
+                         [](const Switch& onOff) { return std::string(onOff.isOn() ? "on" : "off"); },
+                         [](const SegmentedControl& types) { return std::to_string(types.selected()); },
+                         [](const Label& label) { return label.text(); },
+                         [](const ActivityIndicator& spinner) {
+                             return std::string(spinner.isAnimating() ? "turning" : "stopped");
+                         },
+                         [](const Button& button) { return button.title(); },
+                     });
     }
 
 private:
-    static std::string differs(const std::string& wanted, const std::string& found) {
-        return wanted == found ? "" : "found '" + found + "'";
+    /// What stands before the first blank of a text, and behind it.
+    static std::pair<std::string, std::string> cut(const std::string& text) {
+        const auto blank = std::min(text.find(' '), text.size());
+        return {text.substr(0, blank), text.substr(std::min(blank + 1, text.size()))};
     }
 
-    std::string step(const std::string& line) {
-        const auto space = line.find(' ');
-        const auto word = line.substr(0, space);
-        const auto rest = space == std::string::npos ? "" : line.substr(space + 1);
-        const auto last = rest.rfind(' ');
-        const auto name = rest.substr(0, last);
-        const auto value = last == std::string::npos ? "" : rest.substr(last + 1);
-        bool moved = true;
-        std::string problem;
-        if (word == ">")
-            report(rest);
-        else if (word == "raw")
-            streams.last().feed(rest);
-        else if (word == "tab")
-            moved = selectTab(rest);
-        else if (word == "pick")
-            moved = control<Picker>(name).pickByUser(std::stoi(value));
-        else if (word == "slide")
-            moved = control<Slider>(name).slideByUser(std::stof(value));
-        else if (word == "switch")
-            moved = control<Switch>(name).flipByUser(value == "on");
-        else if (word == "segment")
-            moved = control<SegmentedControl>(name).tapByUser(std::stoi(value));
-        else if (word == "press")
-            moved = control<Button>(rest).pressByUser();
-        else if (word == "wait")
-            queue.advance(std::chrono::nanoseconds(std::llround(std::stod(rest) * 1e9)));
-        else if (word == "connect")
-            streams.last().connect();
-        else if (word == "error")
-            streams.last().fireInput(StreamEvent::ErrorOccurred);
-        else if (word == "end")
-            streams.last().fireInput(StreamEvent::EndEncountered);
-        else if (word == "away")
-            application.resignActive(), application.enterBackground();
-        else if (word == "back")
-            application.enterForeground(), application.becomeActive();
-        else if (word == "resign")
-            application.resignActive();
-        else if (word == "activate")
-            application.becomeActive();
-        else if (word == "network")
-            reachability.reachable = rest == "on";
-        else if (word == "threads")
-            worker.hasThread = rest == "on";
-        else if (word == "write")
-            streams.last().writeResults.push_back(std::stoi(rest));
-        else if (word == "set")
-            settings.setValue(name, typed(value));
-        else if (word == "unset")
-            settings.remove(rest);
-        else if (word == "stored")
-            problem = differs(value, told(settings.value(name)));
-        else if (word == "sent")
-            problem = differs(rest, joined(sent()));
-        else if (word == "show")
-            problem = differs(rest.substr(rest.find(' ') + 1), shown(rest.substr(0, rest.find(' '))));
-        else if (word == "link")
-            problem = differs(rest, linkWord());
-        else if (word == "screen")
-            problem = differs(rest, application.tabs().selectedViewController()->view().name());
-        else if (word == "alerts")
-            problem = differs(rest, std::to_string(std::exchange(alertCount_, 0)));
-        else if (word == "alert")
-            problem =
-                differs(rest, application.alerts().shown() ? application.alerts().shown()->message : "none");
-        else if (word == "sockets")
-            problem = differs(rest, std::to_string(streams.liveStreams() / 2));
-        else
-            problem = "no such step";
-        settle();
-        return moved ? problem : "refused";
+    /// Does or looks at what a step says; what went wrong.
+    std::string run(const std::string& step) {
+        const auto words = cut(step);
+        const auto& rest = words.second;
+        const auto more = cut(rest);
+        const auto& name = more.first;
+        const auto& value = more.second;
+        const std::map<std::string_view, std::function<bool()>> doings{
+            {">", [&] { return report(rest), true; }},
+            {"raw", [&] { return streams.last().feed(rest); }},
+            {"tab", [&] { return selectTab(rest); }},
+            {"pick", [&] { return control<Picker>(name).pickByUser(std::stoi(value)); }},
+            {"slide", [&] { return control<Slider>(name).slideByUser(std::stof(value)); }},
+            {"switch", [&] { return control<Switch>(name).flipByUser(value == "on"); }},
+            {"segment", [&] { return control<SegmentedControl>(name).tapByUser(std::stoi(value)); }},
+            {"press", [&] { return control<Button>(name).pressByUser(); }},
+            {"wait",
+             [&] {
+                 return queue.advance(std::chrono::milliseconds(std::lround(std::stod(rest) * 1e3))), true;
+             }},
+            {"connect", [&] { return streams.last().connect(), true; }},
+            {"error", [&] { return streams.last().fireInput(StreamEvent::ErrorOccurred); }},
+            {"end", [&] { return streams.last().fireInput(StreamEvent::EndEncountered); }},
+            {"input", [&] { return streams.last().fireInput(event(rest)); }},
+            {"output", [&] { return streams.last().fireOutput(event(rest)); }},
+            {"reads", [&] { return streams.last().readResults.push_back(std::stoi(rest)), true; }},
+            {"write", [&] { return streams.last().writeResults.push_back(std::stoi(rest)), true; }},
+            {"network", [&] { return reachability.reachable = rest == "on", true; }},
+            {"threads", [&] { return worker.hasThread = rest == "on", true; }},
+            {"away", [&] { return application.resignActive(), application.enterBackground(), true; }},
+            {"back", [&] { return application.enterForeground(), application.becomeActive(), true; }},
+            {"resign", [&] { return application.resignActive(), true; }},
+            {"activate", [&] { return application.becomeActive(), true; }},
+            {"set", [&] { return settings.setValue(name, typed(value)), true; }},
+            {"unset", [&] { return settings.remove(name), true; }},
+            {"hold", [&] { return held_ = true; }},
+            {"settle", [&] { return !(held_ = false); }},
+            {"turn", [&] { return queue.runTurn() > 0; }},
+            {"work", [&] { return worker.run() > 0; }},
+        };
+        const std::map<std::string_view, std::function<std::string()>> looks{
+            {"sent", [&] { return joined(sent()); }},
+            {"calls", [&] { return joined(std::exchange(streams.last().calls, {})); }},
+            {"peer", [&] { return streams.last().host + ":" + std::to_string(streams.last().port); }},
+            {"link", [&] { return LINK_STATES[static_cast<std::size_t>(application.link().linkState())]; }},
+            {"screen", [&] { return screen().name(); }},
+            {"alerts", [&] { return std::to_string(std::exchange(alertCount_, 0)); }},
+            {"alert",
+             [&] {
+                 return application.alerts().shown().value_or(Alert{{}, "none", {}}).message;
+             }},
+            {"sockets", [&] { return std::to_string(streams.liveStreams() / 2); }},
+            {"show", [&] { return name + " " + shown(name); }},
+            {"stored", [&] { return name + " " + told(settings.value(name)); }},
+        };
+        if (const auto look = looks.find(words.first); look != looks.end()) {
+            const auto found = look->second();
+            return found == rest ? "" : "found '" + found + "'";
+        }
+        const auto doing = doings.find(words.first);
+        return doing == doings.end() ? "no such step" : doing->second() ? "" : "refused";
     }
 
     bool selectTab(const std::string& name) {
         const auto& tabs = application.tabs().viewControllers();
-        for (std::size_t index = 0; index < tabs.size(); ++index)
-            if (tabs[index]->view().name() == name)
-                return application.tabs().selectByUser(static_cast<int>(index));
-        return false;
+        const auto found =
+            std::find_if(tabs.begin(), tabs.end(), [&](auto& tab) { return tab->view().name() == name; });
+        return application.tabs().selectByUser(static_cast<int>(found - tabs.begin()));
     }
-
+    static StreamEvent event(const std::string& name) {
+        static const std::map<std::string, StreamEvent> events{{"opened", StreamEvent::OpenCompleted},
+                                                               {"bytes", StreamEvent::HasBytesAvailable},
+                                                               {"space", StreamEvent::HasSpaceAvailable},
+                                                               {"error", StreamEvent::ErrorOccurred},
+                                                               {"end", StreamEvent::EndEncountered}};
+        return events.at(name);
+    }
     static SettingValue typed(const std::string& value) {
-        std::int64_t number = 0;
-        const auto* end = value.data() + value.size();
-        if (!value.empty() && std::from_chars(value.data(), end, number).ptr == end)
-            return number;
         if (value == "true" || value == "false")
             return value == "true";
+        if (!value.empty() && value.find_first_not_of("-0123456789") == std::string::npos)
+            return std::int64_t{std::stoll(value)};
         return value;
     }
     static std::string told(const std::optional<SettingValue>& value) {
-        if (!value)
-            return "absent";
-        if (const auto* text = std::get_if<std::string>(&*value))
-            return *text;
-        if (const auto* flag = std::get_if<bool>(&*value))
-            return *flag ? "true" : "false";
-        return std::to_string(std::get<std::int64_t>(*value));
+        return !value ? "absent"
+                      : std::visit(Overloads{[](const std::string& text) { return text; },
+                                             [](bool flag) { return std::string(flag ? "true" : "false"); },
+                                             [](std::int64_t number) { return std::to_string(number); }},
+                                   *value);
     }
     static std::string joined(const std::vector<std::string>& texts) {
         std::string all;
@@ -263,20 +257,12 @@ private:
             all += (all.empty() ? "" : " ") + text;
         return all;
     }
-    std::string linkWord() {
-        switch (application.link().linkState()) {
-        case LinkState::Closed:
-            return "closed";
-        case LinkState::Opening:
-            return "opening";
-        case LinkState::Open:
-            return "open";
-        }
-        return {};
-    }
 
+    static constexpr const char* LINK_STATES[] = {"closed", "opening", "open"};
+    bool held_ = false;
     int alertCount_ = 0;
-    Subscription alerts_;
+    Subscription alerts_ =
+        application.alerts().onChange([this] { alertCount_ += application.alerts().shown() ? 1 : 0; });
 };
 
 /// One scripted case of a table.

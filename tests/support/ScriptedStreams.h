@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <deque>
 #include <memory>
-#include <mutex>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,8 +15,7 @@
 
 namespace lumbra {
 
-/// One pair of streams under a test's control. It outlives its streams, so that what became of them can be
-/// looked at.
+/// One pair of streams under a test's control. It outlives its streams, so that what became of them can be looked at.
 class ScriptedPair {
 public:
     ScriptedPair(std::string toHost, std::uint16_t toPort) : host(std::move(toHost)), port(toPort) {}
@@ -26,25 +23,21 @@ public:
     const std::string host;
     const std::uint16_t port;
 
-    /// Every call of both streams in order: "input.setDelegate", "input.open", "input.schedule",
-    /// "input.remove", "input.close", "input.clearDelegate", "input.destroy", and the same of "output".
+    /// Every call of both streams in order: "input.setDelegate", "input.open", "input.schedule", "input.remove",
+    /// "input.close", "input.clearDelegate", "input.destroy", and the same of "output".
     std::vector<std::string> calls;
 
     /// The bytes that wait to be read.
     std::string incoming;
     /// What the next reads return instead of bytes: 0 for the end, negative for an error.
     std::deque<std::ptrdiff_t> readResults;
-
     /// The bytes handed to each `write`, whatever it returned.
     std::vector<std::string> writes;
-    /// The bytes that writes took, all in one.
-    std::string written;
-    /// What the next writes return: at most that many bytes are taken, -1 is an error. All bytes are taken
-    /// without.
+    /// What the next writes return: at most that many bytes are taken, -1 is an error. All bytes are taken without.
     std::deque<std::ptrdiff_t> writeResults;
 
-    /// Reports `event` on a direction; false, and nothing happens, where that direction is destroyed, not
-    /// scheduled or has no delegate.
+    /// Reports `event` on a direction; false, and nothing happens, where that direction is not open, not scheduled or
+    /// has no delegate.
     bool fireInput(StreamEvent event) { return fire(input_, event); }
     bool fireOutput(StreamEvent event) { return fire(output_, event); }
 
@@ -53,22 +46,18 @@ public:
         fireInput(StreamEvent::OpenCompleted);
         fireOutput(StreamEvent::OpenCompleted);
     }
-
     /// Lets `bytes` arrive and reports them in one event.
     bool feed(std::string_view bytes) {
         incoming += bytes;
         return fireInput(StreamEvent::HasBytesAvailable);
     }
-
     /// How many of the two streams exist.
     int live() const { return (input_.stream ? 1 : 0) + (output_.stream ? 1 : 0); }
-    /// How many of the two streams were opened and are neither closed nor destroyed: what keeps a socket.
-    int open() const { return (input_.open ? 1 : 0) + (output_.open ? 1 : 0); }
-    InputStream* input() const { return static_cast<InputStream*>(input_.stream); }
-    OutputStream* output() const { return static_cast<OutputStream*>(output_.stream); }
 
     /// The two streams of `pair`.
-    static StreamPair streams(const std::shared_ptr<ScriptedPair>& pair);
+    static StreamPair streams(const std::shared_ptr<ScriptedPair>& pair) {
+        return {std::make_unique<Input>(pair, pair->input_), std::make_unique<Output>(pair, pair->output_)};
+    }
 
 private:
     struct Direction {
@@ -86,34 +75,20 @@ private:
             : pair_(std::move(pair)), direction_(direction) {
             direction_.stream = this;
         }
-        ~ScriptedStream() override {
-            record("destroy");
-            direction_ = Direction{direction_.name};
-        }
-
+        ~ScriptedStream() override { record("destroy") = Direction{direction_.name}; }
         void setDelegate(StreamDelegate* delegate) override {
-            record(delegate ? "setDelegate" : "clearDelegate");
-            direction_.delegate = delegate;
+            record(delegate ? "setDelegate" : "clearDelegate").delegate = delegate;
         }
-        void open() override {
-            record("open");
-            direction_.open = true;
-        }
-        void scheduleOnMainQueue() override {
-            record("schedule");
-            direction_.scheduled = true;
-        }
-        void removeFromMainQueue() override {
-            record("remove");
-            direction_.scheduled = false;
-        }
-        void close() override {
-            record("close");
-            direction_.open = direction_.scheduled = false;
-        }
+        void open() override { record("open").open = true; }
+        void scheduleOnMainQueue() override { record("schedule").scheduled = true; }
+        void removeFromMainQueue() override { record("remove").scheduled = false; }
+        void close() override { record("close").open = false; }
 
     protected:
-        void record(const char* call) { pair_->calls.push_back(direction_.name + "." + call); }
+        Direction& record(const char* call) {
+            pair_->calls.push_back(direction_.name + "." + call);
+            return direction_;
+        }
 
         // Keeps the pair alive, whose member the direction is.
         const std::shared_ptr<ScriptedPair> pair_;
@@ -128,14 +103,9 @@ private:
             return direction_.open && (!pair_->readResults.empty() || !pair_->incoming.empty());
         }
         std::ptrdiff_t read(std::span<std::uint8_t> buffer) override {
-            if (!pair_->readResults.empty()) {
-                const auto result = pair_->readResults.front();
-                pair_->readResults.pop_front();
+            if (const auto result = next(pair_->readResults, 1); result <= 0)
                 return result;
-            }
-            const auto count = std::min(buffer.size(), pair_->incoming.size());
-            if (count > 0)
-                std::memcpy(buffer.data(), pair_->incoming.data(), count);
+            const auto count = pair_->incoming.copy(reinterpret_cast<char*>(buffer.data()), buffer.size());
             pair_->incoming.erase(0, count);
             return static_cast<std::ptrdiff_t>(count);
         }
@@ -146,21 +116,21 @@ private:
         using ScriptedStream::ScriptedStream;
 
         std::ptrdiff_t write(std::span<const std::uint8_t> bytes) override {
-            const std::string text(bytes.begin(), bytes.end());
-            pair_->writes.push_back(text);
-            auto result = static_cast<std::ptrdiff_t>(text.size());
-            if (!pair_->writeResults.empty()) {
-                result = std::min(result, pair_->writeResults.front());
-                pair_->writeResults.pop_front();
-            }
-            if (result > 0)
-                pair_->written += text.substr(0, static_cast<std::size_t>(result));
-            return result;
+            pair_->writes.emplace_back(bytes.begin(), bytes.end());
+            const auto all = static_cast<std::ptrdiff_t>(bytes.size());
+            return std::min(all, next(pair_->writeResults, all));
         }
     };
 
+    static std::ptrdiff_t next(std::deque<std::ptrdiff_t>& results, std::ptrdiff_t otherwise) {
+        if (results.empty())
+            return otherwise;
+        otherwise = results.front();
+        results.pop_front();
+        return otherwise;
+    }
     static bool fire(const Direction& direction, StreamEvent event) {
-        if (!direction.stream || !direction.scheduled || !direction.delegate)
+        if (!direction.open || !direction.scheduled || !direction.delegate)
             return false;
         direction.delegate->handleEvent(*direction.stream, event);
         return true;
@@ -170,11 +140,7 @@ private:
     Direction output_{"output"};
 };
 
-inline StreamPair ScriptedPair::streams(const std::shared_ptr<ScriptedPair>& pair) {
-    return {std::make_unique<Input>(pair, pair->input_), std::make_unique<Output>(pair, pair->output_)};
-}
-
-/// Creates scripted pairs and remembers them all. `createPair` on any thread, the rest on the test's own.
+/// Creates scripted pairs and remembers them all.
 class ScriptedStreamFactory final : public StreamFactory {
 public:
     /// Directions that the next pairs lack, as on a platform that could not create them.
@@ -182,9 +148,7 @@ public:
     bool withoutOutput = false;
 
     StreamPair createPair(const std::string& host, std::uint16_t port) override {
-        const std::lock_guard lock(mutex_);
-        pairs_.push_back(std::make_shared<ScriptedPair>(host, port));
-        auto streams = ScriptedPair::streams(pairs_.back());
+        auto streams = ScriptedPair::streams(pairs_.emplace_back(std::make_shared<ScriptedPair>(host, port)));
         if (withoutInput)
             streams.input.reset();
         if (withoutOutput)
@@ -193,23 +157,13 @@ public:
     }
 
     /// How many pairs were created so far.
-    std::size_t created() const {
-        const std::lock_guard lock(mutex_);
-        return pairs_.size();
-    }
+    std::size_t created() const { return pairs_.size(); }
     /// The pair created at `position`, counted from 0.
-    ScriptedPair& pair(std::size_t position) {
-        const std::lock_guard lock(mutex_);
-        return *pairs_.at(position);
-    }
+    ScriptedPair& pair(std::size_t position) { return *pairs_.at(position); }
     /// The pair created last.
-    ScriptedPair& last() {
-        const std::lock_guard lock(mutex_);
-        return *pairs_.at(pairs_.size() - 1);
-    }
+    ScriptedPair& last() { return pair(created() - 1); }
     /// How many streams of all pairs exist.
     int liveStreams() const {
-        const std::lock_guard lock(mutex_);
         int count = 0;
         for (const auto& pair : pairs_)
             count += pair->live();
@@ -217,7 +171,6 @@ public:
     }
 
 private:
-    mutable std::mutex mutex_;
     std::vector<std::shared_ptr<ScriptedPair>> pairs_;
 };
 
