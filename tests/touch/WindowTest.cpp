@@ -47,8 +47,8 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
                 life->setSettingsOpen(happening == 'o');
             else
                 life->setVisibility(happening == 'a'   ? WindowLife::Visibility::Active
-                                : happening == 'i' ? WindowLife::Visibility::Inactive
-                                                   : WindowLife::Visibility::Hidden);
+                                    : happening == 'i' ? WindowLife::Visibility::Inactive
+                                                       : WindowLife::Visibility::Hidden);
         }
         EXPECT_EQ(events, expected) << what;
     }
