@@ -55,7 +55,6 @@ void EqPlot::updateBand(std::size_t band) {
                                   std::pow(10.0, controls.frequency->value() / 1000), controls.gain->value()};
     if (!response_.setBand(band, wanted))
         return;
-    ++computations_;
     update();
 }
 

@@ -41,8 +41,6 @@ public:
     Q_INVOKABLE static qreal decibelsOf(qreal distance, qreal height);
 
     void paint(QPainter* painter) override;
-    /// How often the response was computed.
-    int computations() const { return computations_; }
 
 Q_SIGNALS:
     void screenChanged();
@@ -64,7 +62,6 @@ private:
     std::array<Controls, EqResponse::BANDS> controls_;
     EqResponse response_;
     int edited_ = 0;
-    int computations_ = 0;
     QColor sumColor_ = Qt::white;
     QColor editedColor_ = Qt::gray;
     QColor gridColor_ = Qt::darkGray;

@@ -159,6 +159,7 @@ Item {
 
             function center() {
                 forceLayout();
+                root.follow(); // the layout of a size in between may have moved the current row
                 if (!moving)
                     positionViewAtIndex(currentIndex, ListView.SnapPosition);
             }
