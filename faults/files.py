@@ -56,7 +56,7 @@ def killed(stage, times):
         remote.wait()
         torn += len(os.listdir(folder)) - 1
         for name in set(os.listdir(folder)) - {settings.name}:  # a killed write leaves one; nothing may delete it but a person
-            (folder / name).unlink()
+            os.unlink(os.path.join(folder, name))
         stored = json.loads(settings.read_text())
         check(stored.keys() == GOOD.keys(), f"the settings are {stored}")
         turn, _, number = stored["ip_address_preference"].partition(".")
