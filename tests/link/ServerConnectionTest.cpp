@@ -44,9 +44,8 @@ protected:
 TEST_F(ServerConnectionTest, DoesNotOpenWithHalfAPair) {
     for (auto* missing : {&streams.withoutInput, &streams.withoutOutput}) {
         *missing = true;
-        EXPECT_FALSE(open());
+        EXPECT_FALSE(open() || connection->linkState() != LinkState::Closed);
         *missing = false;
-        EXPECT_EQ(connection->linkState(), LinkState::Closed);
     }
     EXPECT_EQ(streams.liveStreams(), 0);
 }

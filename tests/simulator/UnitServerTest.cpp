@@ -45,8 +45,7 @@ TEST_F(UnitServerTest, answersTheAskerTellsEverybodyAndKeepsClientsApart) {
     ASSERT_TRUE(first->receives("(U1O4V-35)") && second->receives("(U1O4V-35)"));
     EXPECT_EQ(first->received(), answer(3) + "(U1Z3V-35)(U1O4V-35)");
     EXPECT_EQ(second->received(), "(U1Z3V-35)(U1O4V-35)");
-    EXPECT_EQ(std::pair(server->statistics().elsewhere, server->statistics().carried_out),
-              std::pair(std::uint64_t{1}, std::uint64_t{3}));
+    EXPECT_TRUE(server->statistics().elsewhere == 1 && server->statistics().carried_out == 3);
 }
 
 // 5 MB of answers for 11 kB of queries must wait in the kernel for a client that reads, not pile up.

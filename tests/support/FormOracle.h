@@ -102,10 +102,8 @@ inline constexpr Row ROWS[] = {{"zog", "*#V~", "Volume", "in"},
 inline std::regex expression(char screen, const Row& row) {
     std::string all = "^U([0-9])";
     for (const char c : row.pattern)
-        all += c == '*'   ? std::string(screen == 's'   ? "SP"
-                                        : screen == 'z' ? "Z"
-                                        : screen == 'o' ? "O"
-                                                        : "G")
+        all += c == '*'   ? std::string{"ZOG"[SCREENS.find(screen)]}
+               : c == '$' ? std::string{"01432"[SCREENS.find(screen)]}
                : c == '#' ? "([0-9]{1,2})"
                : c == '~' ? "(-?[0-9]{1,2})"
                : c == '&' ? "([0-9]{1,5})"

@@ -52,11 +52,10 @@ public:
             pid_ = ::fork();
         }
         if (pid_ == 0) {
-            ::dup2(input[0], STDIN_FILENO);
-            ::dup2(output[1], STDOUT_FILENO);
-            ::dup2(errors[1], STDERR_FILENO);
-            std::signal(SIGPIPE, SIG_DFL);
-            std::signal(SIGHUP, SIG_DFL); // nohup ignores it
+            for (int standard = 0; const int theirs : {input[0], output[1], errors[1]})
+                ::dup2(theirs, standard++);
+            for (const int number : {SIGPIPE, SIGHUP}) // which this program and nohup ignore
+                std::signal(number, SIG_DFL);
             ::execv(argv[0], argv.data());
             ::_exit(127);
         }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <functional>
 #include <latch>
 #include <memory>
@@ -53,12 +54,8 @@ protected:
     }
     void handleEvent(Stream& stream, StreamEvent event) override {
         last = &stream == static_cast<Stream*>(pair.input.get()) ? "in." : "out.";
-        last += event == StreamEvent::OpenCompleted       ? "open "
-                : event == StreamEvent::HasBytesAvailable ? "bytes "
-                : event == StreamEvent::HasSpaceAvailable ? "space "
-                : event == StreamEvent::ErrorOccurred     ? "error "
-                                                          : "end ";
-        log += last;
+        static constexpr const char* NAMES[] = {"open ", "bytes ", "space ", "error ", "end "};
+        log += last += NAMES[std::countr_zero(static_cast<unsigned>(event))];
         if (event == StreamEvent::HasBytesAvailable)
             onBytes();
         if (onEvent)
@@ -113,26 +110,21 @@ TEST_F(SocketStreams, FailedConnectsAreOneErrorInALaterTurn) {
         EXPECT_TRUE(isPossibleHost(host)) << "not worth asking for";
         return std::vector<SocketAddress>();
     };
-    const std::tuple<std::string, std::string, std::uint16_t> cases[] = {
-        {"refused", "127.0.0.1", refusing.port()},
-        {"silent", "127.0.0.1", silent.port()},
-        {"no port", "127.0.0.1", 0},
-        {"unknown name", "unit.invalid", 23},
-        {"empty", "", 23},
-        {"an embedded NUL", std::string("127.0.0.1\0", 10), 23},
-        {"far too long", std::string(100000, 'a'), 23},
-        {"no UTF-8", "\xff\xfe", 23},
-        {"an address in brackets", "[::1]", 23}};
-    for (const auto& [name, host, port] : cases) {
+    const auto fails = [&](const std::string& host, std::uint16_t port) {
         SocketStreamFactory impatient(queue, 50ms, unknown);
         log.clear();
         open(impatient, host, port);
-        ASSERT_TRUE(runUntil([&] { return !log.empty(); })) << name;
+        EXPECT_TRUE(runUntil([&] { return !log.empty(); })) << host << port;
         settle();
-        EXPECT_EQ(log, "in.error ") << name;
-        EXPECT_EQ(pair.output->write(bytesOf("x")), -1) << name;
-    }
-    release();
+        EXPECT_EQ(log, "in.error ") << host << port;
+        EXPECT_EQ(pair.output->write(bytesOf("x")), -1) << host << port;
+        release();
+    };
+    for (const int port : {+refusing.port(), +silent.port(), 0})
+        fails("127.0.0.1", static_cast<std::uint16_t>(port));
+    for (const auto& host : std::initializer_list<std::string>{
+             "unit.invalid", "", {"127.0.0.1\0", 10}, "\xff\xfe", "[::1]", std::string(100000, 'a')})
+        fails(host, 23);
 }
 
 TEST_F(SocketStreams, AddressesOfANameAreTriedInOrderWithinOneDeadline) {
@@ -314,10 +306,7 @@ TEST_F(SocketStreams, ADelegateMayReplaceTheStreamsInsideAnyEvent) {
             log.clear();
             open(factory, "127.0.0.1", silent.port());
         };
-        onBytes = [&] {
-            if (event != "in.bytes ")
-                readAll();
-        };
+        onBytes = [&] { event != "in.bytes " ? readAll() : void(); };
         open(factory, "127.0.0.1", listener.port());
         auto peer = listener.accept();
         ASSERT_TRUE(runUntil([&] { return isReplaced || last == "out.open "; }));
