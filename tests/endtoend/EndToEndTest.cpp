@@ -12,7 +12,8 @@ namespace fs = std::filesystem;
 /// A remote under a script: gives commands and takes their replies; events are set aside.
 class Remote : public Process {
 public:
-    explicit Remote(std::vector<std::string> options) : Process(command(std::move(options))) {}
+    explicit Remote(std::vector<std::string> options)
+        : Process((options.insert(options.begin(), {REMOTE_PROGRAM, "--console", "--json"}), options)) {}
     Remote(const Simulator& unit, const std::string& settings)
         : Remote({"--connect-to", unit.place(), "--settings", settings}) {}
 
@@ -36,18 +37,10 @@ public:
     /// Gives `command`, and looks for `text` in its reply.
     ::testing::AssertionResult answers(const std::string& command, const std::string& text) {
         const auto reply = ask(command);
-        return (reply.find(text) != std::string::npos ? ::testing::AssertionSuccess()
-                                                      : ::testing::AssertionFailure())
-               << command << ": " << reply;
+        return ::testing::AssertionResult(reply.find(text) != std::string::npos) << command << ": " << reply;
     }
 
     std::vector<std::string> events;
-
-private:
-    static std::vector<std::string> command(std::vector<std::string> options) {
-        options.insert(options.begin(), {REMOTE_PROGRAM, "--console", "--json"});
-        return options;
-    }
 };
 
 TEST(EndToEnd, ARemoteShowsAndMovesTheUnit) {
@@ -95,9 +88,7 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
         {2, "--json needs --console", {REMOTE_PROGRAM, "--json"}},
         {0, "", {REMOTE_PROGRAM, "--help"}},
         {0, "", {REMOTE_PROGRAM, "--version"}},
-        {2,
-         "--port takes a whole number from 0 to 65535, not \"65536\"",
-         {SIMULATOR_PROGRAM, "--port", "65536"}},
+        {2, "--port takes a whole number from 0 to 65535", {SIMULATOR_PROGRAM, "--port", "65536"}},
         {2, "--unit takes", {SIMULATOR_PROGRAM, "--unit", "1x"}},
         {2, "--split takes", {SIMULATOR_PROGRAM, "--split", "0"}},
         {2, "--listen takes an IP address, not \"kitchen\"", {SIMULATOR_PROGRAM, "--listen", "kitchen"}},
@@ -176,21 +167,26 @@ TEST(EndToEnd, QuitsAtOnce) {
     for (int run = 0; run < 40; ++run) {
         Process remote({REMOTE_PROGRAM, "--console", "--demo"});
         remote.write(run % 2 == 0 ? "quit\n" : "wait open\napp away\nquit\n");
-        remote.endInput();
         ASSERT_EQ(remote.wait(), 0);
     }
 }
 
-// Unreadable settings are told on standard error; where nobody reads it any more, that is no reason to end.
-TEST(EndToEnd, AReaderThatHasGoneEndsNothing) {
+// Unreadable settings are told on standard error. Where nobody reads it or the replies, no command is stopped.
+TEST(EndToEnd, ReadersThatHaveGoneEndNothing) {
     const Folder folder;
+    const Simulator unit;
     std::ofstream(folder / "a.json") << "rubbish";
     Process remote({"/bin/sh", "-c", "mkfifo \"$0\"; exec 3<>\"$0\" 2>\"$0\" 3<&-; exec \"$@\"",
-                    folder / "nobody", REMOTE_PROGRAM, "--console", "--demo", "--settings",
-                    folder / "a.json"});
-    remote.write("get serial_port_preference\n");
+                    folder / "nobody", REMOTE_PROGRAM, "--console", "--connect-to", unit.place(),
+                    "--settings", folder / "a.json"});
+    remote.closeOutput();
+    remote.write("wait open\nswitch muteSwitch on\nwait 0.2\nset serial_port_preference true\n");
     remote.endInput();
     EXPECT_EQ(remote.wait(), 0);
+    Remote later(unit, folder / "a.json");
+    EXPECT_EQ(later.failure({"wait open", "wait answer"}), "");
+    EXPECT_TRUE(later.answers("state", "\"muteSwitch\":{\"kind\":\"switch\",\"on\":true"));
+    EXPECT_TRUE(later.answers("get serial_port_preference", ":true}}"));
 }
 
 TEST(Build, IsHardened) {
@@ -217,24 +213,6 @@ TEST(EndToEnd, ASignalEndsTheWindowAsClosingItDoes) {
     EXPECT_TRUE(fs::exists(folder / "a.json"));
 }
 
-TEST(EndToEnd, AClosedOutputStopsNoCommand) {
-    const Folder folder;
-    const Simulator unit;
-    {
-        Remote remote(unit, folder / "a.json");
-        remote.closeOutput();
-        remote.write(
-            "wait open\nwait answer\nswitch muteSwitch on\nwait 0.2\nset serial_port_preference true\n");
-        remote.endInput();
-        EXPECT_EQ(remote.wait(), 0);
-        EXPECT_EQ(remote.errors(), "");
-    }
-    Remote later(unit, folder / "a.json");
-    EXPECT_EQ(later.failure({"wait open", "wait answer"}), "");
-    EXPECT_TRUE(later.answers("state", "\"muteSwitch\":{\"kind\":\"switch\",\"on\":true"));
-    EXPECT_TRUE(later.answers("get serial_port_preference", ":true}}"));
-}
-
 // A line that is being typed survives what is printed meanwhile, and an error is no failure at a terminal.
 TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
     if (::access("/dev/pts/ptmx", F_OK) != 0)
@@ -248,8 +226,7 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
         Process person(command, Process::Streams::Terminal);
         Remote other(unit, folder / "b.json");
         ASSERT_EQ(other.failure({"wait open", "wait answer"}), "");
-        ASSERT_TRUE(person.readUntil("spinner: stopped"));
-        ASSERT_TRUE(person.readUntil("zone> "));
+        ASSERT_TRUE(person.readUntil("spinner: stopped") && person.readUntil("zone> "));
         // What is typed in all, in a terminal of 60 columns; the rows above the cursor that printing takes away.
         std::string typed;
         for (int count = 0; count < 26; ++count)
@@ -264,14 +241,14 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
             EXPECT_EQ(printed.find("\x1b[1A") != std::string::npos, *rows != '\0') << printed;
             ASSERT_TRUE(person.readUntil("zone> " + typed.substr(0, 20)));
         }
-        person.write("\x15sta\t\n"); // ^U takes the line away
-        ASSERT_TRUE(person.readUntil("zone screen, link open"));
-        ASSERT_TRUE(person.readUntil("zone> "));
-        person.write("tab sc\t\n");
-        ASSERT_TRUE(person.readUntil("scene> "));
-        person.write("fly\n");
-        ASSERT_TRUE(person.readUntil("error: fly"));
-        ASSERT_TRUE(person.readUntil("scene> "));
+        // ^U takes the line away.
+        for (const auto& [line, printed, prompt] :
+             {std::tuple("\x15sta\t\n", "zone screen, link open", "zone> "),
+              {"tab sc\t\n", "", "scene> "},
+              {"fly\n", "error: fly", "scene> "}}) {
+            person.write(line);
+            ASSERT_TRUE(person.readUntil(printed) && person.readUntil(prompt)) << line;
+        }
         person.write("\x04");
         EXPECT_EQ(person.wait(), 0);
     }

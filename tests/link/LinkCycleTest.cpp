@@ -61,7 +61,7 @@ TEST(LinkCycle, RunsAsPlayed) {
         {"both writes fail: two alerts, the indicator stops", R"(
             write -1 ; write -1 ; connect ; alerts 2 ; show spinner stopped ; link open)"},
         {"short and empty writes are no failures", R"(
-            write 3 ; write 0 ; connect ; alerts 0 ; show spinner turning)"},
+            write 3 ; write 0 ; connect ; alerts 0 ; sent [U1SERIAL0] [U1APPQ0] ; show spinner turning)"},
         {"a control's failed write is silent", R"(
             connect ; write -1 ; switch muteSwitch on ; alerts 0)"},
         {"inactive without background: closed, and not opened on return", R"(

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <thread>
 
 namespace lumbra {
@@ -38,25 +39,20 @@ protected:
         queue.runPosted();
         return started;
     }
-    std::int64_t send(std::string_view text) {
-        return connection->sendData({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-    }
 };
 
 TEST_F(ServerConnectionTest, DoesNotOpenWithHalfAPair) {
     for (auto* missing : {&streams.withoutInput, &streams.withoutOutput}) {
         *missing = true;
-        EXPECT_FALSE(open());
+        EXPECT_FALSE(open() || connection->linkState() != LinkState::Closed);
         *missing = false;
-        EXPECT_EQ(connection->linkState(), LinkState::Closed);
     }
     EXPECT_EQ(streams.liveStreams(), 0);
 }
 
 TEST_F(ServerConnectionTest, ReadsInChunksInsideTheEventUntilItIsClosed) {
-    std::string sent;
-    for (int i = 0; i < 600; ++i)
-        sent += static_cast<char>('a' + i % 26);
+    std::string sent(600, 'a');
+    std::iota(sent.begin(), sent.end(), '\0');
     open();
     streams.last().connect();
     queue.runPosted();
@@ -78,21 +74,6 @@ TEST_F(ServerConnectionTest, ReadsInChunksInsideTheEventUntilItIsClosed) {
     streams.last().fireInput(StreamEvent::HasBytesAvailable);
     EXPECT_EQ(delegate->calls, "256 256 88 256 0 ") << "the end is told as no bytes";
     EXPECT_EQ(connection->linkState(), LinkState::Closed);
-}
-
-TEST_F(ServerConnectionTest, WritesOnceAndTellsHowMuch) {
-    EXPECT_EQ(send("early"), 0);
-    open();
-    EXPECT_EQ(send("opening"), 0);
-    streams.last().fireOutput(StreamEvent::OpenCompleted);
-    EXPECT_EQ(send("[U1SERIAL0]"), 11);
-    streams.last().writeResults = {4, 0, -1};
-    EXPECT_EQ(send("[U1APPQ0]"), 4);
-    EXPECT_EQ(send("[U1APPQ0]"), 0);
-    EXPECT_EQ(send("[U1APPQ0]"), -1);
-    EXPECT_EQ(streams.last().writes.size(), 4U);
-    connection->closeConnection();
-    EXPECT_EQ(send("late"), 0);
 }
 
 // The later attempt's pair comes first and stays.

@@ -8,12 +8,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <regex>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <typeinfo>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -63,85 +65,77 @@ inline std::string byForms(char screen, std::string_view text) {
                            : words(scenes::parse(text));
 }
 
-/// An expression, the screens that read it, and the report that it stands for. `members` tells what becomes
-/// of the captures behind the unit: "i" an index, "n" a number, "s" a name; any other character is the
-/// member.
+/// A form: the screens that read it, its expression behind the unit, and the report that it stands for. In the
+/// expression "*" is what is the screen's item, "$" its query, "#" an item, "~" a signed number, "&" a frequency, "?" a flag and "@" a
+/// name. `members` tells what becomes of its captures: "i" an index, "n" a number, "s" a name; any other character is
+/// the member.
 struct Row {
     std::string_view screens;
-    const char* pattern;
-    const char* kind;
-    std::string_view members;
-    std::regex expression{pattern};
+    std::string_view pattern, kind, members;
 };
 
-inline const std::vector<Row>& rows() {
-    static const std::vector<Row> all{
-        {"z", "^U([0-9])Z([0-9]{1,2})V(-?[0-9]{1,2})", "Volume", "in"},
-        {"z", "^U([0-9])Z([0-9]{1,2})I([0-9]{1,2})", "Input", "ii"},
-        {"z", "^U([0-9])Z([0-9]{1,2})M([0-1])", "Mute", "in"},
-        {"z", "^U([0-9])Z([0-9]{1,2})LD([0-1])", "Loudness", "in"},
-        {"z", "^U([0-9])Z([0-9]{1,2})BASS(-?[0-9]{1,2})", "Bass", "in"},
-        {"z", "^U([0-9])Z([0-9]{1,2})TREB(-?[0-9]{1,2})", "Treble", "in"},
-        {"z", R"~(^U([0-9])Z([0-9]{1,2})N"(.{1,16})")~", "ItemName", "is"},
-        {"z", "^U([0-9])O([0-9]{1,2})Z([0-9]{1,2})", "OutputAssignment", "ii"},
-        {"z", "^U([0-9])Z([0-9]{1,2})MV(-?[0-9]{1,2})", "MaxVolume", "in"},
-        {"z", "^U([0-9])APPQ0", "EndOfState", ""},
-        {"o", "^U([0-9])O([0-9]{1,2})V(-?[0-9]{1,2})", "Volume", "in"},
-        {"o", "^U([0-9])O([0-9]{1,2})I([0-9]{1,2})", "Input", "ii"},
-        {"o", "^U([0-9])O([0-9]{1,2})M([0-1])", "Mute", "in"},
-        {"o", "^U([0-9])O([0-9]{1,2})P([0-1])", "Power", "in"},
-        {"o", "^U([0-9])O([0-9]{1,2})B([1-7])BYPASS", "Band", "ii0--"},
-        {"o", "^U([0-9])O([0-9]{1,2})B([1-7])HPF([0-9]{1,5})", "Band", "ii1-n"},
-        {"o", "^U([0-9])O([0-9]{1,2})B([1-7])HS(-?[0-9]{1,2})F([0-9]{1,5})", "Band", "ii2nn"},
-        {"o", "^U([0-9])O([0-9]{1,2})B([1-7])LPF([0-9]{1,5})", "Band", "ii3-n"},
-        {"o", "^U([0-9])O([0-9]{1,2})B([1-7])LS(-?[0-9]{1,2})F([0-9]{1,5})", "Band", "ii4nn"},
-        {"o", "^U([0-9])O([0-9]{1,2})B([1-7])P(-?[0-9]{1,2})F([0-9]{1,5})", "Band", "ii5nn"},
-        {"o", R"~(^U([0-9])O([0-9]{1,2})N"(.{1,16})")~", "ItemName", "is"},
-        {"o", "^U([0-9])O([0-9]{1,2})MV(-?[0-9]{1,2})", "MaxVolume", "in"},
-        {"o", "^U([0-9])O([0-9]{1,2})MXTO(-?[0-9]{1,2})", "MaxTurnOnVolume", "in"},
-        {"o", "^U([0-9])O([0-9]{1,2})MNTO(-?[0-9]{1,2})", "MinTurnOnVolume", "in"},
-        {"o", "^U([0-9])O([0-9]{1,2})STEREO([0-1])", "Stereo", "in"},
-        {"o", "^U([0-9])APPQ1", "EndOfState", ""},
-        {"g", "^U([0-9])G([0-9]{1,2})V(-?[0-9]{1,2})", "Volume", "in"},
-        {"g", "^U([0-9])G([0-9]{1,2})I([0-9]{1,2})", "Input", "ii"},
-        {"g", "^U([0-9])G([0-9]{1,2})M([0-1])", "Mute", "in"},
-        {"g", "^U([0-9])G([0-9]{1,2})P([0-1])", "Power", "in"},
-        {"g", R"~(^U([0-9])G([0-9]{1,2})N"(.{1,16})")~", "ItemName", "is"},
-        {"g", "^U([0-9])APPQ4", "EndOfState", ""},
-        {"r", "^U([0-9])AO([0-9]{1,2})A([0-1])", "State", "in"},
-        {"r", "^U([0-9])APPQ3", "EndOfState", ""},
-        {"s", R"~(^U([0-9])SP([0-9]{1,2})N"(.{1,16})")~", "ItemName", "is"},
-        {"s", "^U([0-9])APPQ2", "EndOfState", ""},
-        {"zog", R"~(^U([0-9])I([0-9]{1,2})N"(.{1,16})")~", "InputName", "is"},
-        {"zog", "^U([0-9])I([0-9]{1,2})STEREO([0-1])", "InputStereo", "in"},
-    };
-    return all;
-}
+inline constexpr Row ROWS[] = {{"zog", "*#V~", "Volume", "in"},
+                               {"zog", "*#I#", "Input", "ii"},
+                               {"zog", "*#M?", "Mute", "in"},
+                               {"og", "*#P?", "Power", "in"},
+                               {"zog", "*#N\"@\"", "ItemName", "is"},
+                               {"s", "SP#N\"@\"", "ItemName", "is"},
+                               {"zo", "*#MV~", "MaxVolume", "in"},
+                               {"z", "Z#LD?", "Loudness", "in"},
+                               {"z", "Z#BASS~", "Bass", "in"},
+                               {"z", "Z#TREB~", "Treble", "in"},
+                               {"z", "O#Z#", "OutputAssignment", "ii"},
+                               {"o", "O#B([1-7])BYPASS", "Band", "ii0--"},
+                               {"o", "O#B([1-7])HPF&", "Band", "ii1-n"},
+                               {"o", "O#B([1-7])HS~F&", "Band", "ii2nn"},
+                               {"o", "O#B([1-7])LPF&", "Band", "ii3-n"},
+                               {"o", "O#B([1-7])LS~F&", "Band", "ii4nn"},
+                               {"o", "O#B([1-7])P~F&", "Band", "ii5nn"},
+                               {"o", "O#MXTO~", "MaxTurnOnVolume", "in"},
+                               {"o", "O#MNTO~", "MinTurnOnVolume", "in"},
+                               {"o", "O#STEREO?", "Stereo", "in"},
+                               {"r", "AO#A?", "State", "in"},
+                               {"zog", "I#N\"@\"", "InputName", "is"},
+                               {"zog", "I#STEREO?", "InputStereo", "in"},
+                               {"zogrs", "APPQ$", "EndOfState", ""}};
 
-/// The row of a screen that matches a text; null is none.
-inline const Row* rowOf(char screen, std::string_view text, std::cmatch& match) {
-    for (const auto& row : rows())
-        // The letter behind the unit is compared first, because the engine is slow.
-        if (row.screens.find(screen) != std::string_view::npos && text.size() > 2 &&
-            text[2] == row.pattern[9] &&
-            std::regex_search(text.data(), text.data() + text.size(), match, row.expression))
-            return &row;
-    return nullptr;
+inline std::regex expression(char screen, const Row& row) {
+    std::string all = "^U([0-9])";
+    for (const char c : row.pattern)
+        all += c == '*'   ? std::string{"ZOG"[SCREENS.find(screen)]}
+               : c == '$' ? std::string{"01432"[SCREENS.find(screen)]}
+               : c == '#' ? "([0-9]{1,2})"
+               : c == '~' ? "(-?[0-9]{1,2})"
+               : c == '&' ? "([0-9]{1,5})"
+               : c == '?' ? "([0-1])"
+               : c == '@' ? "(.{1,16})"
+                          : std::string{c};
+    return std::regex(all);
 }
 
 inline std::string byExpressions(char screen, std::string_view text) {
-    std::cmatch match;
-    const auto* row = rowOf(screen, text, match);
-    if (!row)
-        return "";
-    auto all = match.str(1) + " " + row->kind;
-    std::size_t group = 2;
-    for (const char member : row->members)
-        all += member == 'i'   ? word(std::stoi(match.str(group++)) - 1)
-               : member == 'n' ? word(std::stoi(match.str(group++)))
-               : member == 's' ? word(Name::fromLatin1(match.str(group++)))
-                               : std::string{' ', member};
-    return all;
+    static std::map<std::pair<char, const Row*>, std::regex> expressions;
+    for (const auto& row : ROWS) {
+        // The letter behind the unit is compared first, because the engine is slow.
+        if (row.screens.find(screen) == std::string_view::npos || text.size() < 3 ||
+            (row.pattern[0] != '*' && row.pattern[0] != text[2]))
+            continue;
+        auto& compiled = expressions[{screen, &row}];
+        if (compiled.mark_count() == 0)
+            compiled = expression(screen, row);
+        std::cmatch match;
+        if (!std::regex_search(text.data(), text.data() + text.size(), match, compiled))
+            continue;
+        auto all = match.str(1) + " " + std::string(row.kind);
+        std::size_t group = 2;
+        for (const char member : row.members)
+            all += member == 'i'   ? word(std::stoi(match.str(group++)) - 1)
+                   : member == 'n' ? word(std::stoi(match.str(group++)))
+                   : member == 's' ? word(Name::fromLatin1(match.str(group++)))
+                                   : std::string{' ', member};
+        return all;
+    }
+    return "";
 }
 
 /// Whether every screen's forms read a text as the expressions do.

@@ -37,10 +37,7 @@ public:
     ~Peer() { close(); }
 
     int socket() const { return socket_; }
-    void send(std::string_view bytes) {
-        EXPECT_EQ(::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL),
-                  static_cast<ssize_t>(bytes.size()));
-    }
+    void send(std::string_view bytes) { EXPECT_EQ(sendNow(bytes), bytes.size()); }
     /// Hands over what the system takes without waiting.
     std::size_t sendNow(std::string_view bytes) {
         const auto count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);

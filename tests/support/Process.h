@@ -38,9 +38,7 @@ public:
         for (auto& argument : arguments)
             argv.push_back(argument.data());
         argv.push_back(nullptr);
-        int input[2] = {-1, -1};
-        int output[2] = {-1, -1};
-        int errors[2] = {-1, -1};
+        int input[2] = {-1, -1}, output[2] = {-1, -1}, errors[2] = {-1, -1};
         bool isReady = ::pipe2(errors, O_CLOEXEC) == 0;
         if (streams == Streams::Terminal) {
             const winsize window{24, TERMINAL_COLUMNS, 0, 0};
@@ -54,11 +52,10 @@ public:
             pid_ = ::fork();
         }
         if (pid_ == 0) {
-            ::dup2(input[0], STDIN_FILENO);
-            ::dup2(output[1], STDOUT_FILENO);
-            ::dup2(errors[1], STDERR_FILENO);
-            std::signal(SIGPIPE, SIG_DFL);
-            std::signal(SIGHUP, SIG_DFL); // nohup ignores it
+            for (int standard = 0; const int theirs : {input[0], output[1], errors[1]})
+                ::dup2(theirs, standard++);
+            for (const int number : {SIGPIPE, SIGHUP}) // which this program and nohup ignore
+                std::signal(number, SIG_DFL);
             ::execv(argv[0], argv.data());
             ::_exit(127);
         }
@@ -78,7 +75,6 @@ public:
             ::close(descriptor);
     }
     Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
 
     void write(std::string_view bytes) {
         while (!bytes.empty()) {
@@ -93,18 +89,15 @@ public:
     void closeOutput() { ::close(std::exchange(output_, -1)); }
     /// The next line of standard output; nothing at the end, or when none comes for a long time.
     std::optional<std::string> readLine() {
-        auto line = readUntil("\n");
-        if (line)
-            line->pop_back();
-        return line;
+        const auto line = readUntil("\n");
+        return line ? std::optional(line->substr(0, line->size() - 1)) : line;
     }
     /// Reads until `text` has come, which is where it goes on.
     std::optional<std::string> readUntil(std::string_view text) {
-        std::size_t found = 0;
-        while ((found = pending_.find(text)) == std::string::npos)
+        while (pending_.find(text) == std::string::npos)
             if (readMore(output_, pending_) <= 0)
                 return std::nullopt;
-        auto before = pending_.substr(0, found + text.size());
+        auto before = pending_.substr(0, pending_.find(text) + text.size());
         pending_.erase(0, before.size());
         return before;
     }
@@ -114,22 +107,17 @@ public:
     }
     /// Waits for its end: the exit status, or minus the signal that ended it. One that hangs is killed.
     int wait() {
-        if (!status_) {
-            int status = 0;
-            ssize_t count = 1;
-            while (count > 0)
-                count = readMore(errors_, errorText_); // they end with the program
-            if (count < 0)
-                signal(SIGKILL);
-            ::waitpid(pid_, &status, 0);
-            status_ = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-        }
-        return *status_;
+        if (status_)
+            return *status_;
+        int status = 0;
+        if (!readAll(errors_, errorText_)) // they end with the program
+            signal(SIGKILL);
+        ::waitpid(pid_, &status, 0);
+        return *(status_ = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status));
     }
     /// Once it has ended: what is left of its standard output, and all of its standard error.
     std::string rest() {
-        while (readMore(output_, pending_) > 0) {
-        }
+        readAll(output_, pending_);
         return pending_;
     }
     const std::string& errors() {
@@ -147,12 +135,17 @@ private:
         text.append(buffer, count > 0 ? static_cast<std::size_t>(count) : 0);
         return count;
     }
+    /// Reads to the end; false when nothing comes for a long time.
+    static bool readAll(int descriptor, std::string& text) {
+        ssize_t count = 1;
+        while (count > 0)
+            count = readMore(descriptor, text);
+        return count == 0;
+    }
 
     pid_t pid_ = -1;
     std::optional<int> status_;
-    int input_ = -1;
-    int output_ = -1;
-    int errors_ = -1;
+    int input_ = -1, output_ = -1, errors_ = -1;
     std::string pending_, errorText_;
 };
 

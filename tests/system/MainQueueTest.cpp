@@ -7,7 +7,6 @@
 #include <QAbstractEventDispatcher>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <future>
@@ -24,29 +23,25 @@ using Clock = std::chrono::steady_clock;
 TEST(QtMainQueue, WorkThatPostsItselfLeavesRoomForDescriptorsAndTimers) {
     QtMainQueue queue;
     QtDescriptorWatcher watcher;
-    int ends[2];
-    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
-    ASSERT_EQ(::write(ends[1], "x", 1), 1);
-    bool readable = false, timed = false;
-    const auto watch = watcher.watchReadable(ends[0], [&] { readable = true; });
+    const int readable = ::memfd_create("empty", MFD_CLOEXEC);
+    bool read = false, timed = false;
+    const auto watch = watcher.watchReadable(readable, [&] { read = true; });
     queue.postAfter(0ns, [&] { timed = true; });
     long rounds = 0;
     std::function<void()> again = [&] {
-        if (++rounds < 1000000 && !(readable && timed))
+        if (++rounds < 1000 && !(read && timed))
             queue.post(again);
     };
     queue.post(again);
-    ASSERT_TRUE(runUntil([&] { return (readable && timed) || rounds == 1000000; }));
+    ASSERT_TRUE(runUntil([&] { return (read && timed) || rounds == 1000; }));
     EXPECT_LT(rounds, 1000);
-    ::close(ends[0]);
-    ::close(ends[1]);
+    ::close(readable);
 }
 
 TEST(QtMainQueue, WorkOfOtherThreadsRunsOnTheMainThreadInTheOrderOfEach) {
     constexpr std::size_t THREADS = 4, PIECES = 2000;
     QtMainQueue queue;
-    std::size_t count = 0;
-    std::vector<std::vector<std::size_t>> ran(THREADS);
+    std::vector<std::size_t> ran(THREADS);
     const auto mainThread = std::this_thread::get_id();
     std::vector<std::jthread> threads;
     for (std::size_t thread = 0; thread < THREADS; ++thread)
@@ -54,13 +49,10 @@ TEST(QtMainQueue, WorkOfOtherThreadsRunsOnTheMainThreadInTheOrderOfEach) {
             for (std::size_t piece = 0; piece < PIECES; ++piece)
                 queue.post([&, thread, piece] {
                     EXPECT_EQ(std::this_thread::get_id(), mainThread);
-                    ran[thread].push_back(piece);
-                    ++count;
+                    EXPECT_EQ(ran[thread]++, piece);
                 });
         });
-    EXPECT_TRUE(runUntil([&] { return count == THREADS * PIECES; }));
-    for (const auto& pieces : ran)
-        EXPECT_TRUE(std::is_sorted(pieces.begin(), pieces.end()));
+    EXPECT_TRUE(runUntil([&] { return ran == std::vector(THREADS, PIECES); }));
 }
 
 TEST(QtMainQueue, DelayedWorkIsNeverEarlyAndRunsByTimeThenByCall) {
@@ -133,7 +125,7 @@ TEST(SignalPipe, LeavesTheSecondSignalToTheSystem) {
         ::_exit(0);
     }
     int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ::waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
 }
 
@@ -141,7 +133,6 @@ TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
     int ends[2];
     ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
     const int file = ::memfd_create("empty", MFD_CLOEXEC); // regular, and needs no folder to write to
-    ASSERT_GE(file, 0);
     const int closed = ::dup(ends[0]);
     ::close(closed);
     QtDescriptorWatcher watcher;
@@ -150,16 +141,12 @@ TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
           std::tuple("a closed descriptor", closed, true), std::tuple("an empty pipe", ends[0], false)}) {
         int count = 0;
         const auto watch = watcher.watchReadable(fd, [&] { ++count; });
-        EXPECT_EQ(count, 0) << name;
-        settle();
-        EXPECT_EQ(count > 1, ready) << name;
-        watch->setEnabled(false);
-        count = 0;
-        settle();
-        EXPECT_EQ(count, 0) << name << ", paused";
-        watch->setEnabled(true);
-        settle();
-        EXPECT_EQ(count > 0, ready) << name << ", resumed";
+        for (const bool enabled : {true, false, true}) {
+            watch->setEnabled(enabled);
+            EXPECT_EQ(std::exchange(count, 0), 0) << name;
+            settle();
+            EXPECT_EQ(std::exchange(count, 0) > 1, ready && enabled) << name;
+        }
     }
     int count = 0;
     std::unique_ptr<DescriptorWatch> watch;

@@ -4,14 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <net/if.h>
 #include <sched.h>
+#include <sstream>
 #include <string>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
-#include <tuple>
 #include <unistd.h>
 
 namespace lumbra {
@@ -19,30 +18,22 @@ namespace {
 
 TEST(HostPort, ReadsOnlyWhatIsUnambiguous) {
     const std::string longest(300, 'a');
-    const std::tuple<std::string, std::string, int> places[] = {{"127.0.0.1:8023", "127.0.0.1", 8023},
-                                                                {"unit.local:1", "unit.local", 1},
-                                                                {"[::1]:65535", "::1", 65535},
-                                                                {"[fe80::1%lo]:23", "fe80::1%lo", 23},
-                                                                {longest + ":23", longest, 23}};
-    for (const auto& [text, host, port] : places) {
+    const auto read = [](const std::string& text) {
         const auto parsed = parseHostPort(text);
-        ASSERT_TRUE(parsed) << text;
-        EXPECT_EQ(parsed->host, host);
-        EXPECT_EQ(parsed->port, port);
-    }
-    for (const auto& text : std::initializer_list<std::string>{"",           ":23",
-                                                               "[]:23",      "unit",
-                                                               "unit:",      "unit:0",
-                                                               "unit:65536", "unit:99999999999999999999",
-                                                               "unit:-1",    "unit:+23",
-                                                               "unit: 23",   "unit:23 ",
-                                                               "unit:0x17",  "my unit:23",
-                                                               "u\x7f:23",   std::string("un\0it:23", 8),
-                                                               "::1:23",     "::1",
-                                                               "[::1]",      "[::1:23",
-                                                               "::1]:23",    "[127.0.0.1]:23",
-                                                               "[unit]:23",  longest + "a:23"})
-        EXPECT_FALSE(parseHostPort(text)) << text;
+        return parsed ? parsed->host + " " + std::to_string(parsed->port) : "";
+    };
+    EXPECT_EQ(read("127.0.0.1:8023"), "127.0.0.1 8023");
+    EXPECT_EQ(read("unit.local:1"), "unit.local 1");
+    EXPECT_EQ(read("[::1]:65535"), "::1 65535");
+    EXPECT_EQ(read("[fe80::1%lo]:23"), "fe80::1%lo 23");
+    EXPECT_EQ(read(longest + ":23"), longest + " 23");
+    std::istringstream rest(
+        ",:23,[]:23,unit,unit:,unit:0,unit:65536,unit:99999999999999999999,unit:-1,unit:+23,"
+        "unit: 23,unit:23 ,unit:0x17,my unit:23,u\x7f:23,::1:23,::1,[::1],[::1:23,::1]:23,"
+        "[127.0.0.1]:23,[unit]:23");
+    for (std::string text; std::getline(rest, text, ',');)
+        EXPECT_EQ(read(text), "") << text;
+    EXPECT_EQ(read(std::string("un\0it:23", 8)) + read(longest + "a:23"), "");
 }
 
 TEST(SocketAddress, KnowsTheLoopbackFromTheNetwork) {
@@ -68,7 +59,7 @@ TEST(NetworkReachability, IsFalseWithTheLoopbackAlone) {
         ::_exit(NetworkReachability().isReachable() ? 1 : 0);
     }
     int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ::waitpid(child, &status, 0);
     ASSERT_TRUE(WIFEXITED(status));
     if (WEXITSTATUS(status) == NOT_PERMITTED)
         GTEST_SKIP() << "needs the right to a network of its own";
