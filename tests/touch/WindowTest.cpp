@@ -17,19 +17,18 @@ namespace {
 TEST(WindowLife, SendsEachEventOnceAChange) {
     // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close; s: from now on the first
     // event brings the window back to sight. The events: resign active, enter background, enter foreground, become active.
-    struct Case {
-        const char* what;
-        const char* happens;
-        const char* events;
-    };
-    for (const auto& [what, happens, expected] :
-         {Case{"minimised and back", "ha", "rbfa"}, Case{"leaving twice", "hh", "rb"},
-          Case{"returning without leaving", "aa", ""}, Case{"a phone's notification shade", "ia", "ra"},
-          Case{"inactive, then away", "ih", "rb"}, Case{"back by way of inactive", "hia", "rbfa"},
-          Case{"minimised while the settings are open", "ohac", "rbfa"},
-          Case{"the settings closed while hidden", "hoca", "rbfa"},
-          Case{"the settings opened twice", "oo", "rb"}, Case{"closed without having been opened", "c", ""},
-          Case{"an event that changes the window", "sh", "ra"}}) {
+    const char* const cases[][3] = {{"minimised and back", "ha", "rbfa"},
+                                    {"leaving twice", "hh", "rb"},
+                                    {"returning without leaving", "aa", ""},
+                                    {"a phone's notification shade", "ia", "ra"},
+                                    {"inactive, then away", "ih", "rb"},
+                                    {"back by way of inactive", "hia", "rbfa"},
+                                    {"minimised while the settings are open", "ohac", "rbfa"},
+                                    {"the settings closed while hidden", "hoca", "rbfa"},
+                                    {"the settings opened twice", "oo", "rb"},
+                                    {"closed without having been opened", "c", ""},
+                                    {"an event that changes the window", "sh", "ra"}};
+    for (const auto& [what, happens, expected] : cases) {
         std::string events;
         bool returns = false;
         std::optional<WindowLife> life;
