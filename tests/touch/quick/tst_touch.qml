@@ -100,7 +100,7 @@ TestCase {
     }
 
     // A press far from the thumb moves nothing: a jump here would be a blast.
-    function test_a_drag_is_relative() {
+    function test_a_drag_is_relative_and_keys_step() {
         open();
         const slider = find("volumeSlider");
         const y = slider.height / 2;
@@ -117,20 +117,8 @@ TestCase {
         mouseRelease(slider, 60, y);
         compare(slider.value, value);
         compare(sentLater(), "[U1Z1V" + Math.trunc(value) + "]");
-    }
-    function test_two_fingers() {
-        open(1280, 800);
-        const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
-        const touch = touchEvent(window);
-        sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
-        for (let step = 1; step <= 10; ++step)
-            touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
-        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
-        touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
-    }
-    function test_keys_and_wheel_step() {
-        open();
-        const slider = find("volumeSlider");
+
+        // Keys and a mouse's wheel step.
         slider.forceActiveFocus();
         const turn = angle => mouseWheel(slider, 30, 30, 0, angle);
         for (const [act, what, value] of [[keyClick, Qt.Key_Right, -39], [keyClick, Qt.Key_Up, -39],
@@ -142,6 +130,16 @@ TestCase {
             compare(slider.value, value);
             compare(sentLater(), value === -40 ? "" : "[U1Z1V" + value + "]");
         }
+    }
+    function test_two_fingers() {
+        open(1280, 800);
+        const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
+        const touch = touchEvent(window);
+        sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
+        for (let step = 1; step <= 10; ++step)
+            touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
+        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
+        touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
     }
 
     // A wheel that grows with its window takes its rows along: a tap meets the row that it shows.
@@ -210,20 +208,23 @@ TestCase {
         fling("sourcePicker");
         isPickedOnce();
         verify(list.currentIndex > 3);
-        play("pick sourcePicker 0");
-        tryVerify(() => isInMiddle("sourcePicker"));
-        harness.sent();
-        fling("sourcePicker");
-        wait(30);
-        keyClick(Qt.Key_Down);
-        isPickedOnce();
+        const byKey = () => {
+            fling("sourcePicker");
+            wait(30);
+            keyClick(Qt.Key_Down);
+        };
         // What a touch stopped at can be picked with a tap.
-        play("pick sourcePicker 0");
-        tryVerify(() => isInMiddle("sourcePicker"));
-        harness.sent();
-        stopFling("sourcePicker");
-        tapRow("sourcePicker", 0);
-        isPickedOnce();
+        const byTap = () => {
+            stopFling("sourcePicker");
+            tapRow("sourcePicker", 0);
+        };
+        for (const pick of [byKey, byTap]) {
+            play("pick sourcePicker 0");
+            tryVerify(() => isInMiddle("sourcePicker"));
+            harness.sent();
+            pick();
+            isPickedOnce();
+        }
     }
     function test_a_stopped_wheel_shows_again_what_is_selected() {
         open();
@@ -315,7 +316,7 @@ TestCase {
         compare(harness.app.link.address, "10.0.0.99");
     }
 
-    function test_a_handle_moves_both_sliders_of_its_band() {
+    function test_a_handle_moves_both_sliders_of_its_own_band() {
         open(1280, 800, advanced);
         verify(!seen("handle2"), "a bypassed band has none");
         play("> U1O1B2P0F1000");
@@ -343,6 +344,17 @@ TestCase {
         compare(gain.value, before);
         keyClick(Qt.Key_Right);
         verify(frequency.value > 2700);
+
+        // Of handles that lie over one another, the nearest is taken.
+        open(360, 640, advanced);
+        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
+        for (const band of [2, 3, 4]) {
+            const handle = find("handle" + band);
+            handle.forceActiveFocus();
+            mousePress(handle, 24, 24);
+            compare([2, 3, 4].filter(other => harness.app.screen.slider("filterFreq" + other).held), [band]);
+            mouseRelease(handle, 24, 24);
+        }
     }
     function test_the_plot_shows_the_sum_and_the_edited_band() {
         open(1280, 1000, advanced);
@@ -363,17 +375,6 @@ TestCase {
             verify(isDrawn(Theme.text, share, sum), "the sum at " + share);
             compare(isDrawn(Theme.accent, share, shelf), sum !== shelf, "the band being edited at " + share);
             verify(!isDrawn(Theme.text, share, sum - 6), "nothing else at " + share);
-        }
-    }
-    function test_the_nearest_handle_is_taken() {
-        open(360, 640, advanced);
-        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
-        for (const band of [2, 3, 4]) {
-            const handle = find("handle" + band);
-            handle.forceActiveFocus();
-            mousePress(handle, 24, 24);
-            compare([2, 3, 4].filter(other => harness.app.screen.slider("filterFreq" + other).held), [band]);
-            mouseRelease(handle, 24, 24);
         }
     }
 
