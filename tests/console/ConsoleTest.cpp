@@ -68,6 +68,10 @@ TEST(Console, PlaysItsTranscripts) {
             < {"event":"screen","screen":"output","tabs":["output","group","override","scene"],"selected":0}
             < {"event":"screen","screen":"override","tabs":["output","group","override","scene"],"selected":2}
             = app ; <~ "link":"opening")"},
+        {"a mode that changes under a screen that stays", R"(
+            $ tab group ; <... ; ~ sent [U1APPQ4] ; $ set advanced_mode_preference true ; $ app away ; $ app back
+            ~ connect ; <... ; ~ sent [U1SERIAL0] [U1APPQ4]
+            $ app away ; $ app back ; ~ connect ; <... ; ~ sent [U1SERIAL0] [U1APPQ4])"},
         {"what a person stores is typed; the application is not told", R"(
             $ set unit_number_preference 4 ; = set ; $ set start_tab_preference -1 ; = set
             $ set polling_preference false ; = set ; $ set ip_address_preference "" ; = set

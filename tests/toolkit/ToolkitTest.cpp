@@ -1,7 +1,6 @@
 #include "toolkit/Picker.h"
 #include "toolkit/SegmentedControl.h"
 #include "toolkit/Slider.h"
-#include "toolkit/TabBarController.h"
 
 #include <gtest/gtest.h>
 
@@ -66,38 +65,6 @@ TEST(SignalTest, ObserversComeAndGoDuringAnEmission) {
     EXPECT_EQ(told, "1");
     signal.emit();
     EXPECT_EQ(told.substr(0, 2), "11");
-}
-
-struct Page final : ViewController {
-    Page(const char* name, std::string& calls)
-        : ViewController(std::make_shared<View>(name, name)), log(calls) {}
-    std::string& log;
-    void viewDidLoad() override { log += view().name() + "Load "; }
-    void viewWillAppear() override { log += view().name() + "Will "; }
-    void viewWillDisappear() override { log += view().name() + "Leave "; }
-};
-
-TEST(TabBarControllerTest, TellsAppearancesInOrder) {
-    std::string log;
-    const auto a = std::make_shared<Page>("a", log);
-    const auto b = std::make_shared<Page>("b", log);
-    const auto c = std::make_shared<Page>("c", log);
-    TabBarController tabs;
-    tabs.setViewControllers({a, b});
-    tabs.setSelectedIndex(1);
-    EXPECT_EQ(log, "") << "nothing appears before the window";
-    tabs.viewWillAppear();
-    EXPECT_TRUE(tabs.selectByUser(0) && tabs.selectByUser(0));
-    EXPECT_EQ(std::exchange(log, ""), "bLoad bWill aLoad aWill bLeave ") << "nothing appears again";
-    EXPECT_FALSE(tabs.selectByUser(2));
-    tabs.setSelectedIndex(-1);
-    tabs.setViewControllers({c, b});
-    tabs.setViewControllers({c, b, a});
-    EXPECT_EQ(std::exchange(log, ""), "cLoad cWill aLeave ") << "the position stays, its screen is exchanged";
-    tabs.setSelectedIndex(1);
-    tabs.setViewControllers({c});
-    EXPECT_EQ(log, "bWill cLeave cWill bLeave ") << "loaded once";
-    EXPECT_EQ(tabs.selectedIndex(), 0);
 }
 
 } // namespace

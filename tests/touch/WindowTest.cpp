@@ -7,7 +7,6 @@
 #include <QQuickWindow>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <optional>
 #include <string>
 
@@ -53,20 +52,11 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
     }
 }
 
-/// A graphical program on a platform of that name.
-struct Graphical {
-    std::array<char*, 4> arguments;
-    int count = 3;
-    QGuiApplication qt;
-
-    explicit Graphical(const char* platform)
-        : arguments{const_cast<char*>("test"), const_cast<char*>("-platform"), const_cast<char*>(platform)},
-          qt(count, arguments.data()) {}
-};
-
 // A window that is away keeps no link; one that comes back opens one, and only one.
 TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
-    const Graphical program("offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 0;
+    const QGuiApplication qt(count, nullptr);
     Remote remote;
     TouchFrontEnd touch(remote.application, {});
     ASSERT_TRUE(touch.show());
@@ -97,7 +87,9 @@ TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
 TEST(TouchFrontEnd, WithoutADisplayASentenceNamesTheConsole) {
     const auto start = [] {
         const DisplayGuard guard;
-        const Graphical program("none");
+        qputenv("QT_QPA_PLATFORM", "none");
+        int count = 0;
+        const QGuiApplication qt(count, nullptr);
     };
     EXPECT_EXIT(start(), testing::ExitedWithCode(1),
                 "^lumbra-remote: There is no display[^\n]*--console[^\n]*\n$");

@@ -68,6 +68,12 @@ TestCase {
         for (let step = 1; step <= 10; ++step)
             mouseMove(item, x + right * step / 10, y + down * step / 10);
     }
+    function holdFinger(item, x, y, during) {
+        const touch = touchEvent(window);
+        touch.press(1, item, x, y).commit();
+        during();
+        touch.release(1, item, x, y).commit();
+    }
     function tapRow(picker, rowsBelow) {
         const list = find(picker, "list");
         mouseClick(list, list.width / 2, list.height / 2 + rowsBelow * find(picker).rowHeight);
@@ -258,12 +264,7 @@ TestCase {
             verify(!mute.checked, "a click must not cut the switch off from the unit");
         }
         // A finger that stays to read a cut caption flips nothing.
-        const touch = touchEvent(window);
-        const rest = () => {
-            touch.press(1, mute, 20, 20).commit();
-            wait(250);
-            touch.release(1, mute, 20, 20).commit();
-        };
+        const rest = () => holdFinger(mute, 20, 20, () => wait(250));
         rest();
         compare(harness.sent(), "[U1Z1M1]", "a slow finger is a finger");
         mute.parent = window.contentItem;
@@ -520,27 +521,24 @@ TestCase {
         harness.pass(20);
         waitForRendering(window.contentItem, 100);
     }
-    function test_a_finger_needs_48_pixels_and_texts_their_room_data() {
-        return [[360, 640], [800, 480], [1280, 800]].map(size => ({ tag: size.join("x"), size: size }));
-    }
-    function test_a_finger_needs_48_pixels_and_texts_their_room(data) {
-        for (const scale of [1, 2])
+    function test_a_finger_needs_48_pixels_and_texts_their_room() {
+        for (const [width, height, scale] of [[360, 640, 1], [800, 480, 1], [1280, 800, 1], [360, 640, 2], [800, 480, 2], [1280, 800, 2]])
             for (const screens of [["zone", "group", "override", "scene", "settings"], ["output"]]) {
                 Theme.textScale = scale;
-                open(...data.size, screens.length === 1 ? advanced : "");
+                open(width, height, screens.length === 1 ? advanced : "");
                 play("> U1O1Z1\n> U1O2Z2\n> U1Z1V-79\n> U1O1B1P-14F19999\n> U1O1B4P3F5000");
                 for (const item of scale > 1 ? ["Z1", "Z2", "O1", "O2", "G1", "G2", "I1", "I2", "S1", "S2"] : [])
                     play("> U1" + item + "N\"WWWWWWWWWWWWWWWW\"");
                 for (const screen of screens) {
                     show(screen);
                     const targets = items(window.contentItem, item => item.activeFocusOnTab || item.focusPolicy);
-                    verify(targets.length >= 6, targets.length);
+                    verify(targets.length >= 6, screen);
                     for (const item of targets)
-                        verify(item.width >= 48 && item.height >= 48, [screen, item, item.objectName, item.width, item.height]);
+                        verify(item.width >= 48 && item.height >= 48, [width, height, screen, item, item.objectName, item.width, item.height]);
                     const texts = items(window.contentItem, item => item.truncated !== undefined && item.text !== "");
                     verify(texts.length >= 10, texts.length);
                     for (const text of texts) {
-                        const what = [screen, scale, text.text, text.contentWidth, text.width].join(" ");
+                        const what = [width, height, screen, scale, text.text, text.contentWidth, text.width].join(" ");
                         verify(text.truncated || text.contentWidth <= text.width + 1, "cut without an ellipsis: " + what);
                         verify(text.contentHeight <= text.height + 1, "cut in its height: " + what);
                         const left = text.mapToItem(window.contentItem, 0, 0).x;
@@ -563,10 +561,7 @@ TestCase {
         mouseMove(find("volumeSlider"));
         tryCompare(tip, "item", null);
         // A finger that stays shows it too, and picks nothing.
-        const touch = touchEvent(window);
-        touch.press(1, cut, cut.width / 2, cut.height / 2).commit();
-        tryVerify(isShown);
-        touch.release(1, cut, cut.width / 2, cut.height / 2).commit();
+        holdFinger(cut, cut.width / 2, cut.height / 2, () => tryVerify(isShown));
         tryCompare(tip, "item", null);
         compare(harness.sent(), "");
     }
