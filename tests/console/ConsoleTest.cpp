@@ -161,18 +161,6 @@ TEST(Console, PlaysItsTranscripts) {
     }
 }
 
-TEST(Console, LaunchesBeforeItReads) {
-    Session session;
-    session.type("get start_tab_preference\n");
-    session.start(false);
-    EXPECT_EQ(session.play(R"(
-        < {"event":"screen","screen":"zone","tabs":["zone","group","override","scene"],"selected":0}
-        < {"event":"link","link":"opening"}
-        < {"reply":"get","ok":true,"settings":{"start_tab_preference":null}}
-        ~ connect ; < {"event":"link","link":"open"} ; <~ "animating":true)"),
-              "");
-}
-
 // Scripts as people pipe them: all at once. What a command waited for may change by the next one; each gets its one
 // reply, in order.
 TEST(Console, AnswersRandomScriptsInOnePiece) {

@@ -59,7 +59,6 @@ TEST(Numbers, FloatsSurviveTheirText) {
 }
 
 TEST(Numbers, ATimeIsNeverShort) {
-    EXPECT_EQ(parseSeconds("0"), 0ns);
     EXPECT_EQ(parseSeconds("1e-10"), 1ns);
 }
 

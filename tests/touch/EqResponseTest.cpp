@@ -33,8 +33,6 @@ TEST(EqResponse, SectionsAnswerAsTheirTypesMust) {
 }
 
 TEST(EqResponse, CurvesSpanTheAxisAndAddUp) {
-    EXPECT_NEAR(EqResponse::frequencyAt(0), 20, 1e-9);
-    EXPECT_NEAR(EqResponse::frequencyAt(EqResponse::POINTS - 1), 20'000, 1e-6);
     EqResponse response;
     const EqResponse::Band bass{Type::LowShelf, 300, 6};
     const EqResponse::Band middle{Type::Parametric, 1000, -4};

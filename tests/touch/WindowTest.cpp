@@ -20,7 +20,6 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
                                     {"leaving twice", "hh", "rb"},
                                     {"returning without leaving", "aa", ""},
                                     {"a phone's notification shade", "ia", "ra"},
-                                    {"inactive, then away", "ih", "rb"},
                                     {"back by way of inactive", "hia", "rbfa"},
                                     {"minimised while the settings are open", "ohac", "rbfa"},
                                     {"the settings closed while hidden", "hoca", "rbfa"},

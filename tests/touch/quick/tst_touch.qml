@@ -137,16 +137,6 @@ TestCase {
             compare(sentLater(), value === -40 ? "" : "[U1Z1V" + value + "]");
         }
     }
-    function test_two_fingers() {
-        open(1280, 800);
-        const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
-        const touch = touchEvent(window);
-        sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
-        for (let step = 1; step <= 10; ++step)
-            touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
-        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
-        touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
-    }
 
     // A wheel that grows with its window takes its rows along: a tap meets the row that it shows.
     function test_a_tap_picks_the_row_under_it() {
@@ -399,9 +389,8 @@ TestCase {
         drag(slider, 20, y, 30, 0);
         verify(slider.slider.held && slider.value > -40);
         sentLater();
-        data.away();
         let before = 0;
-        for (const [act, x] of [[() => {}, 60], [data.back || (() => {}), 90]]) {
+        for (const [act, x] of [[data.away, 60], [data.back || (() => {}), 90]]) {
             act();
             wait(0);
             sentLater();
@@ -483,8 +472,8 @@ TestCase {
         for (const line of found)
             verify(!/^[^;]*; *(;|$)/.test(line), "without a name: " + line);
     }
-    function test_assistive_technology_acts() {
-        open(1280, 900);
+    function test_assistive_technology_and_two_fingers_act() {
+        open(1280, 800);
         for (const [name, action, command] of [["Zone 1 mute, off", "Toggle", "[U1Z1M1]"], ["Zone 1 loudness, off", "Press", "[U1Z1LD1]"],
             ["Zone 1 volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Zone 1 bass, 0 percent", "Decrease", "[U1Z1BASS-1]"],
             ["Zone 1 input, Source 1", "Increase", "[U1Z1I2]"]]) {
@@ -492,6 +481,14 @@ TestCase {
             tryVerify(() => find("sourcePicker").resting);
             compare(sentLater(), command);
         }
+        // Two fingers, two sliders.
+        const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
+        const touch = touchEvent(window);
+        sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
+        for (let step = 1; step <= 10; ++step)
+            touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
+        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
+        touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
         verify(harness.actOn(window, "Scenes", "Press"));
         compare(harness.app.screen.name, "scene");
     }
