@@ -7,7 +7,6 @@
 #include <QQuickWindow>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <optional>
 #include <string>
 
@@ -17,19 +16,17 @@ namespace {
 TEST(WindowLife, SendsEachEventOnceAChange) {
     // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close; s: from now on the first
     // event brings the window back to sight. The events: resign active, enter background, enter foreground, become active.
-    struct Case {
-        const char* what;
-        const char* happens;
-        const char* events;
-    };
-    for (const auto& [what, happens, expected] :
-         {Case{"minimised and back", "ha", "rbfa"}, Case{"leaving twice", "hh", "rb"},
-          Case{"returning without leaving", "aa", ""}, Case{"a phone's notification shade", "ia", "ra"},
-          Case{"inactive, then away", "ih", "rb"}, Case{"back by way of inactive", "hia", "rbfa"},
-          Case{"minimised while the settings are open", "ohac", "rbfa"},
-          Case{"the settings closed while hidden", "hoca", "rbfa"},
-          Case{"the settings opened twice", "oo", "rb"}, Case{"closed without having been opened", "c", ""},
-          Case{"an event that changes the window", "sh", "ra"}}) {
+    const char* const cases[][3] = {{"minimised and back", "ha", "rbfa"},
+                                    {"leaving twice", "hh", "rb"},
+                                    {"returning without leaving", "aa", ""},
+                                    {"a phone's notification shade", "ia", "ra"},
+                                    {"back by way of inactive", "hia", "rbfa"},
+                                    {"minimised while the settings are open", "ohac", "rbfa"},
+                                    {"the settings closed while hidden", "hoca", "rbfa"},
+                                    {"the settings opened twice", "oo", "rb"},
+                                    {"closed without having been opened", "c", ""},
+                                    {"an event that changes the window", "sh", "ra"}};
+    for (const auto& [what, happens, expected] : cases) {
         std::string events;
         bool returns = false;
         std::optional<WindowLife> life;
@@ -54,20 +51,11 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
     }
 }
 
-/// A graphical program on a platform of that name.
-struct Graphical {
-    std::array<char*, 4> arguments;
-    int count = 3;
-    QGuiApplication qt;
-
-    explicit Graphical(const char* platform)
-        : arguments{const_cast<char*>("test"), const_cast<char*>("-platform"), const_cast<char*>(platform)},
-          qt(count, arguments.data()) {}
-};
-
 // A window that is away keeps no link; one that comes back opens one, and only one.
 TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
-    const Graphical program("offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 0;
+    const QGuiApplication qt(count, nullptr);
     Remote remote;
     TouchFrontEnd touch(remote.application, {});
     ASSERT_TRUE(touch.show());
@@ -98,7 +86,9 @@ TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
 TEST(TouchFrontEnd, WithoutADisplayASentenceNamesTheConsole) {
     const auto start = [] {
         const DisplayGuard guard;
-        const Graphical program("none");
+        qputenv("QT_QPA_PLATFORM", "none");
+        int count = 0;
+        const QGuiApplication qt(count, nullptr);
     };
     EXPECT_EXIT(start(), testing::ExitedWithCode(1),
                 "^lumbra-remote: There is no display[^\n]*--console[^\n]*\n$");

@@ -77,12 +77,9 @@ public:
         QStringList left;
         for (const auto& line : scenario()) {
             const auto text = line.toStdString();
-            left << QString::fromStdString(
-                session.play((text.starts_with('~') ? text : "$ " + text) + "\n<..."));
-            if (left.last().isEmpty() && !text.starts_with("~ wait"))
-                left.removeLast();
-            else
-                left.last() += leftBehind(session.remote);
+            const auto problems = session.play((text.starts_with('~') ? text : "$ " + text) + "\n<...");
+            if (!problems.empty() || text.starts_with("~ wait"))
+                left << QString::fromStdString(problems) + leftBehind(session.remote);
         }
         return left;
     }
@@ -102,11 +99,9 @@ public:
                             .arg(value->currentValue().toString(), value->minimumValue().toString(),
                                  value->maximumValue().toString());
             const auto state = thing.state();
-            if (state.checked || state.selected)
-                line += QStringLiteral("; on");
-            else if (state.checkable)
-                line += QStringLiteral("; off");
-            found << line + (state.readOnly ? QStringLiteral("; read only") : QString());
+            const bool on = state.checked || state.selected;
+            line += QLatin1String(on ? "; on" : state.checkable ? "; off" : "");
+            found << line + QLatin1String(state.readOnly ? "; read only" : "");
         });
         return found;
     }

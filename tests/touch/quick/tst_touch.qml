@@ -68,6 +68,12 @@ TestCase {
         for (let step = 1; step <= 10; ++step)
             mouseMove(item, x + right * step / 10, y + down * step / 10);
     }
+    function holdFinger(item, x, y, during) {
+        const touch = touchEvent(window);
+        touch.press(1, item, x, y).commit();
+        during();
+        touch.release(1, item, x, y).commit();
+    }
     function tapRow(picker, rowsBelow) {
         const list = find(picker, "list");
         mouseClick(list, list.width / 2, list.height / 2 + rowsBelow * find(picker).rowHeight);
@@ -100,7 +106,7 @@ TestCase {
     }
 
     // A press far from the thumb moves nothing: a jump here would be a blast.
-    function test_a_drag_is_relative() {
+    function test_a_drag_is_relative_and_keys_step() {
         open();
         const slider = find("volumeSlider");
         const y = slider.height / 2;
@@ -117,20 +123,8 @@ TestCase {
         mouseRelease(slider, 60, y);
         compare(slider.value, value);
         compare(sentLater(), "[U1Z1V" + Math.trunc(value) + "]");
-    }
-    function test_two_fingers() {
-        open(1280, 800);
-        const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
-        const touch = touchEvent(window);
-        sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
-        for (let step = 1; step <= 10; ++step)
-            touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
-        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
-        touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
-    }
-    function test_keys_and_wheel_step() {
-        open();
-        const slider = find("volumeSlider");
+
+        // Keys and a mouse's wheel step.
         slider.forceActiveFocus();
         const turn = angle => mouseWheel(slider, 30, 30, 0, angle);
         for (const [act, what, value] of [[keyClick, Qt.Key_Right, -39], [keyClick, Qt.Key_Up, -39],
@@ -210,20 +204,23 @@ TestCase {
         fling("sourcePicker");
         isPickedOnce();
         verify(list.currentIndex > 3);
-        play("pick sourcePicker 0");
-        tryVerify(() => isInMiddle("sourcePicker"));
-        harness.sent();
-        fling("sourcePicker");
-        wait(30);
-        keyClick(Qt.Key_Down);
-        isPickedOnce();
+        const byKey = () => {
+            fling("sourcePicker");
+            wait(30);
+            keyClick(Qt.Key_Down);
+        };
         // What a touch stopped at can be picked with a tap.
-        play("pick sourcePicker 0");
-        tryVerify(() => isInMiddle("sourcePicker"));
-        harness.sent();
-        stopFling("sourcePicker");
-        tapRow("sourcePicker", 0);
-        isPickedOnce();
+        const byTap = () => {
+            stopFling("sourcePicker");
+            tapRow("sourcePicker", 0);
+        };
+        for (const pick of [byKey, byTap]) {
+            play("pick sourcePicker 0");
+            tryVerify(() => isInMiddle("sourcePicker"));
+            harness.sent();
+            pick();
+            isPickedOnce();
+        }
     }
     function test_a_stopped_wheel_shows_again_what_is_selected() {
         open();
@@ -257,12 +254,7 @@ TestCase {
             verify(!mute.checked, "a click must not cut the switch off from the unit");
         }
         // A finger that stays to read a cut caption flips nothing.
-        const touch = touchEvent(window);
-        const rest = () => {
-            touch.press(1, mute, 20, 20).commit();
-            wait(250);
-            touch.release(1, mute, 20, 20).commit();
-        };
+        const rest = () => holdFinger(mute, 20, 20, () => wait(250));
         rest();
         compare(harness.sent(), "[U1Z1M1]", "a slow finger is a finger");
         mute.parent = window.contentItem;
@@ -315,7 +307,7 @@ TestCase {
         compare(harness.app.link.address, "10.0.0.99");
     }
 
-    function test_a_handle_moves_both_sliders_of_its_band() {
+    function test_a_handle_moves_both_sliders_of_its_own_band() {
         open(1280, 800, advanced);
         verify(!seen("handle2"), "a bypassed band has none");
         play("> U1O1B2P0F1000");
@@ -343,6 +335,17 @@ TestCase {
         compare(gain.value, before);
         keyClick(Qt.Key_Right);
         verify(frequency.value > 2700);
+
+        // Of handles that lie over one another, the nearest is taken.
+        open(360, 640, advanced);
+        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
+        for (const band of [2, 3, 4]) {
+            const handle = find("handle" + band);
+            handle.forceActiveFocus();
+            mousePress(handle, 24, 24);
+            compare([2, 3, 4].filter(other => harness.app.screen.slider("filterFreq" + other).held), [band]);
+            mouseRelease(handle, 24, 24);
+        }
     }
     function test_the_plot_shows_the_sum_and_the_edited_band() {
         open(1280, 1000, advanced);
@@ -363,17 +366,6 @@ TestCase {
             verify(isDrawn(Theme.text, share, sum), "the sum at " + share);
             compare(isDrawn(Theme.accent, share, shelf), sum !== shelf, "the band being edited at " + share);
             verify(!isDrawn(Theme.text, share, sum - 6), "nothing else at " + share);
-        }
-    }
-    function test_the_nearest_handle_is_taken() {
-        open(360, 640, advanced);
-        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
-        for (const band of [2, 3, 4]) {
-            const handle = find("handle" + band);
-            handle.forceActiveFocus();
-            mousePress(handle, 24, 24);
-            compare([2, 3, 4].filter(other => harness.app.screen.slider("filterFreq" + other).held), [band]);
-            mouseRelease(handle, 24, 24);
         }
     }
 
@@ -397,9 +389,8 @@ TestCase {
         drag(slider, 20, y, 30, 0);
         verify(slider.slider.held && slider.value > -40);
         sentLater();
-        data.away();
         let before = 0;
-        for (const [act, x] of [[() => {}, 60], [data.back || (() => {}), 90]]) {
+        for (const [act, x] of [[data.away, 60], [data.back || (() => {}), 90]]) {
             act();
             wait(0);
             sentLater();
@@ -481,8 +472,8 @@ TestCase {
         for (const line of found)
             verify(!/^[^;]*; *(;|$)/.test(line), "without a name: " + line);
     }
-    function test_assistive_technology_acts() {
-        open(1280, 900);
+    function test_assistive_technology_and_two_fingers_act() {
+        open(1280, 800);
         for (const [name, action, command] of [["Zone 1 mute, off", "Toggle", "[U1Z1M1]"], ["Zone 1 loudness, off", "Press", "[U1Z1LD1]"],
             ["Zone 1 volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Zone 1 bass, 0 percent", "Decrease", "[U1Z1BASS-1]"],
             ["Zone 1 input, Source 1", "Increase", "[U1Z1I2]"]]) {
@@ -490,6 +481,14 @@ TestCase {
             tryVerify(() => find("sourcePicker").resting);
             compare(sentLater(), command);
         }
+        // Two fingers, two sliders.
+        const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
+        const touch = touchEvent(window);
+        sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
+        for (let step = 1; step <= 10; ++step)
+            touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
+        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
+        touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
         verify(harness.actOn(window, "Scenes", "Press"));
         compare(harness.app.screen.name, "scene");
     }
@@ -519,27 +518,24 @@ TestCase {
         harness.pass(20);
         waitForRendering(window.contentItem, 100);
     }
-    function test_a_finger_needs_48_pixels_and_texts_their_room_data() {
-        return [[360, 640], [800, 480], [1280, 800]].map(size => ({ tag: size.join("x"), size: size }));
-    }
-    function test_a_finger_needs_48_pixels_and_texts_their_room(data) {
-        for (const scale of [1, 2])
+    function test_a_finger_needs_48_pixels_and_texts_their_room() {
+        for (const [width, height, scale] of [[360, 640, 1], [800, 480, 1], [1280, 800, 1], [360, 640, 2], [800, 480, 2], [1280, 800, 2]])
             for (const screens of [["zone", "group", "override", "scene", "settings"], ["output"]]) {
                 Theme.textScale = scale;
-                open(...data.size, screens.length === 1 ? advanced : "");
+                open(width, height, screens.length === 1 ? advanced : "");
                 play("> U1O1Z1\n> U1O2Z2\n> U1Z1V-79\n> U1O1B1P-14F19999\n> U1O1B4P3F5000");
                 for (const item of scale > 1 ? ["Z1", "Z2", "O1", "O2", "G1", "G2", "I1", "I2", "S1", "S2"] : [])
                     play("> U1" + item + "N\"WWWWWWWWWWWWWWWW\"");
                 for (const screen of screens) {
                     show(screen);
                     const targets = items(window.contentItem, item => item.activeFocusOnTab || item.focusPolicy);
-                    verify(targets.length >= 6, targets.length);
+                    verify(targets.length >= 6, screen);
                     for (const item of targets)
-                        verify(item.width >= 48 && item.height >= 48, [screen, item, item.objectName, item.width, item.height]);
+                        verify(item.width >= 48 && item.height >= 48, [width, height, screen, item, item.objectName, item.width, item.height]);
                     const texts = items(window.contentItem, item => item.truncated !== undefined && item.text !== "");
                     verify(texts.length >= 10, texts.length);
                     for (const text of texts) {
-                        const what = [screen, scale, text.text, text.contentWidth, text.width].join(" ");
+                        const what = [width, height, screen, scale, text.text, text.contentWidth, text.width].join(" ");
                         verify(text.truncated || text.contentWidth <= text.width + 1, "cut without an ellipsis: " + what);
                         verify(text.contentHeight <= text.height + 1, "cut in its height: " + what);
                         const left = text.mapToItem(window.contentItem, 0, 0).x;
@@ -562,10 +558,7 @@ TestCase {
         mouseMove(find("volumeSlider"));
         tryCompare(tip, "item", null);
         // A finger that stays shows it too, and picks nothing.
-        const touch = touchEvent(window);
-        touch.press(1, cut, cut.width / 2, cut.height / 2).commit();
-        tryVerify(isShown);
-        touch.release(1, cut, cut.width / 2, cut.height / 2).commit();
+        holdFinger(cut, cut.width / 2, cut.height / 2, () => tryVerify(isShown));
         tryCompare(tip, "item", null);
         compare(harness.sent(), "");
     }
