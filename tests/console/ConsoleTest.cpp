@@ -108,7 +108,6 @@ TEST(Console, PlaysItsTranscripts) {
             $ tab output ; = tab output: no such tab; there are zone, group, override and scene
             $ tab 4 ; = tab 4: no such tab; there are zone, group, override and scene
             $ get volume ; = get volume: no such setting; there are ip_address_preference, unit_number_preference, polling_preference, serial_port_preference, start_tab_preference and advanced_mode_preference
-            $ set unit_number_preference 1.5 ; = set unit_number_preference: \"1.5\" is not a whole number
             $ set start_tab_preference 9223372036854775808 ; = set start_tab_preference: \"9223372036854775808\" is not a whole number
             $ set polling_preference yes ; = set polling_preference: \"yes\" is neither true nor false
             $ app start ; = app start: no such event; there are resign-active, enter-background, enter-foreground, become-active, away and back

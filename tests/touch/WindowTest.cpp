@@ -17,7 +17,6 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
     // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close; s: from now on the first
     // event brings the window back to sight. The events: resign active, enter background, enter foreground, become active.
     const char* const cases[][3] = {{"minimised and back", "ha", "rbfa"},
-                                    {"leaving twice", "hh", "rb"},
                                     {"returning without leaving", "aa", ""},
                                     {"a phone's notification shade", "ia", "ra"},
                                     {"back by way of inactive", "hia", "rbfa"},

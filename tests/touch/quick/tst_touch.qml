@@ -241,30 +241,7 @@ TestCase {
         compare(harness.sent(), "[U1SP2SAVE]");
     }
 
-    function test_switches_follow_the_unit() {
-        open();
-        const mute = find("muteSwitch");
-        mute.forceActiveFocus();
-        for (const flip of [() => mouseClick(mute), () => keyClick(Qt.Key_Space), () => keyClick(Qt.Key_Return)]) {
-            flip();
-            compare(harness.sent(), "[U1Z1M1]");
-            harness.pass(20);
-            verify(mute.checked);
-            play("> U1Z1M0");
-            verify(!mute.checked, "a click must not cut the switch off from the unit");
-        }
-        // A finger that stays to read a cut caption flips nothing.
-        const rest = () => holdFinger(mute, 20, 20, () => wait(250));
-        rest();
-        compare(harness.sent(), "[U1Z1M1]", "a slow finger is a finger");
-        mute.parent = window.contentItem;
-        mute.width = 110;
-        tryVerify(() => mute.caption.truncated);
-        rest();
-        compare(harness.sent(), "");
-    }
-
-    function test_the_alert_and_the_link() {
+    function test_the_alert_the_link_and_a_switch() {
         open();
         play("> U1APPQ0");
         compare(find("busy").item, null, "nothing turns while idle");
@@ -284,6 +261,25 @@ TestCase {
             compare(find("linkState").text, "connected");
             verify(find("busy").item);
         }
+        const mute = find("muteSwitch");
+        mute.forceActiveFocus();
+        for (const flip of [() => mouseClick(mute), () => keyClick(Qt.Key_Space), () => keyClick(Qt.Key_Return)]) {
+            flip();
+            compare(harness.sent(), "[U1Z1M1]");
+            harness.pass(20);
+            verify(mute.checked);
+            play("> U1Z1M0");
+            verify(!mute.checked, "a click must not cut the switch off from the unit");
+        }
+        // A finger that stays to read a cut caption flips nothing.
+        const rest = () => holdFinger(mute, 20, 20, () => wait(250));
+        rest();
+        compare(harness.sent(), "[U1Z1M1]", "a slow finger is a finger");
+        mute.parent = window.contentItem;
+        mute.width = 110;
+        tryVerify(() => mute.caption.truncated);
+        rest();
+        compare(harness.sent(), "");
     }
     function test_settings_are_leaving_and_returning() {
         open(800, 1000);
