@@ -31,7 +31,7 @@ public:
     std::string failure(const std::vector<std::string>& commands) {
         for (const auto& command : commands)
             if (const auto reply = ask(command); reply.find("\"ok\":true") == std::string::npos)
-                return command + ": " + reply;
+                return std::string(command).append(": ").append(reply);
         return {};
     }
     /// Gives `command`, and looks for `text` in its reply.

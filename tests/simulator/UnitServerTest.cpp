@@ -140,8 +140,9 @@ TEST_F(UnitServerTest, sendsWhatItsFaultsLeave) {
         const auto reports = [&] {
             return std::regex_replace(client.received(), std::regex(R"([^()]*(\([^()]*\)))"), "$1");
         };
-        ASSERT_TRUE(runUntil(
-            [&] { return server->statistics().carried_out == 2 && reports().size() >= expected.size(); }));
+        ASSERT_TRUE(runUntil([&, size = expected.size()] {
+            return server->statistics().carried_out == 2 && reports().size() >= size;
+        }));
         EXPECT_GE(clock.elapsed(), faults.delay.count());
         QCoreApplication::processEvents();
         EXPECT_EQ(reports(), expected);

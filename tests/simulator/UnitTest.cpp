@@ -21,7 +21,10 @@ std::string reportsOf(Unit& unit, const std::string& commands) {
     std::istringstream words(commands);
     std::string reports;
     for (std::string body; words >> body;)
-        reports = body == "|" ? "" : reports + joined(unit.execute(body).reports);
+        if (body == "|")
+            reports.clear();
+        else
+            reports += joined(unit.execute(body).reports);
     return reports;
 }
 

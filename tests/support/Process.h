@@ -35,6 +35,7 @@ public:
 
     explicit Process(std::vector<std::string> arguments, Streams streams = Streams::Pipes) {
         std::vector<char*> argv;
+        argv.reserve(arguments.size() + 1);
         for (auto& argument : arguments)
             argv.push_back(argument.data());
         argv.push_back(nullptr);

@@ -107,8 +107,13 @@ TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
         store().setValue("unit", std::int64_t{1});
         const auto aside = file.string() + ".unreadable-" + std::to_string(++number);
         EXPECT_EQ(contents(file) + contents(aside), R"({"unit":1})" + text);
-        EXPECT_EQ(std::exchange(told, ""), "The settings in " + file.string() + " can't be read (" + reason +
-                                               "); the file was renamed to " + aside + ".\n");
+        EXPECT_EQ(std::exchange(told, ""), std::string("The settings in ")
+                                               .append(file)
+                                               .append(" can't be read (")
+                                               .append(reason)
+                                               .append("); the file was renamed to ")
+                                               .append(aside)
+                                               .append(".\n"));
     }
     EXPECT_EQ(contents(folder / "settings.json.unreadable-1"), "taken");
 }

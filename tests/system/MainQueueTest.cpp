@@ -60,7 +60,7 @@ TEST(QtMainQueue, DelayedWorkIsNeverEarlyAndRunsByTimeThenByCall) {
     std::string order;
     for (const auto& [name, delay] : std::initializer_list<std::pair<char, std::chrono::nanoseconds>>{
              {'e', 4ms}, {'f', 4ms + 1us}, {'c', 2500us}, {'d', 2500us + 1ns}, {'a', -5s}, {'b', 0ns}})
-        queue.postAfter(delay, [&, name, due = Clock::now() + delay] {
+        queue.postAfter(delay, [&, name = name, due = Clock::now() + delay] {
             EXPECT_GE(Clock::now(), due) << name;
             order += name;
         });
