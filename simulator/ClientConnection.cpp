@@ -67,13 +67,16 @@ std::int64_t ClientConnection::backlog() const {
 }
 
 void ClientConnection::readCommands() {
+    if (!socket_->isOpen()) // what follows its end is still in the queue
+        return;
     if (phase_ == Phase::ENDED)
         socket_->readAll();
     if (phase_ != Phase::LIVE || reading_)
         return;
     reading_ = true;
     char byte = 0;
-    while (phase_ == Phase::LIVE && backlog() < BACKLOG_PAUSE && socket_->getChar(&byte))
+    while (phase_ == Phase::LIVE && backlog() < BACKLOG_PAUSE && socket_->bytesAvailable() > 0 &&
+           socket_->getChar(&byte))
         if (const auto command = reader_.take(byte))
             Q_EMIT commandReceived(*command);
     reading_ = false;
