@@ -59,7 +59,8 @@ ApplicationHost::ApplicationHost(const Options& options)
     if (!reachability_)
         reachability_ = std::make_unique<NetworkReachability>();
     application_ = std::make_unique<Application>(
-        Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_});
+        Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_},
+        options.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
 }
 
 ApplicationHost::~ApplicationHost() {

@@ -16,6 +16,7 @@ struct Options {
     bool json = false;                 ///< JSON Lines on the console
     bool fullscreen = false;           ///< the window fills the screen
     bool demo = false;                 ///< a simulated unit in the process
+    bool keepConnected = false;        ///< a closed link is opened again without the user
     std::optional<HostPort> connectTo; ///< replaces the unit's address in every connection
     QString settingsFile;              ///< empty: the user's default file
 };

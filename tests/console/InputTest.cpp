@@ -66,8 +66,8 @@ TEST(Completion, OffersWhatMayStandThere) {
     remote.launch();
     const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"",
-         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "get", "set",
-          "unset", "app", "wait", "quit"}},
+         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "watch", "get",
+          "set", "unset", "app", "wait", "quit"}},
         {"s", {"state", "slide", "switch", "segment", "set"}},
         {"slide ", {"volumeSlider", "bassSlider", "trebleSlider"}},
         {"slide bassSlider ", {}},

@@ -30,8 +30,7 @@ protected:
 
 TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
-    frame();
-    frame();
+    ASSERT_EQ(remote.play("> U1APPQ0 ; wait 5"), "");
     int told = 0;
     QObject::connect(slider, &Adapter::changed, slider, [&told] { ++told; });
     for (int report = 0; report < 100; ++report)
