@@ -39,8 +39,17 @@ int demoUnitNumber(const SettingsStore& settings) {
 
 } // namespace
 
+bool ApplicationHost::knowsTheUnit(const Options& options) {
+    if (options.demo || options.connectTo)
+        return true;
+    QtMainQueue queue;
+    return openSettings(options, queue)->value(IP_ADDRESS_PREFERENCE).has_value();
+}
+
 ApplicationHost::ApplicationHost(const Options& options)
     : settings_(openSettings(options, queue_)), sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
+    if (options.firstUnit)
+        storeUnit(*settings_, *options.firstUnit);
     auto place = options.connectTo;
     if (options.demo) {
         demoUnit_ = std::make_unique<sim::UnitServer>(sim::Unit(demoUnitNumber(*settings_)));

@@ -32,8 +32,10 @@ class AppAdapter final : public QObject {
     Q_PROPERTY(lumbra::SettingsAdapter* settings READ settings CONSTANT)
 
 public:
-    /// Both outlive the adapter. The application may be launched before or after.
-    AppAdapter(Application& application, WindowLife& life, QObject* parent = nullptr);
+    /// `application` and `life` outlive the adapter. The application may be launched before or after.
+    /// `endpoint` is as for LinkAdapter.
+    AppAdapter(Application& application, WindowLife& life, const QString& endpoint = {},
+               QObject* parent = nullptr);
 
     QQmlListProperty<ScreenAdapter> tabs() { return {this, &tabs_}; }
     int selected() const { return application_.tabs().selectedIndex(); }

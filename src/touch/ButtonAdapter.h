@@ -19,7 +19,7 @@ public:
         : ControlAdapter(control, control->title(), queue, parent), control_(std::move(control)) {}
 
     /// The user presses the button. False if it is disabled.
-    Q_INVOKABLE bool press() { return control_->pressByUser(); }
+    Q_INVOKABLE bool press() { return isEnabled() && control_->pressByUser(); }
 
 private:
     std::shared_ptr<Button> control_;

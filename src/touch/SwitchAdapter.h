@@ -21,7 +21,7 @@ public:
 
     bool isOn() const { return control_->isOn(); }
     /// The user flips the switch. False if it is disabled.
-    Q_INVOKABLE bool flip(bool on) { return control_->flipByUser(on); }
+    Q_INVOKABLE bool flip(bool on) { return isEnabled() && control_->flipByUser(on); }
 
 private:
     std::shared_ptr<Switch> control_;

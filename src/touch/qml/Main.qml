@@ -107,7 +107,7 @@ T.ApplicationWindow {
         function load() {
             if (shown)
                 setSource("AlertDialog.qml", {
-                    alert: window.app.alert
+                    app: window.app
                 });
             else
                 setSource("");

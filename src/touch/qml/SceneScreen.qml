@@ -7,6 +7,7 @@ ScreenPage {
     id: page
 
     required property ScreenAdapter screen
+    current: screen.current
     readonly property string where: screen.picker("scenePicker").selectedText
 
     maximumWidth: 560
