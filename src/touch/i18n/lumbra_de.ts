@@ -87,11 +87,11 @@
     </message>
     <message>
         <source>Where is your unit?</source>
-        <translation>Wo ist Ihr Gerät?</translation>
+        <translation>Wo ist Ihre Einheit?</translation>
     </message>
     <message>
         <source>Type its address, as your installer or your router shows it.</source>
-        <translation>Geben Sie seine Adresse ein, wie Ihr Installateur oder Ihr Router sie nennt.</translation>
+        <translation>Geben Sie ihre Adresse ein, wie Ihr Installateur oder Ihr Router sie anzeigt.</translation>
     </message>
     <message>
         <source>Address</source>
@@ -99,7 +99,7 @@
     </message>
     <message>
         <source>Unit number</source>
-        <translation>Gerätenummer</translation>
+        <translation>Nummer der Einheit</translation>
     </message>
     <message>
         <source>Connect</source>
@@ -134,11 +134,11 @@
     </message>
     <message>
         <source>Waiting for the unit</source>
-        <translation>Wartet auf das Gerät</translation>
+        <translation>Wartet auf die Einheit</translation>
     </message>
     <message>
         <source>Connected, unit %1 does not answer</source>
-        <translation>Verbunden, Gerät %1 antwortet nicht</translation>
+        <translation>Verbunden, Einheit %1 antwortet nicht</translation>
     </message>
     <message>
         <source>Not connected, trying again</source>
@@ -452,7 +452,7 @@
     </message>
     <message>
         <source>Simulated unit</source>
-        <translation>Simuliertes Gerät</translation>
+        <translation>Simulierte Einheit</translation>
     </message>
 </context>
 <context>

@@ -87,7 +87,7 @@
     </message>
     <message>
         <source>Where is your unit?</source>
-        <translation>Où est votre appareil ?</translation>
+        <translation>Où est votre unité ?</translation>
     </message>
     <message>
         <source>Type its address, as your installer or your router shows it.</source>
@@ -99,7 +99,7 @@
     </message>
     <message>
         <source>Unit number</source>
-        <translation>Numéro d’appareil</translation>
+        <translation>Numéro de l’unité</translation>
     </message>
     <message>
         <source>Connect</source>
@@ -134,11 +134,11 @@
     </message>
     <message>
         <source>Waiting for the unit</source>
-        <translation>Attente de l’appareil</translation>
+        <translation>Attente de l’unité</translation>
     </message>
     <message>
         <source>Connected, unit %1 does not answer</source>
-        <translation>Connecté, l’appareil %1 ne répond pas</translation>
+        <translation>Connecté, l’unité %1 ne répond pas</translation>
     </message>
     <message>
         <source>Not connected, trying again</source>
@@ -452,7 +452,7 @@
     </message>
     <message>
         <source>Simulated unit</source>
-        <translation>Appareil simulé</translation>
+        <translation>Unité simulée</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,8 @@ T.ApplicationWindow {
     minimumHeight: 360
     title: qsTr("Lumbra Remote")
     color: Theme.background
+    // Else controls would take the platform's.
+    font: Qt.application.font
 
     ScreenPage {
         anchors.fill: parent

@@ -77,7 +77,8 @@ Rectangle {
                     objectName: "linkState"
                     // A layout rounds widths down, which would elide the last letters.
                     Layout.preferredWidth: Math.ceil(implicitWidth) + 1
-                    Layout.fillWidth: root.narrow
+                    Layout.maximumWidth: Math.ceil(implicitWidth) + 1
+                    Layout.fillWidth: true
                     leftPadding: 16
                     text: root.stateText
                     color: root.stateColor

@@ -22,6 +22,8 @@ T.ApplicationWindow {
     minimumHeight: 360
     title: qsTr("Lumbra Remote")
     color: Theme.background
+    // Else controls would take the platform's.
+    font: Qt.application.font
 
     Item {
         id: frame

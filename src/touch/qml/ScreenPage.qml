@@ -45,6 +45,7 @@ Flickable {
     Item {
         id: holder
 
+        objectName: "values"
         x: (root.width - width) / 2
         y: Theme.gap
         width: Math.min(root.width - 2 * Theme.gap, root.maximumWidth)

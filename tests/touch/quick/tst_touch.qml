@@ -281,6 +281,50 @@ TestCase {
         rest();
         compare(harness.sent(), "");
     }
+    // What the header says, whether the values look certain, and whether a hand moves what would be lost.
+    function test_what_is_shown_is_true() {
+        for (const [width, height] of [[360, 640], [1280, 800]]) {
+            open(width, height);
+            const slider = find("volumeSlider");
+            const place = slider.mapToItem(window.contentItem, 0, 0).y;
+            for (const [script, says, certain, moves] of [
+                ["link open", "Waiting for the unit", false, true], ["> U1APPQ0", "Connected", true, true],
+                ["tab group ; wait 5 ; tab zone ; wait 5", "Connected, unit 1 does not answer", false, true],
+                ["> U1APPQ0", "Connected", true, true], ["end", "Not connected", false, false],
+                ["away ; back", "Connecting", false, false]]) {
+                play(script);
+                harness.pass(20);
+                compare(find("linkState").text, says);
+                compare(find("values").opacity === 1, certain, says);
+                compare(slider.mapToItem(window.contentItem, 0, 0).y, place, "nothing moves under a finger");
+                const before = harness.leftBehind();
+                if (says !== "Connecting" && says !== "Not connected" && !certain)
+                    continue;
+                mouseClick(find("muteSwitch"));
+                slider.forceActiveFocus();
+                keyClick(Qt.Key_Up);
+                harness.actOn(window, "Zone 1 mute, off", "Toggle");
+                compare(harness.leftBehind() !== before, moves, says);
+            }
+            harness.app.screen.picker("zonePicker").pick(4, "Zone 5");
+            harness.pass(20);
+            compare(harness.app.screen.picker("zonePicker").selected, 4, "browsing sends nothing");
+        }
+    }
+    function test_all_items_are_seen_at_once() {
+        open(1280, 800);
+        play("> U1O1Z1\n> U1O2Z3\n> U1Z3N\"Attic\"\n> U1Z3V-20\n> U1Z3M1\n> U1Z3I2\n> U1I2N\"Tuner\"");
+        const row = find("zonePicker", "list").itemAtIndex(1);
+        compare([row.name, row.input, row.level, row.state, row.selected].join(), "Attic,Tuner,75%,Muted,false");
+        verify(row.height >= 56);
+        play("> U1Z3V-40");
+        compare([row.level, row.state].join(), "50%,", "the row follows the unit");
+        mouseClick(row);
+        harness.pass(20);
+        verify(row.selected && find("itemName").text === "Attic");
+        play("> U1O3Z2");
+        compare(find("zonePicker", "list").count, 3);
+    }
     function test_settings_are_leaving_and_returning() {
         open(800, 1000);
         mouseClick(find("settingsButton"));
