@@ -21,6 +21,7 @@ void StatusMonitor::screenChanged() {
         queryIsDue_ = false;
         update();
     });
+    queryIsDue_ = link_.isConnected() && link_.polling;
     wait_.reset();
     update();
 }

@@ -56,7 +56,7 @@ private:
     ScreenStatus status_ = ScreenStatus::Offline;
     std::shared_ptr<ActivityIndicator> spinner_;
     bool wasOpen_ = false;
-    bool queryIsDue_ = false;    ///< the link has just opened; the screen sends its query in the next turn
+    bool queryIsDue_ = false;    ///< the screen is about to send its query
     std::shared_ptr<char> wait_; ///< the present wait for an answer; null outside one
     Signal<> changed_;
     Subscription screens_;

@@ -44,9 +44,8 @@ public:
     AlertAdapter* alert() const { return alert_; }
     SettingsAdapter* settings() const { return settings_; }
 
-    /// The user selects a tab by its 0-based position, which may be selected already. False if there is no
-    /// such tab.
-    Q_INVOKABLE bool selectTab(int index) { return application_.tabs().selectByUser(index); }
+    /// The user selects a tab by its 0-based position, which may be selected already.
+    Q_INVOKABLE void selectTab(int index) { application_.tabs().selectByUser(index); }
 
     /// Cancels the grabs of all sliders, because what is under the finger has moved or disappeared.
     Q_INVOKABLE void cancelGrabs();

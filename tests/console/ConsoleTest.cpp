@@ -17,14 +17,14 @@ TEST(Console, PlaysItsTranscripts) {
             < {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%"}}
             $ tab scene
             < {"event":"screen","screen":"scene","tabs":["zone","group","override","scene"],"selected":3}
-            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
             < {"event":"status","status":"waiting"}
+            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
             = tab ; ~ > U1Z1V-20 ; ~ > U1APPQ2
             < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":false}}
             < {"event":"status","status":"current"}
             $ state
             < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open","status":"current"}
-            $ "tab" "0" ; <~ "screen":"zone" ; <~ spinner ; <~ waiting ; = tab
+            $ "tab" "0" ; <~ "screen":"zone" ; <~ waiting ; <~ spinner ; = tab
             $ tab override ; <... ; ~ > U1APPQ3 ; <... ; $ state
             < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open","status":"current"})"},
         {"the tab on show selected again is stored and nothing appears", R"(
@@ -109,6 +109,7 @@ TEST(Console, PlaysItsTranscripts) {
             $ pick sourcePicker 20 ; = pick sourcePicker: no row 20; there are 0 to 19
             $ pick sourcePicker -1 ; = pick sourcePicker: no row -1; there are 0 to 19
             $ pick sourcePicker 1.0 ; = pick sourcePicker: \"1.0\" is not a whole number
+            $ pick sourcePicker 99999999999999999999 ; = pick sourcePicker: no row 99999999999999999999; there are 0 to 19
             $ slide volumeSlider -inf ; = slide volumeSlider: \"-inf\" is not a number
             $ slide volumeSlider -30dB ; = slide volumeSlider: \"-30dB\" is not a number
             $ slide volumeSlider +-3 ; = slide volumeSlider: \"+-3\" is not a number
@@ -141,6 +142,9 @@ TEST(Console, PlaysItsTranscripts) {
             $ wait answer ; = wait
             $ tab zone ; $ wait answer ; <... ; ~ wait 4.999 ; ~ wait 0.001
             <~ "silent" ; = wait the unit has not answered in time; the link is open)"},
+        {"a screen that is not answered is left for another: nothing is current in between", R"(
+            $ tab group ; <~ "screen" ; <~ waiting ; <~ spinner ; = tab ; $ tab scene ; <~ "screen" ; <~ spinner ; = tab
+            ~ wait 5 ; <~ silent ; $ tab group ; <~ "screen" ; <~ waiting ; = tab)"},
         {"a link, and the query that it starts", R"(
             $ app away ; $ wait closed ; $ app back ; $ wait open 1 ; $ wait answer ; <... ; ~ wait 0.9 ; ~ connect
             <~ "link":"open" ; <~ waiting ; <~ "animating":true ; = wait

@@ -75,12 +75,17 @@ TEST(Completion, OffersWhatMayStandThere) {
         {"switch muteSwitch o", {"on", "off"}},
         {"tab ", {"zone", "group", "override", "scene"}},
         {"set polling_preference ", {"true", "false"}},
+        {"set start_tab_preference ", {}},
+        {"set ip_address_preference ", {}},
+        {"watch ", {"on", "off"}},
         {"app b", {"become-active", "back"}},
         {"fly ", {}},
         {"tab zone zone ", {}},
     };
     for (const auto& [line, words] : cases)
         EXPECT_EQ(completions(remote.application, line), words) << line;
+    ASSERT_EQ(remote.play("tab scene"), "");
+    EXPECT_EQ(completions(remote.application, "press l"), std::vector<std::string>{"loadSceneButton"});
 }
 
 } // namespace

@@ -52,6 +52,7 @@ TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
 // What a window's fingers seldom do; the others are played in the window.
 TEST_F(Adapters, OddHandsMoveNoSlider) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
+    EXPECT_EQ(screen().slider(QStringLiteral("muteSwitch")), nullptr) << "a control of another kind";
     auto finger = std::make_unique<SliderGrab>();
     finger->setSlider(slider);
     EXPECT_FALSE(finger->dragToValue(-30)) << "it was not put down";

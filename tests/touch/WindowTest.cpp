@@ -66,7 +66,8 @@ TEST(FirstRun, TellsWhatWasAnswered) {
         const auto press = [](const char* name, const char* property = nullptr, const QVariant& value = {}) {
             for (auto* const window : QGuiApplication::topLevelWindows())
                 if (auto* const item = window->findChild<QObject*>(QString::fromLatin1(name)))
-                    property ? item->setProperty(property, value) : QMetaObject::invokeMethod(item, "clicked");
+                    property ? item->setProperty(property, value)
+                             : QMetaObject::invokeMethod(item, "clicked");
         };
         press("connectButton");
         press("addressField", "text", QStringLiteral("10.0.0.7"));

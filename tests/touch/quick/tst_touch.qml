@@ -249,7 +249,9 @@ TestCase {
         for (const dismiss of [() => mouseClick(find("alertButton")), () => keyClick(Qt.Key_Return), () => keyClick(Qt.Key_Escape)]) {
             play("error");
             compare(find("linkState").text, "Not connected");
-            compare(find("alertMessage").text, "Failed to connect to IP address 192.168.1.50.");
+            const spoken = "AlertMessage; Error, Failed to connect to IP address 192.168.1.50.";
+            verify(harness.accessible(window).includes(spoken), "the alert's title and message");
+            compare(find("alertMessage").text, spoken.slice(21));
             mouseClick(find("reconnectButton"));
             play("link closed");
             verify(harness.app.alert.shown, "an alert lets nothing else be reached");
