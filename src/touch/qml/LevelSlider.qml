@@ -115,8 +115,8 @@ Item {
             visible: root.fillFrom > 0
             x: root.fillFrom * parent.width - width / 2
             width: 2
-            height: root.thickness + 12
-            color: Theme.outline
+            height: root.thickness + 14
+            color: Theme.dimText
         }
         Rectangle {
             id: thumb

@@ -16,7 +16,7 @@ ScreenPage {
 
     ColumnLayout {
         width: parent.width
-        spacing: Theme.gap
+        spacing: page.wide ? 24 : Theme.gap
 
         WheelPicker {
             id: wheel
@@ -32,6 +32,7 @@ ScreenPage {
             Layout.fillWidth: true
             visible: page.wide
             picker: page.picker
+            tileHeight: Math.max(56, Math.min(96, page.height / 5))
         }
         // Far apart: what a slip of the finger stores is lost.
         GridLayout {
@@ -65,9 +66,11 @@ ScreenPage {
                 enabled: adapter.enabled && page.sure
                 onClicked: {
                     wheel.commit();
+                    question.byKeyboard = visualFocus;
                     question.setSource("StoreDialog.qml", {
                         screen: page.screen,
-                        button: store
+                        button: store,
+                        byKeyboard: visualFocus
                     });
                 }
             }
@@ -76,10 +79,14 @@ ScreenPage {
     Loader {
         id: question
 
+        property bool byKeyboard: false
+
         Connections {
             target: question.item
             function onClosed() {
                 question.setSource("");
+                if (store.activeFocus && question.byKeyboard)
+                    store.focusReason = Qt.TabFocusReason;
             }
         }
     }

@@ -8,6 +8,7 @@ Item {
     id: root
 
     required property PickerAdapter picker
+    property int tileHeight: 56
 
     implicitHeight: grid.implicitHeight
     implicitWidth: 320
@@ -37,7 +38,7 @@ Item {
                 objectName: "row" + index
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
-                implicitHeight: Math.max(56, Theme.row)
+                implicitHeight: Math.max(root.tileHeight, Theme.row)
                 name: root.picker.caption
                 text: model.display
                 selected: index === root.picker.selected

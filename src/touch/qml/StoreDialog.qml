@@ -12,6 +12,8 @@ Dialog {
     required property ScreenAdapter screen
     /// The button that stores.
     required property SceneButton button
+    /// The keyboard asked: it sees where the focus is.
+    required property bool byKeyboard
     readonly property string question: Speech.format(qsTr("Replace what is stored as \"%1\"?"), [button.where])
 
     anchors.centerIn: T.Overlay.overlay
@@ -77,6 +79,10 @@ Dialog {
                     Layout.preferredWidth: 1
                     text: qsTr("Cancel")
                     focus: true
+                    onActiveFocusChanged: {
+                        if (activeFocus && root.byKeyboard)
+                            focusReason = Qt.TabFocusReason;
+                    }
                     onClicked: root.close()
                 }
             }

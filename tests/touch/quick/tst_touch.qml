@@ -278,6 +278,11 @@ TestCase {
                 harness.app.alert.dismiss();
                 tryVerify(() => !seen("alertButton"));
             }
+            store.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Return);
+            verify(find("cancelButton").visualFocus);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => store.visualFocus);
             ask();
             mouseClick(find("replaceButton"));
             compare(harness.sent(), "[U1SP4SAVE]");
@@ -647,6 +652,10 @@ TestCase {
         mouseMove(mute);
         tryCompare(tip, "item", null);
         verify(mute.hovered, "the watcher of tips must not cover what is below it");
+        const row = find("sourcePicker", "list").itemAtIndex(1);
+        compare(row.opacity, 0.75);
+        mouseMove(row, 20, 20);
+        compare(row.opacity, 1);
         const icon = Qt.createQmlObject('import QtQuick; Item { property string tip: "Name"; width: 48; height: 48 }', find("volumeSlider"));
         mouseMove(icon);
         tryVerify(() => tip.item && tip.item.whole.text === "Name");
