@@ -62,13 +62,6 @@
     </message>
 </context>
 <context>
-    <name>ChoiceRow</name>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
-    </message>
-</context>
-<context>
     <name>EqualiserView</name>
     <message>
         <source>Equaliser response, approximate</source>
@@ -204,10 +197,25 @@
     </message>
 </context>
 <context>
-    <name>SceneScreen</name>
+    <name>SceneButton</name>
+    <message>
+        <source>Sent</source>
+        <translation>Enviado</translation>
+    </message>
+    <message>
+        <source>%1 %2, sent</source>
+        <translation>%1 %2, enviado</translation>
+    </message>
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Segment</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -267,6 +275,21 @@
     <message>
         <source>Done</source>
         <translation>Hecho</translation>
+    </message>
+</context>
+<context>
+    <name>StoreDialog</name>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;?</source>
+        <translation>¿Reemplazar lo guardado en «%1»?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -453,6 +476,17 @@
     <message>
         <source>Simulated unit</source>
         <translation>Unidad simulada</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1, quieter</source>
+        <translation>%1, bajar</translation>
+    </message>
+    <message>
+        <source>%1, louder</source>
+        <translation>%1, subir</translation>
     </message>
 </context>
 <context>

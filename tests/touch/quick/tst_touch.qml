@@ -118,11 +118,22 @@ TestCase {
         const value = slider.value;
         verify(value > -40 && value < -20, value);
         // The finger stays; the unit speaks.
-        play("> U1Z1V-70");
+        play("> U1Z1V-39");
         harness.sent();
         mouseRelease(slider, 60, y);
         compare(slider.value, value);
+        compare(find("bubble").text, Math.trunc((Math.trunc(value) + 80) * 1.25) + "%", "what the finger asks for");
+        harness.pass(800);
         compare(sentLater(), "[U1Z1V" + Math.trunc(value) + "]");
+        // Somebody turns it down under the finger, which goes on from there.
+        drag(slider, 20, y, 40, 0);
+        play("> U1Z1V-70");
+        compare(slider.value, -70);
+        mouseMove(slider, 70, y);
+        verify(slider.value > -70 && slider.value < -64, slider.value);
+        mouseRelease(slider, 70, y);
+        sentLater();
+        verify(!seen("bubble"));
 
         // Keys and a mouse's wheel step.
         slider.forceActiveFocus();
@@ -238,7 +249,64 @@ TestCase {
         picker.forceActiveFocus();
         keyClick(Qt.Key_Down);
         mouseClick(find("saveSceneButton"));
+        mouseClick(find("replaceButton"));
         compare(harness.sent(), "[U1SP2SAVE]");
+    }
+    function test_storing_asks_and_names_the_scene() {
+        for (const width of [360, 800]) {
+            open(width, 480);
+            show("scene");
+            harness.sent();
+            const store = find("saveSceneButton");
+            const ask = () => {
+                mouseClick(store);
+                const scene = harness.app.screen.picker("scenePicker").selectedText;
+                compare(find("storeQuestion").text, "Replace what is stored as \"" + scene + "\"?");
+                verify(find("cancelButton").activeFocus);
+            };
+            const away = () => {
+                play("tab group\nconnect");
+                show("scene");
+            };
+            for (const leave of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Return), () => mouseClick(find("cancelButton")),
+                () => play("> U1SP1N\"Movie Night\""), () => play("pick scenePicker 3"), () => play("error"),
+                away, () => play("end"), away]) {
+                ask();
+                leave();
+                tryVerify(() => !seen("storeQuestion"));
+                compare(harness.sent().replace(/\[U1(APPQ|SERIAL).\] ?/g, ""), "");
+                harness.app.alert.dismiss();
+                tryVerify(() => !seen("alertButton"));
+            }
+            store.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Return);
+            verify(find("cancelButton").visualFocus);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => store.visualFocus);
+            ask();
+            mouseClick(find("replaceButton"));
+            compare(harness.sent(), "[U1SP4SAVE]");
+            compare(store.text, "Sent");
+            verify(harness.accessible(window).includes("Button; Store Scene 4, sent"));
+            play("pick scenePicker 1");
+            compare(store.text, "Store", "nothing was sent for this one");
+        }
+    }
+    function test_two_buttons_move_the_volume() {
+        open();
+        const slider = find("volumeSlider");
+        for (let press = 0; press < 3; ++press)
+            mouseClick(find("more"));
+        compare(slider.value, -37);
+        play("wait 0.76\nsent [U1Z1V-37]\n> U1Z1V-37\nwait 1\n> U1Z2V-20");
+        mousePress(find("less"));
+        compare(slider.value, -37, "not before it is a tap or a hold");
+        tryCompare(slider, "value", -38);
+        // It must not go on with another zone.
+        play("pick zonePicker 1");
+        mouseRelease(find("less"));
+        compare(slider.value, -20);
+        compare(sentLater(), "");
     }
 
     function test_the_alert_the_link_and_a_switch() {
@@ -361,14 +429,21 @@ TestCase {
         drag(window.contentItem, place.x, place.y, 48, -32);
         verify(frequency.value > 3000 && gain.value > 0, frequency.value + " " + gain.value);
         verify(frequency.held && gain.held);
-        // The unit says something else; the handle stays under the finger.
+        // The echo of an earlier step; the handle stays under the finger.
         const at = frequency.value;
-        play("> U1O1B2P0F100");
+        play("> U1O1B2P0F1000");
         mouseRelease(window.contentItem, place.x + 48, place.y - 32);
-        verify(!frequency.held);
         compare(frequency.value, at);
         compare(harness.app.screen.slider("filterFreq1").value, 3000);
-        verify(/^\[U1O1B2P.*\]$/.test(sentLater()));
+        harness.pass(2000);
+        verify(/^\[U1O1B2P.*\]$/.test(harness.sent()));
+        // The echo of the one key undoes nothing of the other.
+        play("> U1O1B2P0F1000\nwait 2");
+        handle.forceActiveFocus();
+        keyClick(Qt.Key_Left);
+        harness.pass(200);
+        keyClick(Qt.Key_Up);
+        play("wait 0.56\nsent [U1O1B2P0F944]\n> U1O1B2P0F944\nwait 3\nsent [U1O1B2P1F944]");
         // A pass has no gain: its handle moves along the axis alone.
         play("> U1O1B2HPF500");
         const before = gain.value;
@@ -458,8 +533,20 @@ TestCase {
         compare(page.contentY, 0);
         compare(slider.value, -40);
         wait(450);
-        mouseWheel(slider, 30, 30, 0, 120);
-        compare(slider.value, -39, "at rest, the wheel turns what it is over");
+        // At rest, the wheel turns what has the focus, and nothing else.
+        for (const [item, shown] of [[slider, () => slider.value], [find("sourcePicker"), () => find("sourcePicker", "list").currentIndex]])
+            for (const focused of [false, true]) {
+                wait(450);
+                page.contentY = 0;
+                wait(450);
+                (focused ? item : find("muteSwitch")).forceActiveFocus();
+                page.contentY = 0;
+                wait(450);
+                const before = shown();
+                mouseWheel(item, 30, 60, 0, -120);
+                tryVerify(() => page.contentY > 0 || shown() !== before);
+                compare([page.contentY > 0, shown() !== before], [!focused, focused]);
+            }
     }
 
     function test_the_keyboard_is_never_lost() {
@@ -484,6 +571,16 @@ TestCase {
             passed.add(window.activeFocusItem);
         }
         verify(passed.size >= 15 && passed.has(gear), "Tab must come round");
+        const frames = () => items(window.contentItem, item => item.of !== undefined).length;
+        compare(frames(), 1);
+        open();
+        for (const pressed of [find("volumeSlider"), find("sourcePicker", "list").itemAtIndex(0), find("muteSwitch")]) {
+            mouseClick(pressed);
+            verify(window.activeFocusItem.activeFocusOnTab || window.activeFocusItem.focusPolicy);
+            compare(frames(), 0, "a press shows no outline");
+            keyClick(Qt.Key_Tab);
+            compare(frames(), 1);
+        }
     }
 
     // What a screen reader is told: a role that fits, a name that says what and where, a value, a state.
@@ -492,9 +589,9 @@ TestCase {
             { tag: "zone", finds: ["Heading; Zones", "StaticText; Unit at 192.168.1.50, Connected; read only", "Button; Settings",
                     "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50%; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
                     "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, 0 percent; 0 of -15 to 15",
-                    "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
+                    "Button; %1 %2 volume, louder", "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
             { tag: "override", finds: ["CheckBox; Override 10, off; off", "PageTab; Overrides; on"] },
-            { tag: "scene", finds: ["SpinBox; Scene, Scene 1; 1 of 1 to 10", "Button; Recall Scene 1", "Button; Store Scene 1"] },
+            { tag: "scene", finds: ["RadioButton; Scene, Scene 1; on", "RadioButton; Scene, Scene 10; off", "Button; Recall Scene 1", "Button; Store Scene 1"] },
             { tag: "settings", finds: ["Pane; Settings", "EditableText; IP address", "RadioButton; Unit number, 1; on",
                     "RadioButton; Unit number, 4; off", "CheckBox; State queries, on; on", "Button; Done"] },
             { tag: "output", finds: ["List; Output, Output 1", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
@@ -596,7 +693,18 @@ TestCase {
         mouseMove(cut, cut.width / 2, cut.height / 2);
         tryVerify(isShown);
         verify(tip.item.whole.contentWidth > cut.width, "the tip is as narrow as what it should show whole");
-        mouseMove(find("volumeSlider"));
+        const mute = find("muteSwitch");
+        mouseMove(mute);
+        tryCompare(tip, "item", null);
+        verify(mute.hovered, "the watcher of tips must not cover what is below it");
+        const row = find("sourcePicker", "list").itemAtIndex(1);
+        compare(row.opacity, 0.75);
+        mouseMove(row, 20, 20);
+        compare(row.opacity, 1);
+        const icon = Qt.createQmlObject('import QtQuick; Item { property string tip: "Name"; width: 48; height: 48 }', find("volumeSlider"));
+        mouseMove(icon);
+        tryVerify(() => tip.item && tip.item.whole.text === "Name");
+        mouseMove(mute);
         tryCompare(tip, "item", null);
         // A finger that stays shows it too, and picks nothing.
         holdFinger(cut, cut.width / 2, cut.height / 2, () => tryVerify(isShown));
@@ -622,12 +730,16 @@ TestCase {
             show(name);
         else if (verb === "slide")
             step(find(...within), value - find(...within).value, Qt.Key_Right, Qt.Key_Left);
+        else if (verb === "pick" && !seen(name, "list"))
+            mouseClick(find(name, "row" + value));
         else if (verb === "pick") {
             step(find(name, "list"), value - find(name, "list").currentIndex, Qt.Key_Down, Qt.Key_Up);
             keyClick(Qt.Key_Return);
             tryVerify(() => find(name).picker.selected === Number(value) && find(name).resting !== false);
         } else
             mouseClick(find(...within));
+        if (name === "saveSceneButton")
+            mouseClick(find("replaceButton"));
         harness.pass(20);
     }
     function test_both_front_ends_leave_the_same() {
