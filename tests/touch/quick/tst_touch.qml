@@ -269,8 +269,8 @@ TestCase {
                 show("scene");
             };
             for (const leave of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Return), () => mouseClick(find("cancelButton")),
-                () => play("> U1SP1N\"Movie Night\""), () => play("pick scenePicker 3"), () => play("error"),
-                away, () => play("end"), away]) {
+                () => play("> U1SP1N\"Movie Night\""), () => play("pick scenePicker 3"), () => play("error\naway\nback\nconnect"),
+                away, () => play("end\naway\nback\nconnect"), away]) {
                 ask();
                 leave();
                 tryVerify(() => !seen("storeQuestion"));
@@ -534,7 +534,7 @@ TestCase {
         compare(slider.value, -40);
         wait(450);
         // At rest, the wheel turns what has the focus, and nothing else.
-        for (const [item, shown] of [[slider, () => slider.value], [find("sourcePicker"), () => find("sourcePicker", "list").currentIndex]])
+        for (const [item, shown] of [[slider, () => slider.value], [find("outputPicker"), () => find("outputPicker", "list").currentIndex]])
             for (const focused of [false, true]) {
                 wait(450);
                 page.contentY = 0;
@@ -574,7 +574,7 @@ TestCase {
         const frames = () => items(window.contentItem, item => item.of !== undefined).length;
         compare(frames(), 1);
         open();
-        for (const pressed of [find("volumeSlider"), find("sourcePicker", "list").itemAtIndex(0), find("muteSwitch")]) {
+        for (const pressed of [find("volumeSlider"), find("zonePicker", "list").itemAtIndex(0), find("muteSwitch")]) {
             mouseClick(pressed);
             verify(window.activeFocusItem.activeFocusOnTab || window.activeFocusItem.focusPolicy);
             compare(frames(), 0, "a press shows no outline");
@@ -684,7 +684,7 @@ TestCase {
         Theme.textScale = 1;
     }
     function test_a_text_that_is_cut_is_shown_whole() {
-        open();
+        open(360, 470);
         play("> U1Z1N\"WWWWWWWWWWWWWWWW\"\n> U1O1Z1");
         const cut = find("zonePicker", "list").itemAtIndex(0);
         verify(cut.truncated);
