@@ -38,8 +38,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 bande %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 bande %2, %3</translation>
     </message>
 </context>
 <context>
@@ -120,6 +120,18 @@
     <message>
         <source>Band</source>
         <translation>Bande</translation>
+    </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Partie de l’écran</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Niveau</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Égaliseur</translation>
     </message>
 </context>
 <context>
