@@ -3,10 +3,12 @@
 #include "app/WindowLife.h"
 #include "touch/AddressHint.h"
 #include "touch/AppAdapter.h"
+#include "touch/BandText.h"
 #include "touch/Captions.h"
 #include "touch/SliderGrab.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QTranslator>
 #include <gtest/gtest.h>
 
@@ -195,6 +197,33 @@ TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
             QCoreApplication::installTranslator(&translator);
         EXPECT_EQ(spokenName(QString::fromUtf8(where), caption).toStdString(), spoken) << language;
     }
+}
+
+// What the sliders stand for, to the hertz and as it is sent, however coarse the labels are.
+TEST(BandText, IsExactInEveryLanguage) {
+    struct {
+        const char* locale;
+        double hertz, gain;
+        bool hasGain;
+        const char *shown, *spoken;
+    } const cases[] = {
+        {"en", 20, -15, true, "20 Hz, -15 dB", "20 hertz, -15 decibels"},
+        {"en", 999, 0, true, "999 Hz, 0 dB", "999 hertz, 0 decibels"},
+        {"en", 999.6, 0.9, true, "1 kHz, 0 dB", "1 kilohertz, 0 decibels"},
+        {"en", 1000, 11.8, true, "1 kHz, +11 dB", "1 kilohertz, 11 decibels"},
+        {"en", 1050, -0.9, true, "1.05 kHz, 0 dB", "1.05 kilohertz, 0 decibels"},
+        {"en", 1753, -3.7, true, "1.753 kHz, -3 dB", "1.753 kilohertz, -3 decibels"},
+        {"de", 19'900, 15, true, "19,9 kHz, +15 dB", "19,9 kilohertz, 15 decibels"},
+        {"fr", 19'999, 15, false, "19,999 kHz", "19,999 kilohertz"},
+        {"es", 20'000, 15, false, "20 kHz", "20 kilohertz"},
+    };
+    for (const auto& c : cases) {
+        QLocale::setDefault(QLocale(QLatin1String(c.locale)));
+        const double slider = 1000 * std::log10(c.hertz);
+        EXPECT_EQ(BandText::shown(slider, c.gain, c.hasGain).toStdString(), c.shown);
+        EXPECT_EQ(BandText::spoken(slider, c.gain, c.hasGain).toStdString(), c.spoken);
+    }
+    QLocale::setDefault(QLocale::c());
 }
 
 TEST(AddressHint, TellsWhatIsOddAndNothingElse) {

@@ -50,8 +50,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 Band %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 Band %2, %3</translation>
     </message>
 </context>
 <context>
@@ -187,6 +187,18 @@
     <message>
         <source>Band</source>
         <translation>Band</translation>
+    </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Teil der Ansicht</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Equalizer</translation>
     </message>
 </context>
 <context>

@@ -50,8 +50,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 banda %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 banda %2, %3</translation>
     </message>
 </context>
 <context>
@@ -187,6 +187,18 @@
     <message>
         <source>Band</source>
         <translation>Banda</translation>
+    </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Parte de la pantalla</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Nivel</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Ecualizador</translation>
     </message>
 </context>
 <context>
@@ -399,7 +411,7 @@
     </message>
     <message>
         <source>High shelf</source>
-        <translation>Shelf de agudos</translation>
+        <translation>Shelf agudos</translation>
     </message>
     <message>
         <source>Low-pass</source>
@@ -407,7 +419,7 @@
     </message>
     <message>
         <source>Low shelf</source>
-        <translation>Shelf de graves</translation>
+        <translation>Shelf graves</translation>
     </message>
     <message>
         <source>Parametric</source>

@@ -50,8 +50,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 bande %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 bande %2, %3</translation>
     </message>
 </context>
 <context>
@@ -188,6 +188,18 @@
         <source>Band</source>
         <translation>Bande</translation>
     </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Partie de l’écran</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Niveau</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Égaliseur</translation>
+    </message>
 </context>
 <context>
     <name>PickList</name>
@@ -281,7 +293,7 @@
     <name>StoreDialog</name>
     <message>
         <source>Replace what is stored as &quot;%1&quot;?</source>
-        <translation>Remplacer ce qui est enregistré sous « %1 » ?</translation>
+        <translation>Remplacer ce qui est enregistré sous «&#xa0;%1&#xa0;»&#xa0;?</translation>
     </message>
     <message>
         <source>Replace</source>

@@ -28,6 +28,16 @@ TestCase {
         waitForRendering(window.contentItem);
         harness.sent();
     }
+    // On two pages, the second.
+    function showEqualiser() {
+        if (seen("partChoice"))
+            mouseClick(find("partChoice", "segment1"));
+        waitForRendering(window.contentItem, 100);
+    }
+    function openEqualiser(width, height) {
+        open(width, height, advanced);
+        showEqualiser();
+    }
     function cleanup() {
         if (window) {
             window.destroy();
@@ -35,6 +45,10 @@ TestCase {
             wait(0);
         }
         harness.stop();
+    }
+    function init() {
+        Theme.textScale = 1;
+        harness.speak("en");
     }
     function play(script) {
         compare(harness.play(script), "");
@@ -419,7 +433,6 @@ TestCase {
 
     function test_a_handle_moves_both_sliders_of_its_own_band() {
         open(1280, 800, advanced);
-        verify(!seen("handle2"), "a bypassed band has none");
         play("> U1O1B2P0F1000");
         const handle = find("handle2");
         const frequency = harness.app.screen.slider("filterFreq2");
@@ -453,9 +466,9 @@ TestCase {
         keyClick(Qt.Key_Right);
         verify(frequency.value > 2700);
 
-        // Of handles that lie over one another, the nearest is taken.
-        open(360, 640, advanced);
-        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
+        // Of handles that lie over one another, the nearest is taken, and one that can be moved.
+        openEqualiser(360, 640);
+        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000\n> U1O1B1P0F1000\n> U1O1B1BYPASS");
         for (const band of [2, 3, 4]) {
             const handle = find("handle" + band);
             handle.forceActiveFocus();
@@ -464,25 +477,144 @@ TestCase {
             mouseRelease(handle, 24, 24);
         }
     }
+    // Whether a picture has a colour at a place in an item, or a few pixels above or below.
+    function isDrawn(image, item, x, y, color, near = 0.4) {
+        return [-2, -1, 0, 1, 2].some(off => {
+            const place = item.mapToItem(window.contentItem, x, y + off);
+            const pixel = image.pixel(Math.round(place.x), Math.round(place.y));
+            return Math.hypot(pixel.r - color.r, pixel.g - color.g, pixel.b - color.b) < near;
+        });
+    }
     function test_the_plot_shows_the_sum_and_the_edited_band() {
         open(1280, 1000, advanced);
-        play("> U1O1B1P12F1000\n> U1O1B2LS-9F100\n> U1APPQ1");
+        play("> U1O1B1P12F1000\n> U1O1B2LS-9F100\n> U1O1B7P0F300\n> U1O1B7BYPASS\n> U1APPQ1");
         const plot = find("plot");
-        plot.edited = 1;
-        for (let band = 1; band <= 2; ++band)
-            find("handle" + band).opacity = 0;
-        waitForRendering(plot);
-        const image = grabImage(window.contentItem);
-        const isDrawn = (color, share, decibels) => [-2, -1, 0, 1, 2].some(off => {
-            const place = plot.mapToItem(window.contentItem, share * plot.width, plot.yOf(decibels, plot.height) + off);
-            const pixel = image.pixel(Math.round(place.x), Math.round(place.y));
-            return Math.hypot(pixel.r - color.r, pixel.g - color.g, pixel.b - color.b) < 0.4;
-        });
+        const grid = plot.grid;
+        find("handle2").forceActiveFocus();
+        const discs = [1, 2, 3, 4, 5, 6, 7].map(band => find("handle" + band, "disc"));
+        const picture = () => {
+            waitForRendering(plot);
+            return grabImage(window.contentItem);
+        };
+        let image = picture();
+        const isDisc = (disc, ring, inside) => isDrawn(image, disc, 1, 14, ring) && isDrawn(image, disc, 5, 14, inside, 0.03);
+        verify(isDisc(discs[0], Theme.accent, Theme.raised), "a handle");
+        verify(isDisc(discs[6], Theme.outline, Theme.surface), "a hollow handle");
+        compare(discs[6].mapToItem(plot, 14, 14).y, grid.y + grid.height / 2);
+        discs.forEach(disc => disc.opacity = 0);
+        image = picture();
+        const isAt = (color, share, decibels) => isDrawn(image, plot, grid.x + share * grid.width, grid.y + plot.yOf(decibels, grid.height), color);
         // 20 Hz, 1 kHz and 20 kHz: where the sum goes, then the low shelf alone.
         for (const [share, sum, shelf] of [[0.04, -9, -9], [0.5663, 12, 0], [0.98, 0, 0]]) {
-            verify(isDrawn(Theme.text, share, sum), "the sum at " + share);
-            compare(isDrawn(Theme.accent, share, shelf), sum !== shelf, "the band being edited at " + share);
-            verify(!isDrawn(Theme.text, share, sum - 6), "nothing else at " + share);
+            verify(isAt(Theme.text, share, sum), "the sum at " + share);
+            compare(isAt(Theme.accent, share, shelf), sum !== shelf, "the band being edited at " + share);
+            verify(!isAt(Theme.text, share, sum - 6), "nothing else at " + share);
+        }
+        // The arrows where the sum leaves the grid; beside each, its value.
+        const arrow = (share, decibels) => isAt(Theme.text, share - 0.006, decibels) && isAt(Theme.text, share + 0.006, decibels);
+        verify(!arrow(0.5663, 17.4) && !arrow(0.5663, -17.4));
+        for (const [gain, decibels] of [[12, 17.4], [-12, -17.4]]) {
+            play("> U1O1B1P" + gain + "F1000\n> U1O1B3P" + gain + "F1000\n> U1O1B2BYPASS");
+            image = picture();
+            verify(arrow(0.5663, decibels), gain);
+            let written = 0;
+            for (let x = 16; x < 70; ++x)
+                written += isDrawn(image, plot, grid.x + 0.5663 * grid.width + x, grid.y + plot.yOf(decibels, grid.height), Theme.text);
+            verify(written > 10, "the value beside the arrow");
+        }
+        // At the ends of both axes, the whole handle is in the plot and on no label, and the bubble is beside it.
+        openEqualiser(360, 600);
+        const small = find("plot");
+        const within = (item, other) => Qt.rect(...Object.values(item.mapToItem(other, 0, 0)).slice(0, 2), item.width, item.height);
+        for (const setting of ["P15F20", "P-15F20", "P15F20000", "P-15F20000"]) {
+            play("> U1O1B1" + setting);
+            const disc = within(find("handle1", "disc"), small);
+            verify(disc.left >= 20 && disc.top >= 0 && disc.right <= small.width && disc.bottom <= small.height - 12, setting);
+            find("handle1").forceActiveFocus();
+            keyClick(setting.includes("-") ? Qt.Key_Down : Qt.Key_Up);
+            const bubble = within(find("bubble"), small.parent);
+            verify(bubble.left >= 0 && bubble.top >= 0 && bubble.right <= small.parent.width, setting + ": " + bubble);
+            const beside = within(find("bubble"), find("handle1", "disc"));
+            verify(beside.right < 0 || beside.left > 28 || beside.bottom < 0, setting + ": " + beside);
+        }
+    }
+    function test_a_handle_tells_what_it_sets() {
+        openEqualiser(360, 640);
+        play("> U1O1B2P0F1000\n> U1O1B3HPF500");
+        const bubble = () => seen("bubble") ? seen("bubble", "bubbleText").text : "";
+        const handle = find("handle2");
+        const gain = handle.gain;
+        const frequency = handle.frequency;
+        compare(bubble(), "");
+        handle.forceActiveFocus();
+        keyClick(Qt.Key_Up);
+        compare(bubble(), "1 kHz, +1 dB");
+        find("handle3").forceActiveFocus();
+        compare(bubble(), "");
+        keyClick(Qt.Key_Up);
+        compare(bubble(), "", "a pass has no gain");
+        keyClick(Qt.Key_Left);
+        compare(bubble(), "472 Hz");
+        // Then with Shift, by a tenth.
+        const center = handle.mapToItem(window.contentItem, 24, 24);
+        mousePress(window.contentItem, center.x, center.y);
+        const moves = shift => {
+            const before = [gain.value, frequency.value];
+            for (let step = 0; step < 10; ++step)
+                harness.moveMouse(window, center.x += 4, center.y -= 2, shift);
+            return [gain.value - before[0], frequency.value - before[1]];
+        };
+        moves(Qt.NoModifier);
+        const whole = moves(Qt.NoModifier);
+        const fine = moves(Qt.ShiftModifier);
+        for (const part of [0, 1])
+            fuzzyCompare(fine[part], whole[part] / 10, Math.abs(whole[part]) / 100);
+        verify(/^[0-9.]+ kHz, \+[0-9]+ dB$/.test(bubble()), bubble());
+        mouseRelease(window.contentItem, center.x, center.y);
+        verify(sentLater().includes("O1B2P"));
+        harness.pass(1000);
+        compare(bubble(), "");
+        // Two clicks or taps take the gain back; a hollow handle only chooses its band.
+        for (let tap = 0; tap < 2; ++tap)
+            holdFinger(handle, 24, 24, () => {});
+        compare(gain.value, 0);
+        verify(sentLater().includes("O1B2P0F"));
+        const slider = find("band", "frequency", "levelSlider");
+        mousePress(slider, 30, 30);
+        verify(bubble().endsWith("kHz, 0 dB"), bubble());
+        mouseRelease(slider, 30, 30);
+        play("> U1O1B7P0F200\n> U1O1B7BYPASS");
+        const hollow = find("handle7");
+        drag(hollow, 24, 24, 40, -20);
+        mouseRelease(hollow, 64, 4);
+        compare(find("band").band, 6);
+        compare(sentLater(), "");
+    }
+    // Whatever the size and the language, the name of a type is whole, and small windows need not scroll.
+    function test_the_equaliser_fits_data() {
+        return ["en", "de", "fr", "es"].map(language => ({ tag: language }));
+    }
+    function test_the_equaliser_fits(data) {
+        harness.speak(data.tag);
+        for (const [low, high, scale] of [[480, 640, 1], [900, 900, 1], [900, 900, 1.5]]) {
+            Theme.textScale = scale;
+            openEqualiser(360, high);
+            play(["BYPASS", "HPF50", "HS3F50", "LPF50", "LS3F50", "P3F50", "P3F50"].map((type, band) => "> U1O1B" + (band + 1) + type).join("\n"));
+            for (let width = 320; width <= 1920; width += 40) {
+                window.width = width;
+                window.height = width % 80 && width >= 600 ? low : high;
+                waitForRendering(window.contentItem, 60);
+                const where = [data.tag, width, window.height, scale].join(" ");
+                const types = items(window.contentItem, item => item.objectName === "type");
+                verify(types.length === 1 || (types.length === 7 && width >= 1150), where + ": " + types.length);
+                const names = [].concat(...types.map(type => items(type, item => item.truncated !== undefined)));
+                compare(names.length, 6 * types.length, where);
+                for (const name of names)
+                    verify(!name.truncated && name.contentWidth <= name.width, where + ": " + name.text);
+                const page = items(window.contentItem, item => item.maximumWidth)[0];
+                verify(scale > 1 || width < 360 || page.contentHeight <= page.height, where + ": " + page.contentHeight + " of " + page.height);
+                verify(scale > 1 || width < 1280 || window.height < 900 || find("plot").grid.height >= 300, where);
+            }
         }
     }
 
@@ -522,7 +654,7 @@ TestCase {
     }
     // The page scrolls under a pointer that stays: what comes under it is not turned.
     function test_scrolling_turns_nothing() {
-        open(800, 480, advanced);
+        open(640, 360);
         const slider = find("volumeSlider");
         const page = items(window.contentItem, item => item.contentY !== undefined && item.maximumWidth)[0];
         verify(page.contentHeight > page.height + 100);
@@ -550,7 +682,7 @@ TestCase {
     }
 
     function test_the_keyboard_is_never_lost() {
-        open(360, 640, advanced);
+        openEqualiser(360, 640);
         play("> U1O1B1P0F1000");
         const slider = find("band", "gain", "levelSlider");
         slider.forceActiveFocus();
@@ -558,6 +690,13 @@ TestCase {
         verify(!slider.enabled);
         const first = window.activeFocusItem;
         verify(first && first.visible && first.enabled && (first.activeFocusOnTab || first.focusPolicy), "a slider was disabled");
+        window.height = 900;
+        window.width = 1280;
+        tryVerify(() => !seen("partChoice"));
+        find("volumeSlider").forceActiveFocus();
+        window.width = 360;
+        find("partChoice");
+        verify(window.activeFocusItem.visible && window.activeFocusItem !== window.contentItem, "its part went out of sight");
         const gear = find("settingsButton");
         gear.forceActiveFocus();
         keyClick(Qt.Key_Space);
@@ -658,14 +797,17 @@ TestCase {
     }
     function test_a_finger_needs_48_pixels_and_texts_their_room() {
         for (const [width, height, scale] of [[360, 640, 1], [800, 480, 1], [1280, 800, 1], [360, 640, 2], [800, 480, 2], [1280, 800, 2]])
-            for (const screens of [["zone", "group", "override", "scene", "settings"], ["output"]]) {
+            for (const screens of [["zone", "group", "override", "scene", "settings"], ["output", "equaliser"]]) {
                 Theme.textScale = scale;
-                open(width, height, screens.length === 1 ? advanced : "");
+                open(width, height, screens.length === 2 ? advanced : "");
                 play("> U1O1Z1\n> U1O2Z2\n> U1Z1V-79\n> U1O1B1P-14F19999\n> U1O1B4P3F5000");
                 for (const item of scale > 1 ? ["Z1", "Z2", "O1", "O2", "G1", "G2", "I1", "I2", "S1", "S2"] : [])
                     play("> U1" + item + "N\"WWWWWWWWWWWWWWWW\"");
                 for (const screen of screens) {
-                    show(screen);
+                    if (screen === "equaliser")
+                        showEqualiser();
+                    else
+                        show(screen);
                     const targets = items(window.contentItem, item => item.activeFocusOnTab || item.focusPolicy);
                     verify(targets.length >= 6, screen);
                     for (const item of targets)
