@@ -119,9 +119,10 @@ public:
     std::string state() {
         const auto before = printed().size();
         console::DescriptorOutput output(output_[1], -1, remote.queue, nullptr);
-        console::JsonPrinter(output).state("state", remote.application.tabs(),
-                                           remote.application.alerts().shown(),
-                                           remote.application.link().linkState());
+        console::JsonPrinter(output).state(
+            "state", {remote.application.tabs(), remote.application.alerts().shown(),
+                      remote.application.link().linkState(), remote.application.status().status(),
+                      remote.application.items()});
         output.finish();
         return printed().substr(before);
     }

@@ -31,10 +31,18 @@ std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, Notifi
 
 } // namespace
 
-Application::Application(const Platform& platform)
+Application::Application(const Platform& platform, Reconnection reconnection)
     : platform_(platform),
       tabs_(buildTabs(platform, notifications_, alerts_)),
-      delegate_(tabs_, platform.settings) {}
+      delegate_(tabs_, platform.settings),
+      status_(*tabs_, link(), platform.queue) {
+    if (reconnection != Reconnection::Automatic)
+        return;
+    keepConnected_.emplace(
+        KeepConnected::Surroundings{link(), status_, alerts_, platform.queue, [this] { connect(); }});
+    // The screen that appears runs its connect step for the user.
+    screens_ = tabs_->onScreenChange([this] { keepConnected_->userConnects(); });
+}
 
 Application::~Application() {
     tabs_->serverConn()->closeConnection();
@@ -43,6 +51,7 @@ Application::~Application() {
 }
 
 void Application::launch() {
+    status_.start();
     delegate_.didFinishLaunching();
     tabs_->loadViewIfNeeded();
     tabs_->viewWillAppear();
@@ -50,6 +59,8 @@ void Application::launch() {
 }
 
 void Application::resignActive() {
+    if (keepConnected_)
+        keepConnected_->setActive(false);
     delegate_.willResignActive();
 }
 
@@ -60,6 +71,8 @@ void Application::enterBackground() {
 void Application::becomeActive() {
     delegate_.didBecomeActive();
     notifications_.post(Notification::ApplicationDidBecomeActive);
+    if (keepConnected_)
+        keepConnected_->setActive(true);
 }
 
 void Application::terminate() {
@@ -68,6 +81,16 @@ void Application::terminate() {
 }
 
 void Application::reconnect() {
+    if (keepConnected_)
+        keepConnected_->userConnects();
+    connect();
+}
+
+const ItemList* Application::items() const {
+    return dynamic_cast<const ItemList*>(tabs_->selectedViewController().get());
+}
+
+void Application::connect() {
     if (const auto screen = std::dynamic_pointer_cast<ScreenViewController>(tabs_->selectedViewController()))
         screen->connectServer();
 }

@@ -1,16 +1,20 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/KeepConnected.h"
 #include "app/NetworkTabController.h"
+#include "app/StatusMonitor.h"
 #include "platform/MainQueue.h"
 #include "platform/Reachability.h"
 #include "platform/SettingsStore.h"
 #include "platform/Streams.h"
 #include "platform/Worker.h"
 #include "toolkit/Alert.h"
+#include "toolkit/ItemList.h"
 #include "toolkit/NotificationCenter.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace lumbra {
@@ -24,6 +28,9 @@ struct Platform {
     SettingsStore& settings;
 };
 
+/// Whether a closed link is opened again without the user.
+enum class Reconnection { ByUser, Automatic };
+
 /// The whole application behind its controls, for any front end. Main thread only.
 ///
 /// A front end calls `launch` once. From then on it shows `tabs().selectedViewController()->view()` and the
@@ -31,7 +38,7 @@ struct Platform {
 /// lifecycle events in order.
 class Application {
 public:
-    explicit Application(const Platform& platform);
+    explicit Application(const Platform& platform, Reconnection reconnection = Reconnection::ByUser);
     ~Application();
 
     /// Builds the tabs, selects the start tab, shows its screen (which connects) and becomes active.
@@ -55,16 +62,26 @@ public:
         return delegate_.tabsInMode(advanced);
     }
     ServerConnection& link() { return *tabs_->serverConn(); }
+    StatusMonitor& status() { return status_; }
+    /// The rows of the current screen's item picker. Null on a screen without items.
+    const ItemList* items() const;
+    /// True if a closed link is opened again without the user.
+    bool keepsConnected() const { return keepConnected_.has_value(); }
     AlertPresenter& alerts() { return alerts_; }
     SettingsStore& settings() { return platform_.settings; }
     MainQueue& queue() { return platform_.queue; }
 
 private:
+    void connect();
+
     Platform platform_;
     NotificationCenter notifications_;
     AlertPresenter alerts_;
     std::shared_ptr<NetworkTabController> tabs_;
     AppDelegate delegate_;
+    StatusMonitor status_;
+    std::optional<KeepConnected> keepConnected_;
+    Subscription screens_;
 };
 
 } // namespace lumbra

@@ -31,6 +31,7 @@ struct Line {
     float maximum = 0;
     float value = 0; ///< a slider's value; a switch is on where it is not 0
     bool enabled = true;
+    bool sends = true; ///< see View::Item
     int count = 1;
 };
 
@@ -46,6 +47,9 @@ constexpr std::array FILTER_TYPES{LUMBRA_TEXT("System", "Bypass"),     LUMBRA_TE
 
 constexpr Line picker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker};
+}
+constexpr Line itemPicker(std::string_view name, std::string_view caption) {
+    return {.name = name, .caption = caption, .kind = Kind::Picker, .sends = false};
 }
 constexpr Line slider(std::string_view name, std::string_view caption, float minimum, float maximum,
                       float value) {
@@ -78,7 +82,7 @@ constexpr Line disabled(Line line) {
 }
 
 constexpr std::array ZONE{
-    picker("zonePicker", LUMBRA_TEXT("System", "Zone")),
+    itemPicker("zonePicker", LUMBRA_TEXT("System", "Zone")),
     picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
     slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
     label("volumeLabel", percentOfVolume(-40)),
@@ -92,7 +96,7 @@ constexpr std::array ZONE{
 };
 
 const std::array OUTPUT{
-    picker("outputPicker", LUMBRA_TEXT("System", "Output")),
+    itemPicker("outputPicker", LUMBRA_TEXT("System", "Output")),
     picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
     slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
     label("volumeLabel", decibels(-40)),
@@ -108,7 +112,7 @@ const std::array OUTPUT{
 };
 
 constexpr std::array GROUP{
-    picker("groupPicker", LUMBRA_TEXT("System", "Group")),
+    itemPicker("groupPicker", LUMBRA_TEXT("System", "Group")),
     picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
     slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
     label("volumeLabel", percentOfVolume(-40)),
@@ -123,7 +127,7 @@ constexpr std::array OVERRIDE{
 };
 
 constexpr std::array SCENE{
-    picker("scenePicker", LUMBRA_TEXT("System", "Scene")),
+    itemPicker("scenePicker", LUMBRA_TEXT("System", "Scene")),
     button("loadSceneButton", LUMBRA_TEXT("System", "Recall")),
     button("saveSceneButton", LUMBRA_TEXT("System", "Store")),
     spinner(),
@@ -183,7 +187,7 @@ std::shared_ptr<View> buildView(std::string_view screen) {
                 if (!caption.empty())
                     caption += " " + std::to_string(number);
             }
-            view->add({std::move(name), std::move(caption), build(line)});
+            view->add({std::move(name), std::move(caption), build(line), line.sends});
         }
     }
     return view;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/SettingsStore.h"
 #include "toolkit/Translatable.h"
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace lumbra {
@@ -44,6 +46,22 @@ constexpr const SettingEntry* findSetting(std::string_view key) {
         if (entry.key == key)
             return &entry;
     return nullptr;
+}
+
+/// The address and the number of a unit.
+struct UnitPlace {
+    std::string address; ///< UTF-8, not validated
+    std::int64_t unit;
+};
+
+/// Stores the link settings of a first start with `place`.
+inline void storeUnit(SettingsStore& settings, const UnitPlace& place) {
+    settings.setValue(IP_ADDRESS_PREFERENCE, place.address);
+    settings.setValue(UNIT_NUMBER_PREFERENCE, place.unit);
+    // The link settings are read all or none.
+    settings.setValue(POLLING_PREFERENCE, true);
+    settings.setValue(SERIAL_PORT_PREFERENCE, false);
+    settings.flush();
 }
 
 } // namespace lumbra

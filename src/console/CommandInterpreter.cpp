@@ -17,7 +17,7 @@ namespace lumbra::console {
 struct CommandTable {
     using I = CommandInterpreter;
     using A = Argument;
-    static constexpr std::array<ConsoleCommand, 15> COMMANDS{{
+    static constexpr std::array<ConsoleCommand, 16> COMMANDS{{
         {"help", "lists the commands", 0, 0, {}, &I::help},
         {"state", "shows the screen with its controls, the alert and the link", 0, 0, {}, &I::state},
         {"tab NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
@@ -27,6 +27,7 @@ struct CommandTable {
         {"segment CONTROL INDEX", "taps a segment, from 0", 2, 2, {A::Segmented, A::Number}, &I::segment},
         {"press CONTROL", "presses a button", 1, 1, {A::Button}, &I::press},
         {"dismiss", "presses the button of the alert on show", 0, 0, {}, &I::dismiss},
+        {"watch on|off", "prints each item's changes, or no longer", 1, 1, {A::Watching}, &I::watch},
         {"get [KEY]", "shows the stored settings, or one", 0, 1, {A::SettingKey}, &I::get},
         {"set KEY VALUE", "stores a setting; see app", 2, 2, {A::SettingKey, A::StoredValue}, &I::set},
         {"unset KEY", "removes a stored setting; see app", 1, 1, {A::SettingKey}, &I::unset},
@@ -153,8 +154,9 @@ Outcome CommandInterpreter::help(Arguments) {
 }
 
 Outcome CommandInterpreter::state(Arguments) {
-    printer_.state(command_, application_.tabs(), application_.alerts().shown(),
-                   application_.link().linkState());
+    printer_.state(command_,
+                   {application_.tabs(), application_.alerts().shown(), application_.link().linkState(),
+                    application_.status().status(), application_.items()});
     return Answered{};
 }
 
@@ -233,6 +235,13 @@ Outcome CommandInterpreter::press(Arguments arguments) {
 Outcome CommandInterpreter::dismiss(Arguments) {
     if (!application_.alerts().dismissByUser())
         return Failed{"no alert is on show"};
+    return Done{};
+}
+
+Outcome CommandInterpreter::watch(Arguments arguments) {
+    if (!contains(WATCHING, arguments[0]))
+        return Failed{"\"" + arguments[0] + "\" is neither on nor off"};
+    delegate_.watchItems(arguments[0] == "on");
     return Done{};
 }
 

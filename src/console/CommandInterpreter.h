@@ -22,6 +22,8 @@ public:
         std::function<void()> resumed;
         /// The application has terminated. Only the reply to the last command is still to come.
         std::function<void()> terminated;
+        /// Begins or ends the events of items.
+        std::function<void(bool)> watchItems;
     };
     /// `application` and `printer` outlive the interpreter.
     CommandInterpreter(Application& application, Printer& printer, Delegate delegate);
@@ -58,6 +60,7 @@ private:
     Outcome segment(Arguments arguments);
     Outcome press(Arguments arguments);
     Outcome dismiss(Arguments arguments);
+    Outcome watch(Arguments arguments);
     Outcome get(Arguments arguments);
     Outcome set(Arguments arguments);
     Outcome unset(Arguments arguments);

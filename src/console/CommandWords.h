@@ -11,6 +11,7 @@ namespace lumbra::console {
 // The keywords of arguments. The commands parse them, completion offers them.
 
 constexpr std::array<std::string_view, 3> SWITCH_POSITIONS{"on", "off", "toggle"};
+constexpr std::array<std::string_view, 2> WATCHING{"on", "off"};
 constexpr std::array<std::string_view, 3> AWAITED{"answer", "open", "closed"};
 constexpr std::array<std::string_view, 2> FLAGS{"true", "false"};
 

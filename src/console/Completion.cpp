@@ -58,6 +58,9 @@ std::vector<std::string> completions(Application& application, std::string_view 
     case Argument::Position:
         std::for_each(SWITCH_POSITIONS.begin(), SWITCH_POSITIONS.end(), offer);
         break;
+    case Argument::Watching:
+        std::for_each(WATCHING.begin(), WATCHING.end(), offer);
+        break;
     case Argument::SettingKey:
         for (const auto& entry : SETTINGS)
             offer(entry.key);

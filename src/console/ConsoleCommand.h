@@ -22,6 +22,7 @@ enum class Argument : std::uint8_t {
     Segmented,
     Button,
     Position, ///< of a switch
+    Watching,
     SettingKey,
     StoredValue,
     Event, ///< a lifecycle event

@@ -54,7 +54,9 @@ ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& wa
                             : std::make_unique<TextPrinter>(output_)),
       events_(application, *printer_, output_),
       interpreter_(application, *printer_,
-                   {.resumed = [this] { pump(); }, .terminated = [this] { events_.printGathered(); }}) {}
+                   {.resumed = [this] { pump(); },
+                    .terminated = [this] { events_.printGathered(); },
+                    .watchItems = [this](bool watches) { events_.watchItems(watches); }}) {}
 
 ConsoleFrontEnd::~ConsoleFrontEnd() = default;
 

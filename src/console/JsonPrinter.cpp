@@ -8,6 +8,8 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <cstddef>
+#include <ranges>
 #include <string>
 #include <utility>
 #include <vector>
@@ -90,6 +92,13 @@ void alertFields(Json& json, const Alert& alert) {
     json.field("title", alert.title).field("message", alert.message).field("button", alert.button);
 }
 
+void itemFields(Json& json, std::size_t row, const ItemRow& item) {
+    json.field("row", static_cast<std::int64_t>(row)).field("name", item.name).field("input", item.input);
+    json.field("volume", item.volume).field("text", item.level.text()).field("mute", item.mute);
+    if (item.power)
+        json.field("power", *item.power);
+}
+
 /// The members of a control's state.
 struct StateWriter {
     Json& json;
@@ -136,21 +145,26 @@ void JsonPrinter::failed(std::string_view command, std::string_view error) {
     line([&](Json& json) { json.field("reply", command).field("ok", false).field("error", error); });
 }
 
-void JsonPrinter::state(std::string_view command, const TabBarController& tabBar,
-                        const std::optional<Alert>& alert, LinkState link) {
+void JsonPrinter::state(std::string_view command, const State& state) {
     line([&](Json& json) {
-        tabs(json.field("reply", command).field("ok", true), tabBar);
+        tabs(json.field("reply", command).field("ok", true), state.tabs);
         json.object("controls", [&](Json& controls) {
-            for (const auto& item : tabBar.selectedViewController()->view().items())
+            for (const auto& item : state.tabs.selectedViewController()->view().items())
                 controls.object(item.name, [&](Json& fields) {
                     visit(std::as_const(*item.control), StateWriter{fields});
                 });
         });
-        if (alert)
-            json.object("alert", [&](Json& fields) { alertFields(fields, *alert); });
+        if (state.alert)
+            json.object("alert", [&](Json& fields) { alertFields(fields, *state.alert); });
         else
             json.null("alert");
-        json.field("link", nameOf(link));
+        json.field("link", nameOf(state.link)).field("status", nameOf(state.status));
+        if (!state.items)
+            return;
+        json.array("items", std::views::iota(std::size_t{0}, state.items->rowCount()),
+                   [&](Json& array, std::size_t row) {
+                       array.element([&](Json& fields) { itemFields(fields, row, state.items->row(row)); });
+                   });
     });
 }
 
@@ -195,6 +209,17 @@ void JsonPrinter::alertAskedFor(const Alert& alert) {
 
 void JsonPrinter::linkChanged(LinkState link) {
     line([&](Json& json) { json.field("event", "link").field("link", nameOf(link)); });
+}
+
+void JsonPrinter::statusChanged(ScreenStatus status) {
+    line([&](Json& json) { json.field("event", "status").field("status", nameOf(status)); });
+}
+
+void JsonPrinter::itemChanged(const View& screen, std::size_t row, const ItemRow& item) {
+    line([&](Json& json) {
+        json.field("event", "item").field("screen", screen.name());
+        json.object("item", [&](Json& fields) { itemFields(fields, row, item); });
+    });
 }
 
 } // namespace lumbra::console

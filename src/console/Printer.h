@@ -1,12 +1,15 @@
 #pragma once
 
 #include "app/Settings.h"
+#include "app/StatusMonitor.h"
 #include "link/ServerConnection.h"
 #include "platform/SettingsStore.h"
 #include "toolkit/Alert.h"
+#include "toolkit/ItemList.h"
 #include "toolkit/TabBarController.h"
 #include "toolkit/View.h"
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -21,6 +24,15 @@ struct StoredSetting {
     std::optional<SettingValue> value;
 };
 
+/// What the `state` command shows.
+struct State {
+    const TabBarController& tabs;
+    const std::optional<Alert>& alert; ///< the alert that is shown, if any
+    LinkState link;
+    ScreenStatus status;
+    const ItemList* items; ///< null on a screen without items
+};
+
 /// Prints the console's replies and events. There is one implementation for programs and one for people. Main
 /// thread only.
 class Printer {
@@ -31,9 +43,7 @@ public:
     virtual void done(std::string_view command) = 0;
     /// `error` is a sentence for the user.
     virtual void failed(std::string_view command, std::string_view error) = 0;
-    /// `alert` is the alert that is shown, if any.
-    virtual void state(std::string_view command, const TabBarController& tabs,
-                       const std::optional<Alert>& alert, LinkState link) = 0;
+    virtual void state(std::string_view command, const State& state) = 0;
     virtual void settings(std::string_view command, std::span<const StoredSetting> settings) = 0;
     virtual void help(std::string_view command, std::span<const ConsoleCommand> commands) = 0;
 
@@ -42,6 +52,8 @@ public:
     virtual void controlChanged(const View& screen, const View::Item& item) = 0;
     virtual void alertAskedFor(const Alert& alert) = 0;
     virtual void linkChanged(LinkState link) = 0;
+    virtual void statusChanged(ScreenStatus status) = 0;
+    virtual void itemChanged(const View& screen, std::size_t row, const ItemRow& item) = 0;
 };
 
 constexpr std::string_view nameOf(LinkState link) {

@@ -132,6 +132,13 @@ std::string textOf(const std::optional<SettingValue>& value) {
     return std::get<bool>(*value) ? "true" : "false";
 }
 
+constexpr std::size_t ITEM_COLUMNS = 6;
+
+std::array<std::string, ITEM_COLUMNS> cellsOf(std::size_t row, const ItemRow& item) {
+    return {std::to_string(row), quotedForTerminal(item.name), quotedForTerminal(item.input),
+            item.level.text(),   item.mute ? "muted" : "",     item.power && !*item.power ? "power off" : ""};
+}
+
 } // namespace
 
 void TextPrinter::done(std::string_view) {
@@ -142,19 +149,25 @@ void TextPrinter::failed(std::string_view, std::string_view error) {
     output_.write("error: " + escapedForTerminal(error) + "\n");
 }
 
-void TextPrinter::state(std::string_view, const TabBarController& tabs, const std::optional<Alert>& alert,
-                        LinkState link) {
-    const auto& view = tabs.selectedViewController()->view();
-    std::string text =
-        view.name() + " screen, link " + std::string(nameOf(link)) + "; tabs: " + tabsOf(tabs) + "\n";
+void TextPrinter::state(std::string_view, const State& state) {
+    const auto& view = state.tabs.selectedViewController()->view();
+    std::string text = view.name() + " screen, link " + std::string(nameOf(state.link)) +
+                       "; tabs: " + tabsOf(state.tabs) + "\n";
     Table<3> table;
     for (const auto& item : view.items()) {
-        auto [kind, state] = shownBy(*item.control, true);
-        table.add({item.name, std::move(kind), std::move(state)});
+        auto [kind, shown] = shownBy(*item.control, true);
+        table.add({item.name, std::move(kind), std::move(shown)});
     }
     text += table.text();
-    if (alert)
-        text += "alert: " + textOf(*alert) + "\n";
+    if (state.alert)
+        text += "alert: " + textOf(*state.alert) + "\n";
+    text += "status: " + std::string(nameOf(state.status)) + "\n";
+    if (state.items) {
+        Table<ITEM_COLUMNS> items;
+        for (std::size_t row = 0; row < state.items->rowCount(); ++row)
+            items.add(cellsOf(row, state.items->row(row)));
+        text += "items:\n" + items.text();
+    }
     output_.write(text);
 }
 
@@ -192,6 +205,16 @@ void TextPrinter::alertAskedFor(const Alert& alert) {
 
 void TextPrinter::linkChanged(LinkState link) {
     output_.write("link: " + std::string(nameOf(link)) + "\n");
+}
+
+void TextPrinter::statusChanged(ScreenStatus status) {
+    output_.write("status: " + std::string(nameOf(status)) + "\n");
+}
+
+void TextPrinter::itemChanged(const View&, std::size_t row, const ItemRow& item) {
+    Table<ITEM_COLUMNS> table;
+    table.add(cellsOf(row, item));
+    output_.write("item:" + table.text());
 }
 
 } // namespace lumbra::console

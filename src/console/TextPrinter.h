@@ -16,8 +16,7 @@ public:
 
     void done(std::string_view command) override;
     void failed(std::string_view command, std::string_view error) override;
-    void state(std::string_view command, const TabBarController& tabs, const std::optional<Alert>& alert,
-               LinkState link) override;
+    void state(std::string_view command, const State& state) override;
     void settings(std::string_view command, std::span<const StoredSetting> settings) override;
     void help(std::string_view command, std::span<const ConsoleCommand> commands) override;
 
@@ -25,6 +24,8 @@ public:
     void controlChanged(const View& screen, const View::Item& item) override;
     void alertAskedFor(const Alert& alert) override;
     void linkChanged(LinkState link) override;
+    void statusChanged(ScreenStatus status) override;
+    void itemChanged(const View& screen, std::size_t row, const ItemRow& item) override;
 
 private:
     DescriptorOutput& output_;

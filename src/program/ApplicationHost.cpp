@@ -39,8 +39,17 @@ int demoUnitNumber(const SettingsStore& settings) {
 
 } // namespace
 
+bool ApplicationHost::knowsTheUnit(const Options& options) {
+    if (options.demo || options.connectTo)
+        return true;
+    QtMainQueue queue;
+    return openSettings(options, queue)->value(IP_ADDRESS_PREFERENCE).has_value();
+}
+
 ApplicationHost::ApplicationHost(const Options& options)
     : settings_(openSettings(options, queue_)), sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
+    if (options.firstUnit)
+        storeUnit(*settings_, *options.firstUnit);
     auto place = options.connectTo;
     if (options.demo) {
         demoUnit_ = std::make_unique<sim::UnitServer>(sim::Unit(demoUnitNumber(*settings_)));
@@ -59,7 +68,8 @@ ApplicationHost::ApplicationHost(const Options& options)
     if (!reachability_)
         reachability_ = std::make_unique<NetworkReachability>();
     application_ = std::make_unique<Application>(
-        Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_});
+        Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_},
+        options.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
 }
 
 ApplicationHost::~ApplicationHost() {

@@ -20,6 +20,9 @@ class UnitServer;
 class ApplicationHost {
 public:
     explicit ApplicationHost(const Options& options);
+    /// False if the user must be asked where the unit is: the program would connect to its address, and none
+    /// has been stored.
+    static bool knowsTheUnit(const Options& options);
     ~ApplicationHost();
     ApplicationHost(const ApplicationHost&) = delete;
     ApplicationHost& operator=(const ApplicationHost&) = delete;

@@ -22,6 +22,9 @@ const QCommandLineOption
                QStringLiteral("Make every connection to HOST:PORT instead of to the unit's "
                               "address; [ADDRESS]:PORT for IPv6."),
                QStringLiteral("HOST:PORT"));
+const QCommandLineOption KEEP_CONNECTED(
+    QStringLiteral("keep-connected"),
+    QStringLiteral("Connect again without being asked while the link is closed, as on a wall panel."));
 const QCommandLineOption SETTINGS_FILE(QStringLiteral("settings"),
                                        QStringLiteral("Keep the settings in FILE instead of the user's own."),
                                        QStringLiteral("FILE"));
@@ -46,7 +49,8 @@ QString displayName(const QCommandLineOption& option) {
 std::variant<Options, InformationRequest, UsageError> parseOptions(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("A remote control for a Lumbra unit."));
-    parser.addOptions({CONSOLE, JSON, FULLSCREEN, DEMO, CONNECT_TO, SETTINGS_FILE, HELP, VERSION});
+    parser.addOptions(
+        {CONSOLE, JSON, FULLSCREEN, DEMO, CONNECT_TO, KEEP_CONNECTED, SETTINGS_FILE, HELP, VERSION});
     if (!parser.parse(arguments))
         return UsageError{parser.errorText()};
     if (!parser.positionalArguments().isEmpty())
@@ -63,6 +67,7 @@ std::variant<Options, InformationRequest, UsageError> parseOptions(const QString
     options.json = parser.isSet(JSON);
     options.fullscreen = parser.isSet(FULLSCREEN);
     options.demo = parser.isSet(DEMO);
+    options.keepConnected = parser.isSet(KEEP_CONNECTED);
     if (parser.isSet(CONNECT_TO)) {
         options.connectTo = parseHostPort(parser.value(CONNECT_TO).toStdString());
         if (!options.connectTo)

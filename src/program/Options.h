@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Settings.h"
 #include "system/HostPort.h"
 
 #include <QString>
@@ -12,12 +13,14 @@ namespace lumbra {
 
 /// The options of the command line.
 struct Options {
-    bool console = false;              ///< the console front end, not the touch front end
-    bool json = false;                 ///< JSON Lines on the console
-    bool fullscreen = false;           ///< the window fills the screen
-    bool demo = false;                 ///< a simulated unit in the process
-    std::optional<HostPort> connectTo; ///< replaces the unit's address in every connection
-    QString settingsFile;              ///< empty: the user's default file
+    bool console = false;               ///< the console front end, not the touch front end
+    bool json = false;                  ///< JSON Lines on the console
+    bool fullscreen = false;            ///< the window fills the screen
+    bool demo = false;                  ///< a simulated unit in the process
+    bool keepConnected = false;         ///< a closed link is opened again without the user
+    std::optional<HostPort> connectTo;  ///< replaces the unit's address in every connection
+    QString settingsFile;               ///< empty: the user's default file
+    std::optional<UnitPlace> firstUnit; ///< stored before the start; the command line can't give it
 };
 
 /// The command line asks for a text on standard output and nothing else.

@@ -4,6 +4,7 @@
 #include "system/QtDescriptorWatcher.h"
 #include "system/SignalPipe.h"
 #include "touch/DisplayGuard.h"
+#include "touch/FirstRun.h"
 #include "touch/TouchFrontEnd.h"
 
 #include <QFontDatabase>
@@ -18,6 +19,15 @@ using namespace lumbra;
 
 namespace {
 
+/// What is connected to in place of the unit's address, for people; empty for the address itself.
+QString endpointOf(const Options& options) {
+    if (options.demo)
+        return QCoreApplication::translate("System", "Simulated unit");
+    if (options.connectTo)
+        return QString::fromStdString(formatHostPort(*options.connectTo));
+    return {};
+}
+
 int run(int& argc, char** argv, const Options& options) {
     // A signal ends the program as closing the window does: the link is closed and the settings are written.
     const SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
@@ -26,16 +36,40 @@ int run(int& argc, char** argv, const Options& options) {
     guard.reset();
     // Loads the font configuration in parallel with the rest of the start; the first text would wait for it.
     const std::jthread fonts([] { QFontDatabase::families(); });
+    TouchFrontEnd::installTypeface();
     TouchFrontEnd::installTranslation();
-    ApplicationHost host(options);
-    if (!host.error().isEmpty()) {
-        std::fprintf(stderr, "lumbra-remote: %s\n", qPrintable(host.error()));
-        return 1;
-    }
-    TouchFrontEnd touch(host.application(), {.fullscreen = options.fullscreen});
+
+    std::optional<ApplicationHost> host;
+    std::optional<TouchFrontEnd> touch;
+    const auto launch = [&](const Options& wanted, const QRect& geometry) {
+        host.emplace(wanted);
+        if (!host->error().isEmpty()) {
+            std::fprintf(stderr, "lumbra-remote: %s\n", qPrintable(host->error()));
+            return false;
+        }
+        touch.emplace(host->application(), TouchOptions{.fullscreen = wanted.fullscreen,
+                                                        .endpoint = endpointOf(wanted),
+                                                        .geometry = geometry});
+        return touch->show();
+    };
+    std::optional<FirstRun> first;
+    const auto answered = [&](const std::optional<UnitPlace>& unit) {
+        auto wanted = options;
+        wanted.firstUnit = unit;
+        if (!unit) { // the demo leaves nothing in the settings
+            wanted.demo = true;
+            wanted.settingsFile.clear();
+        }
+        if (!launch(wanted, first->geometry()))
+            QCoreApplication::exit(1);
+        first.reset();
+    };
     QtDescriptorWatcher watcher;
     const auto watch = watcher.watchReadable(signals.descriptor(), &QCoreApplication::quit);
-    return touch.show() ? QGuiApplication::exec() : 1;
+    if (ApplicationHost::knowsTheUnit(options))
+        return launch(options, {}) ? QGuiApplication::exec() : 1;
+    first.emplace(answered);
+    return first->show(options.fullscreen) ? QGuiApplication::exec() : 1;
 }
 
 } // namespace

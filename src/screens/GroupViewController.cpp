@@ -33,6 +33,7 @@ void GroupViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
     model().power[static_cast<std::size_t>(report.item)] = report.on;
+    announceItem(report.item);
     if (isCurrent(report.item))
         powerSwitch_->setOn(report.on);
 }

@@ -6,6 +6,7 @@
 #include "model/Sources.h"
 #include "protocol/Command.h"
 #include "protocol/ItemReports.h"
+#include "toolkit/ItemList.h"
 #include "toolkit/Label.h"
 #include "toolkit/Picker.h"
 #include "toolkit/Slider.h"
@@ -31,7 +32,10 @@ inline constexpr std::chrono::milliseconds DEFERRED_STEP{750};
 ///
 /// Model is Zones, Outputs or Groups: `size`, `current`, and by item `name`, `source`, `volume` and `mute`.
 template <class Model>
-class ItemViewController : public ScreenViewController, public PickerDataSource, public PickerDelegate {
+class ItemViewController : public ScreenViewController,
+                           public PickerDataSource,
+                           public PickerDelegate,
+                           public ItemList {
 public:
     void viewDidLoad() override {
         ScreenViewController::viewDidLoad();
@@ -62,17 +66,34 @@ public:
             showItem();
         } else {
             ofCurrent(model_.source) = source_.name_hide_ref.at(static_cast<std::size_t>(row));
+            announceItem(model_.current);
             send(selectInput(kind_, model_.current, ofCurrent(model_.source)));
         }
     }
 
     void volumeSliderChange(Slider&) {
         defer(volumeSlider_, [this](float value) {
-            settle(truncated(value), ofCurrent(model_.volume),
-                   [&] { send(setVolume(kind_, model_.current, ofCurrent(model_.volume))); });
+            settle(truncated(value), ofCurrent(model_.volume), [&] {
+                announceItem(model_.current);
+                send(setVolume(kind_, model_.current, ofCurrent(model_.volume)));
+            });
         });
     }
     void muteSwitchChange(Switch& sender) { send(setMute(kind_, model_.current, sender.isOn())); }
+
+    std::size_t rowCount() const override { return itemNames().size(); }
+    ItemRow row(std::size_t row) const override {
+        const auto item = static_cast<std::size_t>(itemForRow(static_cast<int>(row)));
+        ItemRow shown{.name = itemNames()[row],
+                      .input = source_.name[static_cast<std::size_t>(model_.source[item])],
+                      .volume = model_.volume[item],
+                      .level = volumeReading_(model_.volume[item]),
+                      .mute = model_.mute[item],
+                      .power = {}};
+        if constexpr (requires { model_.power; })
+            shown.power = model_.power[item];
+        return shown;
+    }
 
 protected:
     /// `volumeReading` is the reading of the volume label at a volume in dB.
@@ -142,6 +163,7 @@ protected:
             return;
         model_.volume[item] = report.level;
         model_.mute[item] = false;
+        announceItem(report.item);
         if (!isCurrent(report.item))
             return;
         showVolume();
@@ -151,6 +173,7 @@ protected:
         if (!isItem(report.item) || !isInput(report.input))
             return;
         model_.source[static_cast<std::size_t>(report.item)] = report.input;
+        announceItem(report.item);
         if (isCurrent(report.item))
             showSource();
     }
@@ -158,6 +181,7 @@ protected:
         if (!isItem(report.item))
             return;
         model_.mute[static_cast<std::size_t>(report.item)] = report.on;
+        announceItem(report.item);
         if (isCurrent(report.item))
             muteSwitch_->setOn(report.on);
     }
@@ -172,6 +196,7 @@ protected:
             return;
         source_.name[static_cast<std::size_t>(report.input)] = report.name.view();
         inputsChanged();
+        announceRows();
     }
     void handle(const reports::InputStereo& report) {
         if (!isInput(report.input))
@@ -188,6 +213,13 @@ protected:
         itemPickerData_.assign(itemNames().begin(), itemNames().end());
         itemPicker_->reloadAllComponents();
         itemPicker_->selectRow(rowForItem(model_.current));
+        announceRows();
+    }
+    /// Call after the input, the volume, mute or power of an item has changed.
+    void announceItem(std::int64_t item) const {
+        for (std::size_t row = 0; row < rowCount(); ++row)
+            if (itemForRow(static_cast<int>(row)) == item)
+                announceRow(row);
     }
 
 private:

@@ -120,6 +120,7 @@ void OutputViewController::handle(const reports::Power& report) {
         outputs.volume[item] = std::max(outputs.volume[item], outputs.min_to_volume[item]);
         outputs.volume[item] = std::min(outputs.volume[item], outputs.max_to_volume[item]);
     }
+    announceItem(report.item);
     if (!isCurrent(report.item))
         return;
     powerSwitch_->setOn(report.on);

@@ -30,4 +30,9 @@ std::optional<HostPort> parseHostPort(std::string_view text) {
     return HostPort{std::string(host), port};
 }
 
+std::string formatHostPort(const HostPort& place) {
+    const bool isIpv6 = place.host.find(':') != std::string::npos;
+    return (isIpv6 ? "[" + place.host + "]" : place.host) + ":" + std::to_string(place.port);
+}
+
 } // namespace lumbra

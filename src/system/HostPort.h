@@ -18,4 +18,7 @@ struct HostPort {
 /// because its port would be ambiguous. Any thread.
 std::optional<HostPort> parseHostPort(std::string_view text);
 
+/// The text that `parseHostPort` reads. Any thread.
+std::string formatHostPort(const HostPort& place);
+
 } // namespace lumbra

@@ -21,7 +21,12 @@ class AlertPresenter {
 public:
     const std::optional<Alert>& shown() const { return shown_; }
 
+    /// While muted, `present` does nothing.
+    void setMuted(bool muted) { muted_ = muted; }
+
     void present(Alert alert) {
+        if (muted_)
+            return;
         shown_ = std::move(alert);
         changed_.emit();
     }
@@ -39,6 +44,7 @@ public:
 
 private:
     std::optional<Alert> shown_;
+    bool muted_ = false;
     Signal<> changed_;
 };
 

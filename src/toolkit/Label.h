@@ -17,6 +17,7 @@ struct Reading {
     std::int64_t number;
     Unit unit;
 
+    bool operator==(const Reading&) const = default;
     /// "50%", "-40 dB", "1 kHz".
     std::string text() const {
         static constexpr std::string_view SUFFIXES[] = {"%", " dB", " Hz", " kHz"};

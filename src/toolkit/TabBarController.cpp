@@ -5,7 +5,7 @@
 
 namespace lumbra {
 
-TabBarController::TabBarController() : ViewController(std::make_shared<View>("tabs", "")) {}
+TabBarController::TabBarController() : ViewController(std::make_shared<View>(std::string(), std::string())) {}
 
 void TabBarController::setViewControllers(std::vector<std::shared_ptr<ViewController>> controllers) {
     if (controllers == controllers_)

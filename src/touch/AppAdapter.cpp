@@ -4,11 +4,11 @@
 
 namespace lumbra {
 
-AppAdapter::AppAdapter(Application& application, WindowLife& life, QObject* parent)
+AppAdapter::AppAdapter(Application& application, WindowLife& life, const QString& endpoint, QObject* parent)
     : QObject(parent),
       application_(application),
       refreshQueue_(application.queue()),
-      link_(new LinkAdapter(application, refreshQueue_, this)),
+      link_(new LinkAdapter(application, endpoint, refreshQueue_, this)),
       alert_(new AlertAdapter(application.alerts(), refreshQueue_, this)),
       settings_(new SettingsAdapter(application, life, refreshQueue_, this)),
       screenChange_(application.tabs().onScreenChange([this] { updateTabs(); })),
@@ -42,7 +42,7 @@ ScreenAdapter* AppAdapter::adapterOf(const std::shared_ptr<ViewController>& cont
                                     [&](const auto* screen) { return screen->controller() == controller; });
     if (known != screens_.end())
         return *known;
-    return screens_.emplace_back(new ScreenAdapter(controller, refreshQueue_, this));
+    return screens_.emplace_back(new ScreenAdapter(controller, application_, refreshQueue_, this));
 }
 
 } // namespace lumbra

@@ -32,8 +32,10 @@ class AppAdapter final : public QObject {
     Q_PROPERTY(lumbra::SettingsAdapter* settings READ settings CONSTANT)
 
 public:
-    /// Both outlive the adapter. The application may be launched before or after.
-    AppAdapter(Application& application, WindowLife& life, QObject* parent = nullptr);
+    /// `application` and `life` outlive the adapter. The application may be launched before or after.
+    /// `endpoint` is as for LinkAdapter.
+    AppAdapter(Application& application, WindowLife& life, const QString& endpoint = {},
+               QObject* parent = nullptr);
 
     QQmlListProperty<ScreenAdapter> tabs() { return {this, &tabs_}; }
     int selected() const { return application_.tabs().selectedIndex(); }
@@ -42,9 +44,8 @@ public:
     AlertAdapter* alert() const { return alert_; }
     SettingsAdapter* settings() const { return settings_; }
 
-    /// The user selects a tab by its 0-based position, which may be selected already. False if there is no
-    /// such tab.
-    Q_INVOKABLE bool selectTab(int index) { return application_.tabs().selectByUser(index); }
+    /// The user selects a tab by its 0-based position, which may be selected already.
+    Q_INVOKABLE void selectTab(int index) { application_.tabs().selectByUser(index); }
 
     /// Cancels the grabs of all sliders, because what is under the finger has moved or disappeared.
     Q_INVOKABLE void cancelGrabs();

@@ -24,7 +24,12 @@ public:
     QString caption() const { return translatedText(caption_); }
     /// Its name for a screen reader: the item `where`, which may be empty, and the caption.
     Q_INVOKABLE QString spokenName(const QString& where) const { return lumbra::spokenName(where, caption_); }
-    bool isEnabled() const { return watched_->isEnabled(); }
+    bool isEnabled() const { return !locked_ && watched_->isEnabled(); }
+    /// A locked control can't be operated: its command would be lost.
+    void setLocked(bool locked) {
+        if (std::exchange(locked_, locked) != locked)
+            mark();
+    }
 
 protected:
     ControlAdapter(std::shared_ptr<Control> control, std::string caption, RefreshQueue& queue,
@@ -37,6 +42,7 @@ protected:
 private:
     std::shared_ptr<Control> watched_;
     std::string caption_; ///< English
+    bool locked_ = false;
     Subscription subscription_;
 };
 

@@ -2,27 +2,35 @@
 
 #include "link/ServerConnection.h"
 
+#include <utility>
+
 namespace lumbra {
 
-LinkAdapter::LinkAdapter(Application& application, RefreshQueue& queue, QObject* parent)
+LinkAdapter::LinkAdapter(Application& application, QString endpoint, RefreshQueue& queue, QObject* parent)
     : Adapter(queue, parent),
       application_(application),
-      subscription_(application.link().onLinkChange([this] { mark(); })) {}
+      endpoint_(std::move(endpoint)),
+      linkChange_(application.link().onLinkChange([this] { mark(); })),
+      statusChange_(application.status().onChange([this] { mark(); })) {}
 
 LinkAdapter::State LinkAdapter::state() const {
-    switch (application_.link().linkState()) {
-    case LinkState::Opening:
-        return State::Connecting;
-    case LinkState::Open:
-        return State::Connected;
-    case LinkState::Closed:
+    switch (application_.status().status()) {
+    case ScreenStatus::Waiting:
+        return State::Waiting;
+    case ScreenStatus::Silent:
+        return State::Silent;
+    case ScreenStatus::Current:
+        return State::Current;
+    case ScreenStatus::Offline:
         break;
     }
-    return State::NotConnected;
+    if (application_.link().linkState() != LinkState::Closed)
+        return State::Connecting;
+    return application_.keepsConnected() ? State::Retrying : State::NotConnected;
 }
 
 QString LinkAdapter::address() const {
-    return QString::fromStdString(application_.link().ip_address());
+    return isRedirected() ? endpoint_ : QString::fromStdString(application_.link().ip_address());
 }
 
 } // namespace lumbra

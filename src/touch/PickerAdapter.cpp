@@ -18,7 +18,7 @@ QString PickerAdapter::selectedText() const {
 
 bool PickerAdapter::pick(int row, const QString& text) {
     const auto& rows = control_->rows();
-    if (row < 0 || row >= static_cast<int>(rows.size()) ||
+    if (!isEnabled() || row < 0 || row >= static_cast<int>(rows.size()) ||
         QString::fromStdString(rows[static_cast<std::size_t>(row)]) != text)
         return false;
     return control_->pickByUser(row);

@@ -35,7 +35,7 @@ public:
     /// The text of a row of the list model; empty if there is no such row.
     Q_INVOKABLE QString textAt(int row) const { return rows_.index(row).data().toString(); }
     /// The user turns the wheel to `row`, which may be selected already. Returns false and does nothing if
-    /// there is no such row, or if its text is no longer `text`, which is what the user saw there.
+    /// disabled, if there is no such row, or if its text is no longer `text`, which is what the user saw there.
     Q_INVOKABLE bool pick(int row, const QString& text);
 
 Q_SIGNALS:

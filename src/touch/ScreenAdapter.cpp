@@ -9,8 +9,27 @@
 
 namespace lumbra {
 
-ScreenAdapter::ScreenAdapter(std::shared_ptr<ViewController> controller, RefreshQueue& queue, QObject* parent)
-    : QObject(parent), controller_(std::move(controller)), queue_(queue) {}
+ScreenAdapter::ScreenAdapter(std::shared_ptr<ViewController> controller, Application& application,
+                             RefreshQueue& queue, QObject* parent)
+    : QObject(parent),
+      controller_(std::move(controller)),
+      application_(application),
+      queue_(queue),
+      statusChange_(application.status().onChange([this] { followStatus(); })) {}
+
+void ScreenAdapter::followStatus() {
+    if (isOffline())
+        cancelGrabs();
+    for (auto* const adapter : sending_)
+        adapter->setLocked(isOffline());
+    Q_EMIT statusChanged();
+}
+
+ItemListAdapter* ScreenAdapter::items() {
+    if (const auto* const list = dynamic_cast<const ItemList*>(controller_.get()); list && !items_)
+        items_ = new ItemListAdapter(*list, queue_, this);
+    return items_;
+}
 
 QString ScreenAdapter::name() const {
     return QString::fromStdString(controller_->view().name());
@@ -35,6 +54,10 @@ AdapterType* ScreenAdapter::adapter(const QString& name) {
     }
     auto* const made = new AdapterType(control, item->caption, queue_, this);
     adapters_.insert(name, made);
+    if (item->sends) {
+        sending_ << made;
+        made->setLocked(isOffline());
+    }
     return made;
 }
 

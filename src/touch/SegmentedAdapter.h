@@ -27,8 +27,11 @@ public:
 
     QStringList segments() const { return segments_; }
     int selected() const { return control_->selected(); }
-    /// The user taps a segment, 0-based. False if the control is disabled or has no such segment.
-    Q_INVOKABLE bool tap(int segment) { return control_->tapByUser(segment); }
+    /// The user taps a segment, 0-based, unless the control is disabled.
+    Q_INVOKABLE void tap(int segment) {
+        if (isEnabled())
+            control_->tapByUser(segment);
+    }
 
 private:
     std::shared_ptr<SegmentedControl> control_;

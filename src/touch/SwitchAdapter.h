@@ -20,8 +20,11 @@ public:
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
     bool isOn() const { return control_->isOn(); }
-    /// The user flips the switch. False if it is disabled.
-    Q_INVOKABLE bool flip(bool on) { return control_->flipByUser(on); }
+    /// The user flips the switch, unless it is disabled.
+    Q_INVOKABLE void flip(bool on) {
+        if (isEnabled())
+            control_->flipByUser(on);
+    }
 
 private:
     std::shared_ptr<Switch> control_;

@@ -2,17 +2,13 @@
 
 #include "touch/AppAdapter.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QLocale>
-#include <QQmlApplicationEngine>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTranslator>
-#include <QtQml/qqmlextensionplugin.h>
 
-#include <cstdio>
-
-Q_IMPORT_QML_PLUGIN(Lumbra_TouchPlugin)
+#include <utility>
 
 namespace lumbra {
 
@@ -37,14 +33,21 @@ WindowLife::Visibility visibilityOf(const QWindow& window) {
 
 TouchFrontEnd::TouchFrontEnd(Application& application, TouchOptions options)
     : application_(application),
-      options_(options),
+      options_(std::move(options)),
       life_({[&application] { application.resignActive(); },
              [&application] { application.enterBackground(); },
              [&application] { application.enterForeground(); },
              [&application] { application.becomeActive(); }}),
-      adapter_(std::make_unique<AppAdapter>(application, life_)) {}
+      adapter_(std::make_unique<AppAdapter>(application, life_, options_.endpoint)) {}
 
 TouchFrontEnd::~TouchFrontEnd() = default;
+
+void TouchFrontEnd::installTypeface() {
+    auto font = QGuiApplication::font();
+    // The other one is for a system without the first, and for letters that it lacks.
+    font.setFamilies({QStringLiteral("Inter"), font.family()});
+    QGuiApplication::setFont(font);
+}
 
 void TouchFrontEnd::installTranslation() {
     auto* const translator = new QTranslator(QCoreApplication::instance());
@@ -57,28 +60,20 @@ void TouchFrontEnd::installTranslation() {
 bool TouchFrontEnd::show() {
     application_.launch();
     QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, this, [this] { application_.terminate(); });
-    engine_ = std::make_unique<QQmlApplicationEngine>();
-    engine_->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine_->setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(adapter_.get())}});
-    engine_->load(QUrl(QStringLiteral("qrc:/qt/qml/Lumbra/Touch/qml/Main.qml")));
-    if (!engine_->rootObjects().isEmpty())
-        window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().constFirst());
-    if (!window_) {
-        std::fputs("lumbra-remote: The window can't be made; --console runs without one.\n", stderr);
+    window_ = std::make_unique<QmlWindow>(QStringLiteral("Main.qml"), QStringLiteral("app"), *adapter_);
+    if (!window())
         return false;
-    }
-    if (options_.fullscreen)
-        window_->showFullScreen();
-    else
-        window_->show();
-    QObject::connect(window_, &QWindow::visibilityChanged, this, &TouchFrontEnd::followWindow);
-    QObject::connect(window_, &QWindow::windowStateChanged, this, &TouchFrontEnd::followWindow);
+    if (options_.geometry.isValid())
+        window()->setGeometry(options_.geometry);
+    window_->show(options_.fullscreen);
+    QObject::connect(window(), &QWindow::visibilityChanged, this, &TouchFrontEnd::followWindow);
+    QObject::connect(window(), &QWindow::windowStateChanged, this, &TouchFrontEnd::followWindow);
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &TouchFrontEnd::followWindow);
     return true;
 }
 
 void TouchFrontEnd::followWindow() {
-    life_.setVisibility(visibilityOf(*window_));
+    life_.setVisibility(visibilityOf(*window()));
 }
 
 } // namespace lumbra

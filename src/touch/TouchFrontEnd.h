@@ -2,14 +2,15 @@
 
 #include "app/Application.h"
 #include "app/WindowLife.h"
+#include "touch/QmlWindow.h"
 
 #include <QObject>
+#include <QRect>
+#include <QString>
 
 #include <memory>
 
-class QQmlApplicationEngine;
 class QQuickWindow;
-class QTranslator;
 
 namespace lumbra {
 
@@ -18,6 +19,8 @@ class AppAdapter;
 /// Options of the window.
 struct TouchOptions {
     bool fullscreen = false; ///< for wall panels
+    QString endpoint = {};   ///< what is connected to, if it is not the unit's address
+    QRect geometry = {};     ///< of the window on the screen; empty: the default
 };
 
 /// The touch front end: one window over the application's controls. Needs a QGuiApplication, which should be
@@ -36,9 +39,11 @@ public:
     bool show();
 
     /// Null before `show`.
-    QQuickWindow* window() const { return window_; }
+    QQuickWindow* window() const { return window_ ? window_->window() : nullptr; }
     AppAdapter& adapter() { return *adapter_; }
 
+    /// Makes the program's typeface the application's.
+    static void installTypeface();
     /// Installs the translation for the system's language, if there is a catalogue for it.
     static void installTranslation();
 
@@ -49,8 +54,7 @@ private:
     TouchOptions options_;
     WindowLife life_;
     std::unique_ptr<AppAdapter> adapter_;
-    std::unique_ptr<QQmlApplicationEngine> engine_;
-    QQuickWindow* window_ = nullptr;
+    std::unique_ptr<QmlWindow> window_;
 };
 
 } // namespace lumbra

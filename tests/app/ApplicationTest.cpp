@@ -94,6 +94,49 @@ TEST(Life, ReconnectRunsTheConnectStepAndNothingElse) {
     EXPECT_EQ(remote.play("settle ; link opening ; connect ; sent [U1SERIAL0] [U1APPQ0] ; sockets 1"), "");
 }
 
+TEST(Status, FollowsTheLinkAndTheAnswer) {
+    const Scenario scenarios[] = {
+        {"an answer ends the wait; a late one too", R"(
+            status waiting ; wait 4.9 ; status waiting ; > U1APPQ0 ; status current ; wait 9 ; status current
+            tab group ; wait 4.9 ; status waiting ; wait 0.1 ; status silent ; > U1G1V-3 ; status silent
+            > U2APPQ4 ; status silent ; > U1APPQ4 ; status current ; end ; status offline)"},
+        {"each screen waits for its own answer, from its own start", R"(
+            wait 3 ; tab group ; wait 3 ; status waiting ; wait 2 ; status silent ; tab scene ; status waiting)"},
+        {"a link that opens anew, under a query that was never answered", R"(
+            wait 9 ; status silent ; end ; status offline ; away ; back ; status offline
+            hold ; connect ; status waiting ; settle ; status waiting ; wait 4 ; status waiting ; > U1APPQ0 ; status current)"},
+        {"without queries what the link brings is all there is", R"(
+            away ; set polling_preference false ; back ; connect ; > U1APPQ0 ; status current ; tab group ; status current)"},
+    };
+    for (const auto& scenario : scenarios) {
+        Remote remote;
+        remote.launch();
+        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
+    }
+}
+
+TEST(Life, KeepsConnectedIfAsked) {
+    const Scenario scenarios[] = {
+        {"after 2, 5, 10 and then every 30 s, without alerts", R"(
+            alerts 0 ; network off ; error ; alerts 1 ; wait 1.9 ; network on ; wait 0.1 ; link opening
+            error ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; network off ; error ; wait 10 ; wait 29.9
+            network on ; wait 0.1 ; link opening ; error ; wait 30 ; link opening ; alerts 0
+            connect ; > U1APPQ0 ; error ; alerts 1 ; wait 2 ; link opening)"},
+        {"a unit that hangs up before it answers is not asked ever faster", R"(
+            end ; wait 2 ; connect ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; alerts 0)"},
+        {"what the user starts fails aloud, and counts anew", R"(
+            end ; wait 2 ; error ; wait 5 ; error ; alerts 0 ; network off ; tab group ; alerts 1
+            network on ; wait 2 ; link opening)"},
+        {"nothing while the application is away", R"(
+            away ; wait 99 ; link closed ; back ; link opening ; error ; alerts 1 ; away ; wait 99 ; link closed)"},
+    };
+    for (const auto& scenario : scenarios) {
+        Remote remote(Reconnection::Automatic);
+        remote.launch();
+        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
+    }
+}
+
 TEST(Life, LeavesNothingBehind) {
     auto remote = std::make_unique<Remote>();
     remote->launch();

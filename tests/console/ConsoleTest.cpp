@@ -17,14 +17,16 @@ TEST(Console, PlaysItsTranscripts) {
             < {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%"}}
             $ tab scene
             < {"event":"screen","screen":"scene","tabs":["zone","group","override","scene"],"selected":3}
+            < {"event":"status","status":"waiting"}
             < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
             = tab ; ~ > U1Z1V-20 ; ~ > U1APPQ2
             < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":false}}
+            < {"event":"status","status":"current"}
             $ state
-            < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"}
-            $ "tab" "0" ; <~ "screen":"zone" ; <~ spinner ; = tab
+            < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open","status":"current"}
+            $ "tab" "0" ; <~ "screen":"zone" ; <~ waiting ; <~ spinner ; = tab
             $ tab override ; <... ; ~ > U1APPQ3 ; <... ; $ state
-            < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open"})"},
+            < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open","status":"current"})"},
         {"the tab on show selected again is stored and nothing appears", R"(
             $ set start_tab_preference 3 ; = set ; $ tab zone ; = tab ; ~ sent ; $ get start_tab_preference
             < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}})"},
@@ -41,6 +43,11 @@ TEST(Console, PlaysItsTranscripts) {
             $ pick sourcePicker 2 ; <~ "selected":2 ; = pick ; $ pick sourcePicker 2 ; = pick ; ~ sent [U1Z1I3] [U1Z1I3]
             $ tab scene ; $ pick scenePicker 4 ; <... ; ~ sent [U1APPQ2]
             $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
+        {"an item that changes beside the one on show, while watched", R"(
+            ~ > U1Z3V-35 ; $ watch on ; = watch ; ~ > U1Z3V-35 ; ~ > U1Z3V-20
+            < {"event":"item","screen":"zone","item":{"row":2,"name":"Zone 3","input":"Source 1","volume":-20,"text":"75%","mute":false}}
+            ~ > U1O1Z3 ; <~ zonePicker ; <~ "item":{"row":0,"name":"Zone 3" ; $ watch 1 ; = watch \"1\" is neither on nor off
+            $ watch off ; = watch ; ~ > U1Z3V-30)"},
         {"segments, and the controls they enable", R"(
             $ set advanced_mode_preference true ; $ app away ; $ app back ; ~ connect ; <... ; ~ sent [U1SERIAL0] [U1APPQ1]
             $ segment filterType1 0 ; = segment ; $ slide filterGain1 3 ; = slide filterGain1: disabled ; ~ sent
@@ -54,13 +61,14 @@ TEST(Console, PlaysItsTranscripts) {
         {"an alert is told each time it is asked for, one stands", R"(
             $ dismiss ; = dismiss no alert is on show ; ~ error
             < {"event":"link","link":"closed"}
+            < {"event":"status","status":"offline"}
             < {"event":"alert","title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"}
             ~ network off ; $ tab group ; <~ "event":"screen" ; = tab ; <~ "event":"alert"
             $ state
-            <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed"}
-            $ dismiss ; = dismiss ; $ dismiss ; <~ "ok":false ; $ state ; <~ "alert":null,"link":"closed"})"},
+            <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed","status":"offline","items":[{"row":0,"name":"Group 1","input":"Source 1","volume":-40,"text":"50%","mute":false,"power":true},{"row":1,
+            $ dismiss ; = dismiss ; $ dismiss ; <~ "ok":false ; $ state ; <~ "alert":null,"link":"closed")"},
         {"the application leaves and comes back to another address", R"(
-            $ app away ; <~ "link":"closed" ; = app ; $ set ip_address_preference 10.0.0.9 ; = set
+            $ app away ; <~ "link":"closed" ; <~ offline ; = app ; $ set ip_address_preference 10.0.0.9 ; = set
             $ app back ; = app ; <~ "link":"opening" ; ~ error ; <~ "link":"closed" ; <~ IP address 10.0.0.9.)"},
         {"single lifecycle events, and the mode that changes meanwhile", R"(
             $ set advanced_mode_preference true ; $ set start_tab_preference 2
@@ -101,6 +109,7 @@ TEST(Console, PlaysItsTranscripts) {
             $ pick sourcePicker 20 ; = pick sourcePicker: no row 20; there are 0 to 19
             $ pick sourcePicker -1 ; = pick sourcePicker: no row -1; there are 0 to 19
             $ pick sourcePicker 1.0 ; = pick sourcePicker: \"1.0\" is not a whole number
+            $ pick sourcePicker 99999999999999999999 ; = pick sourcePicker: no row 99999999999999999999; there are 0 to 19
             $ slide volumeSlider -inf ; = slide volumeSlider: \"-inf\" is not a number
             $ slide volumeSlider -30dB ; = slide volumeSlider: \"-30dB\" is not a number
             $ slide volumeSlider +-3 ; = slide volumeSlider: \"+-3\" is not a number
@@ -129,15 +138,19 @@ TEST(Console, PlaysItsTranscripts) {
             ~ wait 0.001 ; = wait ; <~ "reply":"tab","ok":false ; $ wait 0 ; ~ wait 0 ; = wait)"},
         {"an answer, one that is there already, one that does not come", R"(
             $ tab group ; $ wait answer 2 ; $ dismiss ; <... ; ~ wait 1.9 ; ~ > U2APPQ4 ; ~ > U1APPQ4
-            <~ spinner ; = wait ; <~ "reply":"dismiss" ; ~ wait 9
+            <~ spinner ; <~ current ; = wait ; <~ "reply":"dismiss" ; ~ wait 9
             $ wait answer ; = wait
             $ tab zone ; $ wait answer ; <... ; ~ wait 4.999 ; ~ wait 0.001
-            = wait the unit has not answered in time; the link is open)"},
+            <~ "silent" ; = wait the unit has not answered in time; the link is open)"},
+        {"a screen that is not answered is left for another: nothing is current in between", R"(
+            $ tab group ; <~ "screen" ; <~ waiting ; <~ spinner ; = tab ; $ tab scene ; <~ "screen" ; <~ spinner ; = tab
+            ~ wait 5 ; <~ silent ; $ tab group ; <~ "screen" ; <~ waiting ; = tab)"},
         {"a link, and the query that it starts", R"(
             $ app away ; $ wait closed ; $ app back ; $ wait open 1 ; $ wait answer ; <... ; ~ wait 0.9 ; ~ connect
-            <~ "link":"open" ; <~ "animating":true ; = wait ; ~ > U1APPQ0 ; <~ "animating":false ; = wait)"},
+            <~ "link":"open" ; <~ waiting ; <~ "animating":true ; = wait
+            ~ > U1APPQ0 ; <~ "animating":false ; <~ current ; = wait)"},
         {"a link that does not open", R"(
-            ~ end ; <~ "link":"closed" ; $ wait open 0.25 ; ~ wait 0.25 ; = wait the link is still closed, not open
+            ~ end ; <~ "link":"closed" ; <~ offline ; $ wait open 0.25 ; ~ wait 0.25 ; = wait the link is still closed, not open
             $ wait closed 0 ; = wait)"},
         {"the end of the input is behind the last command", R"(
             $ wait 3 ; $part switch muteSwitch on ; $end ; ~ wait 2.9 ; ~ sent

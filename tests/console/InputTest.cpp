@@ -66,8 +66,8 @@ TEST(Completion, OffersWhatMayStandThere) {
     remote.launch();
     const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"",
-         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "get", "set",
-          "unset", "app", "wait", "quit"}},
+         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "watch", "get",
+          "set", "unset", "app", "wait", "quit"}},
         {"s", {"state", "slide", "switch", "segment", "set"}},
         {"slide ", {"volumeSlider", "bassSlider", "trebleSlider"}},
         {"slide bassSlider ", {}},
@@ -75,12 +75,17 @@ TEST(Completion, OffersWhatMayStandThere) {
         {"switch muteSwitch o", {"on", "off"}},
         {"tab ", {"zone", "group", "override", "scene"}},
         {"set polling_preference ", {"true", "false"}},
+        {"set start_tab_preference ", {}},
+        {"set ip_address_preference ", {}},
+        {"watch ", {"on", "off"}},
         {"app b", {"become-active", "back"}},
         {"fly ", {}},
         {"tab zone zone ", {}},
     };
     for (const auto& [line, words] : cases)
         EXPECT_EQ(completions(remote.application, line), words) << line;
+    ASSERT_EQ(remote.play("tab scene"), "");
+    EXPECT_EQ(completions(remote.application, "press l"), std::vector<std::string>{"loadSceneButton"});
 }
 
 } // namespace

@@ -1,7 +1,11 @@
 #include "program/Options.h"
 
+#include "program/ApplicationHost.h"
 #include "program/TouchModulePath.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -37,6 +41,24 @@ TEST(Options, WrongOnesAreUsageErrors) {
             << line;
     for (const auto* line : {"--help", "--version", "--console --json --help"})
         EXPECT_TRUE(std::holds_alternative<InformationRequest>(parseOptions(split(line)))) << line;
+}
+
+// A guessed address must not be reached, nor stored before the user has answered.
+TEST(ApplicationHost, AsksForTheUnitOnlyWhereNoneIsKnown) {
+    int count = 0;
+    const QCoreApplication qt(count, nullptr);
+    const QTemporaryDir folder;
+    Options options;
+    options.settingsFile = folder.filePath(QStringLiteral("a.json"));
+    EXPECT_FALSE(ApplicationHost::knowsTheUnit(options));
+    EXPECT_FALSE(QFile::exists(options.settingsFile));
+    for (const auto* line : {"--demo", "--connect-to localhost:1"})
+        EXPECT_TRUE(ApplicationHost::knowsTheUnit(std::get<Options>(parseOptions(split(line))))) << line;
+    options.firstUnit = UnitPlace{"10.0.0.7", 3};
+    ApplicationHost host(options);
+    EXPECT_TRUE(ApplicationHost::knowsTheUnit(options));
+    const auto& link = host.application().link();
+    EXPECT_TRUE(link.ip_address() == "10.0.0.7" && link.unit == 3 && link.polling && !link.serial);
 }
 
 // Whoever starts the program in a folder of somebody else's must not load what lies there.

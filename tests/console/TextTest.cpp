@@ -47,7 +47,7 @@ TEST(Text, PlaysItsTranscript) {
     EXPECT_EQ(session.play(R"(
         < screen: [zone] group override scene
         < link: opening ; <   start_tab_preference  absent
-        $ tab scene ; < screen: zone group override [scene] ; < ok ; ~ connect ; < link: open ; < spinner: turning
+        $ tab scene ; < screen: zone group override [scene] ; < ok ; ~ connect ; < link: open ; < status: waiting ; < spinner: turning
         ~ > U1SP1N"Quiet)"
                            "\x1b[2J"
                            R"("
@@ -60,9 +60,10 @@ TEST(Text, PlaysItsTranscript) {
         <   loadSceneButton  button     "Recall"
         <   saveSceneButton  button     "Store"
         <   spinner          indicator  turning
+        < status: waiting
         $ set ip_address_preference "a b" ; < ok ; $ get ip_address_preference ; <   ip_address_preference  "a b"
         $ unset ip_address_preference ; < ok ; $ get ip_address_preference ; <   ip_address_preference  absent
-        ~ error ; < link: closed ; < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
+        ~ error ; < link: closed ; < status: offline ; < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
         $ tab zone ; ~ connect ; ~ > U1Z1N"Hall" ; ~ > U1APPQ0 ; ~ network off ; ~ error ; $ tab group ; $ tab zone ; <...
         $ state
         < zone screen, link closed; tabs: [zone] group override scene
@@ -73,6 +74,7 @@ TEST(Text, PlaysItsTranscript) {
         <   muteSwitch      switch     off
         <~ loudnessSwitch ; <~ bassSlider ; <~ bassLabel ; <~ trebleSlider ; <~ trebleLabel ; <~ stopped
         < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
+        < status: offline ; < items:
         $ dismiss ; < ok ; $ quit ; < ok ; exit 1)"),
               "");
 }

@@ -145,7 +145,7 @@ TEST(OutputScreen, PlaysItsOwn) {
             > U1O1M0 ; show muteSwitch - off
             > U1O2P1 ; > U1O17P1 ; show muteSwitch - off
             pick outputPicker 1 ; show muteSwitch - off ; show powerSwitch on
-            pick outputPicker 15 ; show powerSwitch on)"},
+            pick outputPicker 15 ; show powerSwitch on ; pick outputPicker 0 ; show powerSwitch off)"},
         {"power is sent and left to the unit", R"(
             switch powerSwitch off ; sent [U1O1P0] ; show muteSwitch off)"},
         {"bands by type: segment, enabled sliders, labels", R"(

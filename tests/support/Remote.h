@@ -59,7 +59,7 @@ std::string runSteps(std::string_view script, Run run) {
 ///
 ///     sent [U1Z3V-20] [U1Z3M1]        all that was sent since the last such step; nothing behind it: nothing was
 ///     show volumeLabel 62%            what a control shows
-///     link open                       the link's state; likewise alert, screen, sockets, stored KEY
+///     link open                       the link's state; likewise status, alert, screen, sockets, stored KEY
 ///     alerts 1                        how many alerts were asked for since the last such step
 ///     peer 10.0.0.9:23                whereto the newest pair of streams leads
 ///     calls input.open output.open    all calls of the newest pair's streams since the last such step
@@ -77,7 +77,10 @@ public:
     ScriptedStreamFactory streams;
     SwitchableReachability reachability;
     MemorySettingsStore settings;
-    Application application{Platform{queue, worker, streams, reachability, settings}};
+    Application application;
+
+    explicit Remote(Reconnection reconnection = Reconnection::ByUser)
+        : application({queue, worker, streams, reachability, settings}, reconnection) {}
 
     /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is forgotten.
     void launch(bool connected = true) {
@@ -205,6 +208,7 @@ private:
             {"calls", [&] { return joined(std::exchange(streams.last().calls, {})); }},
             {"peer", [&] { return streams.last().host + ":" + std::to_string(streams.last().port); }},
             {"link", [&] { return LINK_STATES[static_cast<std::size_t>(application.link().linkState())]; }},
+            {"status", [&] { return std::string(nameOf(application.status().status())); }},
             {"screen", [&] { return screen().name(); }},
             {"alerts", [&] { return std::to_string(std::exchange(alertCount_, 0)); }},
             {"alert",

@@ -37,8 +37,7 @@ protected:
 
 TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
-    frame();
-    frame();
+    ASSERT_EQ(remote.play("> U1APPQ0 ; wait 5"), "");
     int told = 0;
     QObject::connect(slider, &Adapter::changed, slider, [&told] { ++told; });
     for (int report = 0; report < 100; ++report)
@@ -141,6 +140,7 @@ TEST_F(Adapters, OnASlowNetworkTheLastValueArrives) {
 // What a window's fingers seldom do; the others are played in the window.
 TEST_F(Adapters, OddHandsMoveNoSlider) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
+    EXPECT_EQ(screen().slider(QStringLiteral("muteSwitch")), nullptr) << "a control of another kind";
     auto finger = std::make_unique<SliderGrab>();
     finger->setSlider(slider);
     EXPECT_FALSE(finger->dragToValue(-30) || finger->moveBy(1)) << "it was not put down";

@@ -1,6 +1,7 @@
 #include "Remote.h"
 #include "app/WindowLife.h"
 #include "touch/DisplayGuard.h"
+#include "touch/FirstRun.h"
 #include "touch/TouchFrontEnd.h"
 
 #include <QGuiApplication>
@@ -9,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace lumbra {
 namespace {
@@ -47,6 +49,35 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
                                                        : WindowLife::Visibility::Hidden);
         }
         EXPECT_EQ(events, expected) << what;
+    }
+}
+
+// What the page gives is what was typed, once, and not before the button is pressed.
+TEST(FirstRun, TellsWhatWasAnswered) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 0;
+    const QGuiApplication qt(count, nullptr);
+    for (const bool wantsDemo : {false, true}) {
+        std::vector<std::string> answers;
+        FirstRun first([&](const auto& unit) {
+            answers.push_back(unit ? unit->address + " " + std::to_string(unit->unit) : "demo");
+        });
+        ASSERT_TRUE(first.show(false));
+        const auto press = [](const char* name, const char* property = nullptr, const QVariant& value = {}) {
+            for (auto* const window : QGuiApplication::topLevelWindows())
+                if (auto* const item = window->findChild<QObject*>(QString::fromLatin1(name)))
+                    property ? item->setProperty(property, value)
+                             : QMetaObject::invokeMethod(item, "clicked");
+        };
+        press("connectButton");
+        press("addressField", "text", QStringLiteral("10.0.0.7"));
+        press("unitChoice", "selected", 2);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(answers, std::vector<std::string>{}) << "there was no address to connect to";
+        press(wantsDemo ? "demoButton" : "connectButton");
+        press("connectButton");
+        QCoreApplication::processEvents();
+        EXPECT_EQ(answers, std::vector<std::string>{wantsDemo ? "demo" : "10.0.0.7 3"});
     }
 }
 

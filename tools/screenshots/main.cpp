@@ -30,7 +30,7 @@ using namespace lumbra;
 
 namespace {
 
-constexpr QSize SIZES[] = {{360, 640}, {800, 480}, {1280, 800}};
+constexpr QSize SIZES[] = {{360, 640}, {800, 480}, {1280, 800}, {1920, 1080}};
 
 /// Runs the event loop until `done` says so. False after ten seconds.
 template <class Done>
@@ -136,7 +136,7 @@ private:
 
 } // namespace
 
-/// Renders every screen from a simulated unit: lumbra-screenshots FOLDER.
+/// Renders every screen from a simulated unit, in the system's language: lumbra-screenshots FOLDER.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication qt(argc, argv);
@@ -144,6 +144,8 @@ int main(int argc, char** argv) {
         std::fputs("usage: lumbra-screenshots FOLDER\n", stderr);
         return 2;
     }
+    TouchFrontEnd::installTypeface();
+    TouchFrontEnd::installTranslation();
     for (const bool advanced : {false, true})
         if (!Studio(QString::fromLocal8Bit(argv[1]), advanced).run())
             return 1;

@@ -34,6 +34,18 @@
         <source>%1, %2</source>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>Connections go to %1.</source>
+        <translation>Verbindungen gehen an %1.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Change address</source>
+        <translation>Adresse ändern</translation>
+    </message>
 </context>
 <context>
     <name>BandHandle</name>
@@ -61,19 +73,38 @@
     </message>
 </context>
 <context>
+    <name>FirstRunPage</name>
+    <message>
+        <source>Lumbra Remote</source>
+        <translation>Lumbra Remote</translation>
+    </message>
+    <message>
+        <source>Where is your unit?</source>
+        <translation>Wo ist Ihre Einheit?</translation>
+    </message>
+    <message>
+        <source>Type its address, as your installer or your router shows it.</source>
+        <translation>Geben Sie ihre Adresse ein, wie Ihr Installateur oder Ihr Router sie anzeigt.</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Unit number</source>
+        <translation>Nummer der Einheit</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Try the demo</source>
+        <translation>Demo ausprobieren</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
-    <message>
-        <source>connected</source>
-        <translation>verbunden</translation>
-    </message>
-    <message>
-        <source>connecting</source>
-        <translation>verbindet</translation>
-    </message>
-    <message>
-        <source>not connected</source>
-        <translation>nicht verbunden</translation>
-    </message>
     <message>
         <source>Unit at %1, %2</source>
         <translation>Einheit unter %1, %2</translation>
@@ -85,6 +116,49 @@
     <message>
         <source>Reconnect</source>
         <translation>Neu verbinden</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindet</translation>
+    </message>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Wartet auf die Einheit</translation>
+    </message>
+    <message>
+        <source>Connected, unit %1 does not answer</source>
+        <translation>Verbunden, Einheit %1 antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Not connected, trying again</source>
+        <translation>Nicht verbunden, neuer Versuch folgt</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>ItemList</name>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3, %4</source>
+        <translation>%1, %2, %3, %4</translation>
     </message>
 </context>
 <context>
@@ -113,6 +187,13 @@
     <message>
         <source>Band</source>
         <translation>Band</translation>
+    </message>
+</context>
+<context>
+    <name>PickList</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -391,6 +472,10 @@
     <message>
         <source>%1 hertz</source>
         <translation>%1 Hertz</translation>
+    </message>
+    <message>
+        <source>Simulated unit</source>
+        <translation>Simulierte Einheit</translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,18 @@
         <source>%1, %2</source>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>Connections go to %1.</source>
+        <translation>Las conexiones van a %1.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Change address</source>
+        <translation>Cambiar dirección</translation>
+    </message>
 </context>
 <context>
     <name>BandHandle</name>
@@ -61,19 +73,38 @@
     </message>
 </context>
 <context>
+    <name>FirstRunPage</name>
+    <message>
+        <source>Lumbra Remote</source>
+        <translation>Lumbra Remote</translation>
+    </message>
+    <message>
+        <source>Where is your unit?</source>
+        <translation>¿Dónde está su unidad?</translation>
+    </message>
+    <message>
+        <source>Type its address, as your installer or your router shows it.</source>
+        <translation>Escriba su dirección, tal como la indica su instalador o su router.</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Dirección</translation>
+    </message>
+    <message>
+        <source>Unit number</source>
+        <translation>Número de unidad</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Conectar</translation>
+    </message>
+    <message>
+        <source>Try the demo</source>
+        <translation>Probar la demo</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
-    <message>
-        <source>connected</source>
-        <translation>conectado</translation>
-    </message>
-    <message>
-        <source>connecting</source>
-        <translation>conectando</translation>
-    </message>
-    <message>
-        <source>not connected</source>
-        <translation>sin conexión</translation>
-    </message>
     <message>
         <source>Unit at %1, %2</source>
         <translation>Unidad en %1, %2</translation>
@@ -85,6 +116,49 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconectar</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Conectado</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Conectando</translation>
+    </message>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Esperando a la unidad</translation>
+    </message>
+    <message>
+        <source>Connected, unit %1 does not answer</source>
+        <translation>Conectado, la unidad %1 no responde</translation>
+    </message>
+    <message>
+        <source>Not connected, trying again</source>
+        <translation>Sin conexión, se reintentará</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Sin conexión</translation>
+    </message>
+</context>
+<context>
+    <name>ItemList</name>
+    <message>
+        <source>Off</source>
+        <translation>Apagado</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Silenciado</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3, %4</source>
+        <translation>%1, %2, %3, %4</translation>
     </message>
 </context>
 <context>
@@ -113,6 +187,13 @@
     <message>
         <source>Band</source>
         <translation>Banda</translation>
+    </message>
+</context>
+<context>
+    <name>PickList</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -391,6 +472,10 @@
     <message>
         <source>%1 hertz</source>
         <translation>%1 hercios</translation>
+    </message>
+    <message>
+        <source>Simulated unit</source>
+        <translation>Unidad simulada</translation>
     </message>
 </context>
 <context>

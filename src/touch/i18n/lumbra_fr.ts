@@ -34,6 +34,18 @@
         <source>%1, %2</source>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>Connections go to %1.</source>
+        <translation>Les connexions vont à %1.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Change address</source>
+        <translation>Changer l’adresse</translation>
+    </message>
 </context>
 <context>
     <name>BandHandle</name>
@@ -61,19 +73,38 @@
     </message>
 </context>
 <context>
+    <name>FirstRunPage</name>
+    <message>
+        <source>Lumbra Remote</source>
+        <translation>Lumbra Remote</translation>
+    </message>
+    <message>
+        <source>Where is your unit?</source>
+        <translation>Où est votre unité ?</translation>
+    </message>
+    <message>
+        <source>Type its address, as your installer or your router shows it.</source>
+        <translation>Saisissez son adresse, telle que l’indique votre installateur ou votre routeur.</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Unit number</source>
+        <translation>Numéro de l’unité</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connecter</translation>
+    </message>
+    <message>
+        <source>Try the demo</source>
+        <translation>Essayer la démo</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
-    <message>
-        <source>connected</source>
-        <translation>connecté</translation>
-    </message>
-    <message>
-        <source>connecting</source>
-        <translation>connexion</translation>
-    </message>
-    <message>
-        <source>not connected</source>
-        <translation>non connecté</translation>
-    </message>
     <message>
         <source>Unit at %1, %2</source>
         <translation>Unité à %1, %2</translation>
@@ -85,6 +116,49 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconnecter</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Connexion</translation>
+    </message>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Attente de l’unité</translation>
+    </message>
+    <message>
+        <source>Connected, unit %1 does not answer</source>
+        <translation>Connecté, l’unité %1 ne répond pas</translation>
+    </message>
+    <message>
+        <source>Not connected, trying again</source>
+        <translation>Non connecté, nouvel essai à venir</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Non connecté</translation>
+    </message>
+</context>
+<context>
+    <name>ItemList</name>
+    <message>
+        <source>Off</source>
+        <translation>Éteint</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Muet</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <translation>%1, %2, %3</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3, %4</source>
+        <translation>%1, %2, %3, %4</translation>
     </message>
 </context>
 <context>
@@ -113,6 +187,13 @@
     <message>
         <source>Band</source>
         <translation>Bande</translation>
+    </message>
+</context>
+<context>
+    <name>PickList</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -391,6 +472,10 @@
     <message>
         <source>%1 hertz</source>
         <translation>%1 hertz</translation>
+    </message>
+    <message>
+        <source>Simulated unit</source>
+        <translation>Unité simulée</translation>
     </message>
 </context>
 <context>

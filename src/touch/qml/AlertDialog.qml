@@ -7,7 +7,8 @@ import Lumbra.Touch
 Dialog {
     id: root
 
-    required property AlertAdapter alert
+    required property AppAdapter app
+    readonly property AlertAdapter alert: app.alert
 
     anchors.centerIn: T.Overlay.overlay
     width: Math.min(420, T.Overlay.overlay ? T.Overlay.overlay.width - 2 * Theme.gap : 420)
@@ -57,6 +58,34 @@ Dialog {
                 wrapMode: Text.Wrap
                 color: Theme.text
                 font.pixelSize: Theme.bodyText
+            }
+            Text {
+                objectName: "alertEndpoint"
+                width: parent.width
+                visible: root.app.link.redirected
+                text: Speech.format(qsTr("Connections go to %1."), [root.app.link.address])
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: Theme.dimText
+                font.pixelSize: Theme.bodyText
+            }
+            ActionButton {
+                objectName: "retryButton"
+                width: parent.width
+                text: qsTr("Try again")
+                onClicked: {
+                    root.alert.dismiss();
+                    root.app.link.reconnect();
+                }
+            }
+            ActionButton {
+                objectName: "changeAddressButton"
+                width: parent.width
+                text: qsTr("Change address")
+                onClicked: {
+                    root.alert.dismiss();
+                    root.app.settings.open();
+                }
             }
             ActionButton {
                 objectName: "alertButton"

@@ -3,19 +3,21 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// The header: the title of the screen, the address of the unit, the state of the link, and the button of the
-/// settings.
+/// The header: the title of the screen, the state of the link, what is connected to, and the buttons that
+/// reconnect and open the settings. Its height does not depend on any state.
 Rectangle {
     id: root
 
     required property AppAdapter app
     readonly property ActivityAdapter activity: app.screen ? app.screen.activity("spinner") : null
+    readonly property bool closed: app.link.state === LinkAdapter.NotConnected || app.link.state === LinkAdapter.Retrying
 
     readonly property color stateColor: {
         switch (app.link.state) {
-        case LinkAdapter.Connected:
+        case LinkAdapter.Current:
             return Theme.good;
         case LinkAdapter.Connecting:
+        case LinkAdapter.Waiting:
             return Theme.waiting;
         default:
             return Theme.bad;
@@ -23,26 +25,29 @@ Rectangle {
     }
     readonly property string stateText: {
         switch (app.link.state) {
-        case LinkAdapter.Connected:
-            return qsTr("connected");
+        case LinkAdapter.Current:
+            return qsTr("Connected");
         case LinkAdapter.Connecting:
-            return qsTr("connecting");
+            return qsTr("Connecting");
+        case LinkAdapter.Waiting:
+            return qsTr("Waiting for the unit");
+        case LinkAdapter.Silent:
+            return Speech.format(qsTr("Connected, unit %1 does not answer"), [app.link.unit]);
+        case LinkAdapter.Retrying:
+            return qsTr("Not connected, trying again");
         default:
-            return qsTr("not connected");
+            return qsTr("Not connected");
         }
     }
+    readonly property bool narrow: width < 480 * Theme.textScale
 
-    implicitHeight: Math.max(Theme.target + 8, texts.implicitHeight + 12) + (reconnect.visible ? reconnect.height + 8 : 0)
+    implicitHeight: Math.max(Theme.target + 16, texts.implicitHeight + 8)
     color: Theme.surface
 
     RowLayout {
-        id: row
-
-        anchors.left: parent.left
-        anchors.right: parent.right
+        anchors.fill: parent
         anchors.leftMargin: Theme.gap
         anchors.rightMargin: 4
-        height: Math.max(Theme.target + 8, texts.implicitHeight + 12)
         spacing: Theme.smallGap
 
         ColumnLayout {
@@ -62,8 +67,7 @@ Rectangle {
             }
             GridLayout {
                 Layout.fillWidth: true
-                // Large texts in a small window take two lines.
-                columns: root.width < 340 * Theme.textScale ? 1 : 2
+                columns: root.narrow ? 1 : 2
                 columnSpacing: Theme.gap
                 rowSpacing: 0
                 Accessible.role: Accessible.StaticText
@@ -73,10 +77,14 @@ Rectangle {
                     objectName: "linkState"
                     // A layout rounds widths down, which would elide the last letters.
                     Layout.preferredWidth: Math.ceil(implicitWidth) + 1
+                    Layout.maximumWidth: Math.ceil(implicitWidth) + 1
+                    Layout.fillWidth: true
                     leftPadding: 16
                     text: root.stateText
                     color: root.stateColor
                     font.pixelSize: Theme.smallText
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: Theme.tinyText
                     Accessible.ignored: true
 
                     Rectangle {
@@ -101,7 +109,21 @@ Rectangle {
             objectName: "busy"
             Layout.preferredWidth: 28
             Layout.preferredHeight: 28
+            // A query that was never answered is not awaited once the link is closed.
+            visible: !root.closed
             running: root.activity ? root.activity.animating : false
+        }
+        ActionButton {
+            objectName: "reconnectButton"
+            visible: root.closed
+            prominent: true
+            text: qsTr("Reconnect")
+            onClicked: root.app.link.reconnect()
+            // A button that is gone must not keep the keyboard focus.
+            onVisibleChanged: {
+                if (!visible && activeFocus)
+                    nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
+            }
         }
         T.AbstractButton {
             id: gear
@@ -131,26 +153,6 @@ Rectangle {
                     anchors.margins: 2
                 }
             }
-        }
-    }
-    ActionButton {
-        id: reconnect
-
-        objectName: "reconnectButton"
-        anchors.top: row.bottom
-        x: Theme.gap
-        width: Math.min(parent.width - 2 * Theme.gap, 480)
-        visible: root.app.link.state === LinkAdapter.NotConnected
-        prominent: true
-        text: qsTr("Reconnect")
-        onClicked: {
-            if (visible)
-                root.app.link.reconnect();
-        }
-        // A button that is gone must not keep the keyboard focus.
-        onVisibleChanged: {
-            if (!visible && activeFocus)
-                nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
         }
     }
 }

@@ -22,6 +22,8 @@ T.ApplicationWindow {
     minimumHeight: 360
     title: qsTr("Lumbra Remote")
     color: Theme.background
+    // Else controls would take the platform's.
+    font: Qt.application.font
 
     Item {
         id: frame
@@ -107,7 +109,7 @@ T.ApplicationWindow {
         function load() {
             if (shown)
                 setSource("AlertDialog.qml", {
-                    alert: window.app.alert
+                    app: window.app
                 });
             else
                 setSource("");

@@ -8,6 +8,7 @@ ScreenPage {
     id: page
 
     required property ScreenAdapter screen
+    current: screen.current
 
     GridLayout {
         width: parent.width

@@ -6,7 +6,9 @@ Flickable {
     id: root
 
     default property alias content: holder.data
-    property int maximumWidth: 1120
+    property int maximumWidth: 1760
+    /// The values shown are what the unit has reported.
+    property bool current: true
     /// The parts are side by side.
     readonly property bool wide: width >= Theme.columnsWidth
     /// The number of rows of a wheel that is beside other parts.
@@ -43,10 +45,12 @@ Flickable {
     Item {
         id: holder
 
+        objectName: "values"
         x: (root.width - width) / 2
         y: Theme.gap
         width: Math.min(root.width - 2 * Theme.gap, root.maximumWidth)
         height: childrenRect.height
+        opacity: root.current ? 1 : Theme.stale
     }
     // While the page scrolls, the mouse wheel keeps scrolling it and does not turn controls that pass under
     // the pointer.
@@ -71,15 +75,7 @@ Flickable {
             }
         }
     }
-    Rectangle {
-        parent: root
-        anchors.right: parent.right
-        anchors.rightMargin: 2
-        y: root.visibleArea.yPosition * root.height
-        width: 4
-        height: root.visibleArea.heightRatio * root.height
-        radius: 2
-        visible: root.visibleArea.heightRatio < 1
-        color: Theme.outline
+    ScrollMark {
+        view: root
     }
 }

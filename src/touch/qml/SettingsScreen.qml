@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Lumbra.Touch
 
@@ -20,7 +19,7 @@ FocusScope {
         id: header
 
         width: parent.width
-        height: Math.max(Theme.row, title.implicitHeight) + 8
+        height: Math.max(Theme.row, title.implicitHeight) + 16
         color: Theme.surface
 
         FittedText {
@@ -41,7 +40,7 @@ FocusScope {
 
             objectName: "doneButton"
             anchors.right: parent.right
-            anchors.rightMargin: 4
+            anchors.rightMargin: Theme.gap
             anchors.verticalCenter: parent.verticalCenter
             prominent: true
             text: qsTr("Done")
@@ -62,58 +61,25 @@ FocusScope {
             SettingCaption {
                 text: root.settings.caption("ip_address_preference")
             }
-            TextField {
-                id: address
-
-                objectName: "addressField"
+            AddressField {
                 Layout.fillWidth: true
-                implicitHeight: Theme.row
                 focus: true
+                name: root.settings.caption("ip_address_preference")
                 text: root.settings.address
-                onTextEdited: root.settings.address = text
+                hint: root.settings.addressHint
+                onEdited: text => root.settings.address = text
                 onAccepted: root.settings.close()
-                inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhPreferNumbers
-                selectByMouse: true
-                font.pixelSize: Theme.bodyText
-                color: Theme.text
-                selectionColor: Theme.accent
-                selectedTextColor: Theme.accentText
-                Accessible.role: Accessible.EditableText
-                Accessible.name: root.settings.caption("ip_address_preference")
-                Accessible.description: root.settings.addressHint
-                background: Rectangle {
-                    color: Theme.surface
-                    radius: Theme.radius
-                    border.color: address.activeFocus ? Theme.accent : Theme.outline
-                    border.width: address.activeFocus ? 2 : 1
-                }
-            }
-            Text {
-                objectName: "addressHint"
-                Layout.fillWidth: true
-                visible: text !== ""
-                text: root.settings.addressHint
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                color: Theme.waiting
-                font.pixelSize: Theme.smallText
             }
             SettingCaption {
                 text: root.settings.caption("unit_number_preference")
             }
-            ChoiceRow {
-                objectName: "unitChoice"
+            UnitChoice {
                 Layout.fillWidth: true
-                columns: choices.length
                 name: root.settings.caption("unit_number_preference")
-                choices: {
-                    const numbers = [];
-                    for (let unit = root.settings.minimumUnit; unit <= root.settings.maximumUnit; ++unit)
-                        numbers.push(unit.toString());
-                    return numbers;
-                }
-                selected: root.settings.unit - root.settings.minimumUnit
-                onChosen: choice => root.settings.unit = choice + root.settings.minimumUnit
+                minimum: root.settings.minimumUnit
+                maximum: root.settings.maximumUnit
+                selected: root.settings.unit - minimum
+                onChosen: choice => root.settings.unit = choice + minimum
             }
             SwitchBase {
                 objectName: "pollingSwitch"

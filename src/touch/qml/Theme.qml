@@ -7,6 +7,7 @@ QtObject {
     readonly property color background: "#101418"
     readonly property color surface: "#1b2127"
     readonly property color raised: "#28313a"
+    readonly property color hover: "#222a31"
     readonly property color outline: "#7d8b99"
     readonly property color text: "#f2f5f7"
     readonly property color dimText: "#b4c0cb"
@@ -26,7 +27,12 @@ QtObject {
     readonly property int smallText: Math.round(13 * textScale)
     readonly property int bodyText: Math.round(15 * textScale)
     readonly property int titleText: Math.round(20 * textScale)
+    /// The name of the item and its level, to be read from two metres.
+    readonly property int itemText: Math.round(28 * textScale)
+    readonly property int levelText: Math.round(64 * textScale)
     readonly property int hugeText: Math.round(34 * textScale)
+    /// The opacity of values that the unit has not confirmed.
+    readonly property real stale: 0.5
 
     /// The smallest size of a touch target.
     readonly property int target: 48
@@ -40,4 +46,8 @@ QtObject {
     readonly property int railWidth: 840
     /// The screen width from which its parts are side by side.
     readonly property int columnsWidth: 600
+    /// The window height from which the inputs are a list.
+    readonly property int listHeight: 480
+    /// The window width from which texts can be read from two metres.
+    readonly property int largeWidth: 800
 }

@@ -1,0 +1,63 @@
+#include "app/KeepConnected.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::array<std::chrono::seconds, 4> DELAYS{2s, 5s, 10s, 30s};
+
+} // namespace
+
+KeepConnected::KeepConnected(Surroundings surroundings)
+    : with_(std::move(surroundings)),
+      links_(with_.link.onLinkChange([this] { schedule(); })),
+      statuses_(with_.status.onChange([this] {
+          if (with_.status.status() != ScreenStatus::Current)
+              return;
+          attempts_ = 0;
+          with_.alerts.setMuted(false);
+      })) {}
+
+void KeepConnected::setActive(bool active) {
+    isActive_ = active;
+    with_.alerts.setMuted(false);
+    schedule();
+}
+
+void KeepConnected::userConnects() {
+    attempts_ = 0;
+    with_.alerts.setMuted(false);
+    due_.reset();
+    schedule();
+}
+
+void KeepConnected::schedule() {
+    if (!isActive_ || with_.link.linkState() != LinkState::Closed) {
+        due_.reset();
+        return;
+    }
+    if (due_)
+        return; // the address has changed
+    due_ = std::make_shared<char>();
+    with_.queue.postAfter(DELAYS[std::min(attempts_, DELAYS.size() - 1)], [this, due = std::weak_ptr(due_)] {
+        if (!due.expired())
+            attempt();
+    });
+}
+
+void KeepConnected::attempt() {
+    ++attempts_;
+    with_.alerts.setMuted(true);
+    due_.reset();
+    with_.connect();
+    schedule(); // an attempt that fails before it has streams does not change the link
+}
+
+} // namespace lumbra

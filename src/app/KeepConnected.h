@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/StatusMonitor.h"
+#include "link/ServerConnection.h"
+#include "platform/MainQueue.h"
+#include "toolkit/Alert.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+
+namespace lumbra {
+
+/// Connects again by itself, for wall panels: while the link is closed and the application is active, runs
+/// the connect step after 2, 5, 10 and then every 30 s. The alerts of these attempts are not presented. The
+/// delays begin anew once a screen is current. Main thread only.
+class KeepConnected {
+public:
+    /// What it needs of the application. All outlive this object.
+    struct Surroundings {
+        ServerConnection& link;
+        StatusMonitor& status;
+        AlertPresenter& alerts;
+        MainQueue& queue;
+        std::function<void()> connect; ///< runs the connect step of the current screen
+    };
+    explicit KeepConnected(Surroundings surroundings);
+
+    /// The application has become active, or has resigned.
+    void setActive(bool active);
+    /// The user connects: the alert of a failure is presented again.
+    void userConnects();
+
+private:
+    void schedule();
+    void attempt();
+
+    Surroundings with_;
+    bool isActive_ = false;
+    std::size_t attempts_ = 0;  ///< since a screen was current
+    std::shared_ptr<char> due_; ///< the next attempt; null if none is due
+    Subscription links_;
+    Subscription statuses_;
+};
+
+} // namespace lumbra

@@ -1,0 +1,60 @@
+#include "app/StatusMonitor.h"
+
+#include <utility>
+
+namespace lumbra {
+
+StatusMonitor::StatusMonitor(TabBarController& tabs, ServerConnection& link, MainQueue& queue)
+    : tabs_(tabs), link_(link), queue_(queue) {}
+
+void StatusMonitor::start() {
+    screens_ = tabs_.onScreenChange([this] { screenChanged(); });
+    links_ = link_.onLinkChange([this] { linkChanged(); });
+}
+
+void StatusMonitor::screenChanged() {
+    auto spinner = tabs_.selectedViewController()->view().outlet<ActivityIndicator>("spinner").lock();
+    if (spinner == spinner_)
+        return; // other tabs around the same screen
+    spinner_ = std::move(spinner);
+    spinnerChange_ = spinner_->onChange([this] {
+        queryIsDue_ = false;
+        update();
+    });
+    queryIsDue_ = link_.isConnected() && link_.polling;
+    wait_.reset();
+    update();
+}
+
+void StatusMonitor::linkChanged() {
+    if (const bool isOpen = link_.isConnected(); isOpen != std::exchange(wasOpen_, isOpen))
+        queryIsDue_ = isOpen && link_.polling;
+    update();
+}
+
+bool StatusMonitor::isWaiting() const {
+    return queryIsDue_ || (spinner_ && spinner_->isAnimating());
+}
+
+void StatusMonitor::update() {
+    auto status = !link_.isConnected() ? ScreenStatus::Offline
+                  : isWaiting()        ? ScreenStatus::Waiting
+                                       : ScreenStatus::Current;
+    if (status != ScreenStatus::Waiting) {
+        wait_.reset();
+    } else if (wait_) {
+        return; // waiting or silent already
+    } else {
+        wait_ = std::make_shared<char>();
+        queue_.postAfter(PATIENCE, [this, wait = std::weak_ptr(wait_)] {
+            if (wait.expired())
+                return;
+            status_ = ScreenStatus::Silent;
+            changed_.emit();
+        });
+    }
+    if (std::exchange(status_, status) != status)
+        changed_.emit();
+}
+
+} // namespace lumbra

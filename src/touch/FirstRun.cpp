@@ -1,0 +1,56 @@
+#include "touch/FirstRun.h"
+
+#include "touch/AddressHint.h"
+
+#include <QQuickWindow>
+
+#include <utility>
+
+namespace lumbra {
+
+FirstRun::FirstRun(Answered answered) : answered_(std::move(answered)) {}
+
+bool FirstRun::show(bool fullscreen) {
+    window_ = std::make_unique<QmlWindow>(QStringLiteral("FirstRunPage.qml"), QStringLiteral("first"), *this);
+    if (!window_->window())
+        return false;
+    window_->show(fullscreen);
+    return true;
+}
+
+QRect FirstRun::geometry() const {
+    return window_->window()->geometry();
+}
+
+int FirstRun::minimumUnit() {
+    return static_cast<int>(MIN_UNIT_NUMBER);
+}
+
+int FirstRun::maximumUnit() {
+    return static_cast<int>(MAX_UNIT_NUMBER);
+}
+
+QString FirstRun::hintFor(const QString& address) {
+    return addressHint(address);
+}
+
+void FirstRun::connectTo(const QString& address, int unit) {
+    answer(UnitPlace{address.toStdString(), unit});
+}
+
+void FirstRun::tryDemo() {
+    answer(std::nullopt);
+}
+
+void FirstRun::answer(const std::optional<UnitPlace>& unit) {
+    // The answer may destroy the window, which must not happen inside a press of its button.
+    QMetaObject::invokeMethod(
+        this,
+        [this, unit] {
+            if (const auto answered = std::exchange(answered_, nullptr))
+                answered(unit);
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace lumbra

@@ -1,0 +1,32 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Lumbra.Touch
+
+/// The inputs to pick from for the selected item.
+PickList {
+    id: root
+
+    model: picker.rows
+    delegate: PickRow {
+        id: row
+
+        required property int index
+        required property string display
+
+        width: GridView.view.cellWidth
+        height: root.rowHeight
+        text: display
+        selected: index === root.picker.selected
+        marked: GridView.isCurrentItem && root.keyed
+        onPicked: text => root.pick(index, text)
+
+        FittedText {
+            anchors.fill: parent
+            leftPadding: 18
+            rightPadding: 8
+            text: row.display
+            font.bold: row.selected
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,77 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Lumbra.Touch
+
+/// All items of the screen with their input, level and mute.
+PickList {
+    id: root
+
+    required property ItemListAdapter items
+
+    model: items.rows
+    rowHeight: Math.max(56, Math.round(Theme.row * 1.17))
+    delegate: PickRow {
+        id: row
+
+        required property int index
+        required property string name
+        required property string input
+        required property string level
+        required property bool mute
+        required property bool power
+        readonly property string state: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
+
+        width: GridView.view.cellWidth
+        height: root.rowHeight
+        text: name
+        spoken: state === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, state])
+        selected: index === root.picker.selected
+        marked: GridView.isCurrentItem && root.keyed
+        onPicked: text => root.pick(index, text)
+
+        Column {
+            anchors.left: parent.left
+            anchors.leftMargin: 18
+            anchors.right: levels.left
+            anchors.rightMargin: Theme.smallGap
+            anchors.verticalCenter: parent.verticalCenter
+
+            FittedText {
+                width: parent.width
+                text: row.name
+                font.bold: row.selected
+                Accessible.ignored: true
+            }
+            FittedText {
+                width: parent.width
+                text: row.input
+                color: Theme.dimText
+                font.pixelSize: Theme.smallText
+                Accessible.ignored: true
+            }
+        }
+        Column {
+            id: levels
+
+            anchors.right: parent.right
+            anchors.rightMargin: 14
+            anchors.verticalCenter: parent.verticalCenter
+
+            FittedText {
+                anchors.right: parent.right
+                text: row.level
+                opacity: row.state === "" ? 1 : 0.6
+                font.pixelSize: Theme.titleText
+                Accessible.ignored: true
+            }
+            FittedText {
+                anchors.right: parent.right
+                visible: text !== ""
+                text: row.state
+                color: Theme.waiting
+                font.pixelSize: Theme.smallText
+                Accessible.ignored: true
+            }
+        }
+    }
+}
