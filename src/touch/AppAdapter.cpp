@@ -14,7 +14,6 @@ AppAdapter::AppAdapter(Application& application, WindowLife& life, const QString
       screenChange_(application.tabs().onScreenChange([this] { updateTabs(); })),
       alertChange_(application.alerts().onChange([this] { cancelGrabs(); })) {
     QObject::connect(settings_, &Adapter::changed, this, &AppAdapter::cancelGrabs);
-    QObject::connect(link_, &Adapter::changed, this, &AppAdapter::cancelGrabs);
     updateTabs();
 }
 

@@ -60,7 +60,7 @@ Card {
                 anchors.bottom: parent.bottom
                 horizontalAlignment: Text.AlignHCenter
                 text: root.level.text
-                font.pixelSize: Theme.hugeText
+                font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.hugeText : Theme.levelText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.titleText
                 font.bold: true
