@@ -84,6 +84,7 @@ Card {
                 width: lines.lineWidth
                 onChosen: root.chosen()
                 objectName: "gain"
+                fromZero: true
                 where: root.where
                 slider: root.gain
                 label: root.screen.label("gainLabel" + (root.band + 1))

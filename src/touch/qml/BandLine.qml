@@ -11,6 +11,8 @@ Item {
     required property string where
     required property real stepSize
     required property real pageSize
+    /// The slider fills from its zero.
+    property bool fromZero: false
 
     signal chosen
 
@@ -55,6 +57,7 @@ Item {
         label: line.slider.spokenName(line.where)
         spokenValue: line.label.spoken
         stepSize: line.stepSize
+        fillFrom: line.fromZero ? slider.zeroPosition : 0
         pageSize: line.pageSize
         onActiveFocusChanged: {
             if (activeFocus)

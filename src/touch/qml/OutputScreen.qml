@@ -32,7 +32,7 @@ ScreenPage {
         return widest + 2;
     }
     /// All bands are side by side if the names of their types have their room.
-    readonly property bool allBands: !twoPages && width >= 1150 * Theme.textScale && height >= 700 * Theme.textScale && (all.width - 6 * Theme.smallGap) / 7 - 16 >= 2 * typeWidth
+    readonly property bool allBands: !twoPages && width >= 1150 * Theme.textScale && height >= 780 * Theme.textScale && (all.width - 6 * Theme.smallGap) / 7 - 16 >= 2 * typeWidth
 
     /// A part that goes out of sight must not keep the keyboard focus.
     function releaseFocus(part: Item) {
@@ -81,7 +81,7 @@ ScreenPage {
             readonly property real wheelRoom: (page.twoPages ? all.room : page.besideLevel ? all.room - bands.height - Theme.gap : 0) - (stacked ? volume.height + Theme.gap : 0) - Theme.row / 2
 
             y: all.start
-            width: page.besideLevel ? 380 * Theme.textScale : parent.width
+            width: page.besideLevel ? Math.max(380 * Theme.textScale, parent.width * 0.3) : parent.width
             height: volume.y + (stacked ? volume.height : Math.max(wheels.height, volume.height))
             visible: page.levelShown
             onVisibleChanged: {
@@ -93,7 +93,7 @@ ScreenPage {
                 id: wheels
 
                 width: level.stacked ? parent.width : (parent.width - Theme.gap) / 2
-                height: implicitHeight
+                height: listed && page.besideLevel ? Math.max(implicitHeight, level.wheelRoom + Theme.row / 2) : implicitHeight
                 screen: page.screen
                 items: "outputPicker"
                 // An odd number of rows, so that one is in the middle.

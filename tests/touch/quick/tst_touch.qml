@@ -380,7 +380,7 @@ TestCase {
                 harness.pass(20);
                 compare(find("linkState").text, says);
                 compare(find("values").opacity === 1, certain, says);
-                compare(slider.mapToItem(window.contentItem, 0, 0).y, place, "nothing moves under a finger");
+                compare(slider.mapToItem(window.contentItem, 0, 0).y, place, says + ": nothing moves under a finger");
                 const before = harness.leftBehind();
                 if (says !== "Connecting" && says !== "Not connected" && !certain)
                     continue;
