@@ -889,7 +889,7 @@ TestCase {
     function test_both_front_ends_leave_the_same() {
         const expected = harness.playOnConsole();
         verify(expected.length > 10);
-        open(1280, 800);
+        open(1280, 900);
         for (const line of harness.scenario()) {
             carryOut(line);
             if (line.startsWith("~ wait"))
