@@ -13,6 +13,8 @@ GridLayout {
     property int visibleRows: 3
     /// The lists stand on top of each other, not side by side.
     property bool stacked: false
+    /// The columns of the list of items.
+    property int itemColumns: Window.width >= 2200 ? 3 : Window.width >= 1600 ? 2 : 1
     readonly property bool listed: Window.width >= Theme.railWidth
     readonly property bool inputsListed: Window.height >= Theme.listHeight
     readonly property PickerAdapter itemPicker: screen.picker(items)
@@ -79,6 +81,6 @@ GridLayout {
     Binding {
         target: root.listed ? itemPart.item : null
         property: "columns"
-        value: root.Window.width >= 2200 ? 3 : root.Window.width >= 1600 ? 2 : 1
+        value: root.itemColumns
     }
 }
