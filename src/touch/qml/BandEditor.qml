@@ -84,9 +84,9 @@ Card {
                 width: lines.lineWidth
                 onChosen: root.chosen()
                 objectName: "gain"
-                fromZero: true
                 where: root.where
                 slider: root.gain
+                fillFrom: slider.zeroPosition
                 label: root.screen.label("gainLabel" + (root.band + 1))
                 stepSize: 1
                 pageSize: 5

@@ -11,8 +11,8 @@ Item {
     required property string where
     required property real stepSize
     required property real pageSize
-    /// The slider fills from its zero.
-    property bool fromZero: false
+    /// The position from which the track is filled.
+    property real fillFrom: 0
 
     signal chosen
 
@@ -56,8 +56,8 @@ Item {
         slider: line.slider
         label: line.slider.spokenName(line.where)
         spokenValue: line.label.spoken
+        fillFrom: line.fillFrom
         stepSize: line.stepSize
-        fillFrom: line.fromZero ? slider.zeroPosition : 0
         pageSize: line.pageSize
         onActiveFocusChanged: {
             if (activeFocus)

@@ -77,8 +77,8 @@ ScreenPage {
             id: level
 
             readonly property bool stacked: page.besideLevel || !page.wide
-            /// The height for the wheels.
-            readonly property real wheelRoom: (page.twoPages ? all.room : page.besideLevel ? all.room - bands.height - Theme.gap : 0) - (stacked ? volume.height + Theme.gap : 0) - Theme.row / 2
+            /// The height for the pickers.
+            readonly property real pickerRoom: (page.twoPages ? all.room : page.besideLevel ? all.room - bands.height - Theme.gap : 0) - (stacked ? volume.height + Theme.gap : 0)
 
             y: all.start
             width: page.besideLevel ? Math.max(380 * Theme.textScale, parent.width * 0.3) : parent.width
@@ -93,11 +93,12 @@ ScreenPage {
                 id: wheels
 
                 width: level.stacked ? parent.width : (parent.width - Theme.gap) / 2
-                height: listed && page.besideLevel ? Math.max(implicitHeight, level.wheelRoom + Theme.row / 2) : implicitHeight
+                height: listed ? Math.max(120 * Theme.textScale, level.pickerRoom) : implicitHeight
                 screen: page.screen
                 items: "outputPicker"
-                // An odd number of rows, so that one is in the middle.
-                visibleRows: Math.max(3, Math.min(9, 2 * Math.floor((level.wheelRoom / Theme.row - 1) / 2) + 1))
+                stacked: level.stacked && level.pickerRoom >= 420 * Theme.textScale
+                // An odd number of rows of a wheel, so that one is in the middle.
+                visibleRows: Math.max(3, Math.min(9, 2 * Math.floor((level.pickerRoom / Theme.row - 1.5) / 2) + 1))
             }
             ColumnLayout {
                 id: volume
