@@ -1,5 +1,6 @@
 #pragma once
 
+#include "system/CommandLine.h"
 #include "system/HostPort.h"
 
 #include <QString>
@@ -20,15 +21,8 @@ struct Options {
     QString settingsFile;              ///< empty: the user's default file
 };
 
-/// The command line asks for a text on standard output and nothing else.
-struct InformationRequest {
-    QString text;
-};
-
-/// The command line is wrong, as a sentence.
-struct UsageError {
-    QString sentence;
-};
+/// The command line of the program, which stores into `options`. `options` outlives it.
+CommandLine commandLine(Options& options);
 
 /// Parses the command line. The first argument is the program. Needs no application object. Any thread.
 std::variant<Options, InformationRequest, UsageError> parseOptions(const QStringList& arguments);
