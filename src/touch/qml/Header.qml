@@ -129,6 +129,8 @@ Rectangle {
         T.AbstractButton {
             id: gear
 
+            readonly property string tip: text
+
             objectName: "settingsButton"
             Layout.preferredWidth: Theme.target
             Layout.preferredHeight: Theme.target
