@@ -37,7 +37,7 @@ Q_SIGNALS:
 
 private:
     /// A remote that keeps the playback waiting for longer is told of.
-    static constexpr std::chrono::seconds PATIENCE{2};
+    static constexpr std::chrono::milliseconds PATIENCE{500};
     /// Text without the end of a command is no command from this length on.
     static constexpr std::size_t LONGEST_COMMAND = 64;
 
