@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Settings.h"
+#include "system/CommandLine.h"
 #include "system/HostPort.h"
 
 #include <QString>
@@ -23,15 +24,8 @@ struct Options {
     std::optional<UnitPlace> firstUnit; ///< stored before the start; the command line can't give it
 };
 
-/// The command line asks for a text on standard output and nothing else.
-struct InformationRequest {
-    QString text;
-};
-
-/// The command line is wrong, as a sentence.
-struct UsageError {
-    QString sentence;
-};
+/// The command line of the program, which stores into `options`. `options` outlives it.
+CommandLine commandLine(Options& options);
 
 /// Parses the command line. The first argument is the program. Needs no application object. Any thread.
 std::variant<Options, InformationRequest, UsageError> parseOptions(const QStringList& arguments);

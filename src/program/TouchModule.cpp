@@ -9,6 +9,7 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QIcon>
 
 #include <csignal>
 #include <cstdio>
@@ -34,6 +35,8 @@ int run(int& argc, char** argv, const Options& options) {
     std::optional<DisplayGuard> guard(std::in_place);
     const QGuiApplication qt(argc, argv);
     guard.reset();
+    QGuiApplication::setDesktopFileName(QStringLiteral(LUMBRA_APPLICATION_ID));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/" LUMBRA_APPLICATION_ID ".svg")));
     // Loads the font configuration in parallel with the rest of the start; the first text would wait for it.
     const std::jthread fonts([] { QFontDatabase::families(); });
     TouchFrontEnd::installTypeface();
