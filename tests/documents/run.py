@@ -16,7 +16,7 @@ import time
 
 PATIENCE = 60  # s; the bound of a hang, on a busy machine and under a sanitizer
 # What begins a command that can't run in a test: it needs root, another machine, a build or the user's own session.
-ELSEWHERE = """./dev apt apt-get build/ cmake ctest ninja sudo systemctl loginctl journalctl crontab ssh nft ufw gdb
+ELSEWHERE = """./dev apt apt-get build/ cmake ctest ninja sudo systemctl loginctl journalctl crontab ssh nc
                mosquitto_sub mosquitto_pub xargs""".split()
 KINDS = {"sh", "text", "console", "crontab", "python", "json", "cpp", "ini", "xml"}
 # Beside the programs' own: words that begin no command by themselves.
@@ -91,7 +91,9 @@ def is_window(words):
 
 
 def matches(shown, output):
-    """Whether the output is what is shown: "..." is any text in a line, and any lines where it is a line."""
+    """Whether the output is what is shown: "..." is any text in a line, and any lines where it is a line. A backslash
+    at the end of a line joins the next one to it."""
+    shown = re.sub(r"\\\n *", "", "\n".join(shown)).split("\n")
     pattern = "".join(r"(?:.*\n)*" if line.strip() == "..." else re.escape(line).replace(r"\.\.\.", ".*") + r"\n"
                       for line in shown)
     return re.fullmatch(pattern, output)
