@@ -17,7 +17,9 @@ import time
 PATIENCE = 60  # s; the bound of a hang, on a busy machine and under a sanitizer
 # What begins a command that can't run in a test: it needs root, another machine, a build or the user's own session.
 ELSEWHERE = """./dev apt apt-get build/ cmake ctest ninja sudo systemctl loginctl journalctl crontab ssh nc
-               mosquitto_sub mosquitto_pub xargs""".split()
+               xargs""".split()
+# Programs that a machine with the tests need not have, and what plays them.
+STAND_INS = {"mosquitto_sub": "echo lumbra/zone/Kitchen/volume/set -40", "mosquitto_pub": 'test -n "$5"'}
 KINDS = {"sh", "text", "console", "crontab", "python", "json", "cpp", "ini", "xml"}
 # Beside the programs' own: words that begin no command by themselves.
 SHELL_WORDS = {"{", "(", "do", "then", "else", "exec", "while", "if", "!", "for", "done", "fi", "}", "time"}
@@ -118,6 +120,8 @@ class Page:
         self.options = {name: set(re.findall(r"--[a-z-]+", subprocess.run([path, "--help"], capture_output=True, text=True).stdout))
                         for name, path in self.programs.items()}
         # Whatever address a unit listens on in the document, here it is the page's own.
+        for name, text in STAND_INS.items():
+            self.put_program(name, text)
         self.put_program("lumbra-unit-sim", f'exec {simulator} "$@" --listen {self.address}')
         place = re.search(r"\S+$", self.start_unit("lumbra-unit-sim --verbose"))[0]
         self.unit, self.log = self.units[-1]
@@ -125,7 +129,10 @@ class Page:
         self.put_program("lumbra-remote", f"""own= previous=
 for word; do
   shift
-  case $word in --demo|--connect-to|--help|--version) own=1 ;; esac
+  case $word in
+  --demo|--connect-to|--help|--version) own=1 ;;
+  --connect-to=*) own=1 word=--connect-to={self.address}:${{word##*:}} ;;
+  esac
   [ "$previous" != --connect-to ] || word={self.address}:${{word##*:}}
   previous=$word
   set -- "$@" "$word"
