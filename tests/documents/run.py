@@ -122,7 +122,7 @@ class Page:
         # Whatever address a unit listens on in the document, here it is the page's own.
         for name, text in STAND_INS.items():
             self.put_program(name, text)
-        self.put_program("lumbra-unit-sim", f'exec {simulator} "$@" --listen {self.address}')
+        self.put_program("lumbra-unit-sim", f'exec {shlex.quote(simulator)} "$@" --listen {self.address}')
         place = re.search(r"\S+$", self.start_unit("lumbra-unit-sim --verbose"))[0]
         self.unit, self.log = self.units[-1]
         # The stored address leads to the page's unit; the host of --connect-to is the page's address.
@@ -138,7 +138,7 @@ for word; do
   set -- "$@" "$word"
 done
 [ "$own" ] || set -- --connect-to {place} "$@"
-exec {remote} "$@\"""")
+exec {shlex.quote(remote)} "$@\"""")
 
     def put_program(self, name, text):
         path = self.folder / "bin" / name
