@@ -7,7 +7,8 @@
 namespace lumbra {
 
 GroupViewController::GroupViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, "groupPicker"),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, "groupPicker",
+                         percentOfVolume),
       powerSwitch_(this->view().outlet<Switch>("powerSwitch")) {}
 
 void GroupViewController::viewDidLoad() {
@@ -21,10 +22,6 @@ void GroupViewController::powerSwitchChange(Switch& sender) {
 
 void GroupViewController::processCommand(std::string_view report) {
     dispatch(groups::parse, report, [this](const auto& typed) { handle(typed); });
-}
-
-Reading GroupViewController::volumeReading(std::int64_t volume) const {
-    return percentOfVolume(volume);
 }
 
 void GroupViewController::showItem() {

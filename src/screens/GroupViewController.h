@@ -20,7 +20,6 @@ public:
 
 protected:
     void processCommand(std::string_view report) override;
-    Reading volumeReading(std::int64_t volume) const override;
     std::int64_t maxVolume(std::size_t) const override { return Groups::max_volume; }
     void showItem() override;
 

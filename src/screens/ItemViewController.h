@@ -46,6 +46,8 @@ public:
             picker->setDelegate(self);
             picker->setDataSource(self);
         }
+        volumeSlider_->setReading(
+            [reading = volumeReading_](float value) { return reading(truncated(value)); });
         volumeSlider_->valueChanged.set(std::weak_ptr(self), &ItemViewController::volumeSliderChange);
         muteSwitch_->valueChanged.set(std::weak_ptr(self), &ItemViewController::muteSwitchChange);
     }
@@ -85,7 +87,7 @@ public:
         ItemRow shown{.name = itemNames()[row],
                       .input = source_.name[static_cast<std::size_t>(model_.source[item])],
                       .volume = model_.volume[item],
-                      .level = volumeReading(model_.volume[item]),
+                      .level = volumeReading_(model_.volume[item]),
                       .mute = model_.mute[item],
                       .power = {}};
         if constexpr (requires { model_.power; })
@@ -94,18 +96,18 @@ public:
     }
 
 protected:
+    /// `volumeReading` is the reading of the volume label at a volume in dB.
     ItemViewController(const ScreenContext& context, std::shared_ptr<View> view, int queryNumber,
-                       ItemKind kind, std::string_view itemPicker)
+                       ItemKind kind, std::string_view itemPicker, Reading (*volumeReading)(std::int64_t))
         : ScreenViewController(context, std::move(view), queryNumber),
           kind_(kind),
+          volumeReading_(volumeReading),
           itemPicker_(this->view().template outlet<Picker>(itemPicker)),
           sourcePicker_(this->view().template outlet<Picker>("sourcePicker")),
           volumeSlider_(this->view().template outlet<Slider>("volumeSlider")),
           volumeLabel_(this->view().template outlet<Label>("volumeLabel")),
           muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {}
 
-    /// The reading of the volume label at `volume` dB.
-    virtual Reading volumeReading(std::int64_t volume) const = 0;
     /// The highest volume that a report may set for the item, in dB.
     virtual std::int64_t maxVolume(std::size_t item) const = 0;
 
@@ -127,7 +129,7 @@ protected:
     }
     void showVolume() {
         volumeSlider_->setValue(static_cast<float>(ofCurrent(model_.volume)));
-        volumeLabel_->setReading(volumeReading(ofCurrent(model_.volume)));
+        volumeLabel_->setReading(volumeReading_(ofCurrent(model_.volume)));
     }
 
     // The deferred slider step. Each value-changed event schedules one step 0.75 s later, which reads the
@@ -255,6 +257,7 @@ private:
     }
 
     ItemKind kind_;
+    Reading (*volumeReading_)(std::int64_t);
     Outlet<Picker> itemPicker_;
     Outlet<Picker> sourcePicker_;
     Outlet<Slider> volumeSlider_;

@@ -28,7 +28,7 @@ bool hasGain(std::int64_t type) {
 } // namespace
 
 OutputViewController::OutputViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output, "outputPicker"),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output, "outputPicker", decibels),
       powerSwitch_(this->view().outlet<Switch>("powerSwitch")),
       filterType_(outletsOf<SegmentedControl>(this->view(), "filterType")),
       filterFreq_(outletsOf<Slider>(this->view(), "filterFreq")),
@@ -41,6 +41,8 @@ void OutputViewController::viewDidLoad() {
     const std::weak_ptr self = shared(this);
     powerSwitch_->valueChanged.set(self, &OutputViewController::powerSwitchChange);
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
+        filterFreq_[band]->setReading([](float value) { return hertz(sliderToFrequency(value)); });
+        filterGain_[band]->setReading([](float value) { return decibels(truncated(value)); });
         filterType_[band]->valueChanged.set(self,
                                             [band](auto& screen, auto&) { screen.filterTypeChange(band); });
         filterFreq_[band]->valueChanged.set(self,
@@ -80,10 +82,6 @@ void OutputViewController::sendFilterCommand(std::size_t band) {
 
 void OutputViewController::processCommand(std::string_view report) {
     dispatch(outputs::parse, report, [this](const auto& typed) { handle(typed); });
-}
-
-Reading OutputViewController::volumeReading(std::int64_t volume) const {
-    return decibels(volume);
 }
 
 void OutputViewController::showItem() {

@@ -8,7 +8,8 @@
 namespace lumbra {
 
 ZoneViewController::ZoneViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Zone, "zonePicker"),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Zone, "zonePicker",
+                         percentOfVolume),
       loudnessSwitch_(this->view().outlet<Switch>("loudnessSwitch")),
       bassSlider_(this->view().outlet<Slider>("bassSlider")),
       trebleSlider_(this->view().outlet<Slider>("trebleSlider")),
@@ -18,6 +19,8 @@ ZoneViewController::ZoneViewController(const ScreenContext& context, std::shared
 void ZoneViewController::viewDidLoad() {
     ItemViewController::viewDidLoad();
     const std::weak_ptr self = shared(this);
+    for (const auto& slider : {bassSlider_, trebleSlider_})
+        slider->setReading([](float value) { return percentOfTone(truncated(value)); });
     bassSlider_->valueChanged.set(self, &ZoneViewController::bassSliderChange);
     trebleSlider_->valueChanged.set(self, &ZoneViewController::trebleSliderChange);
     loudnessSwitch_->valueChanged.set(self, &ZoneViewController::loudnessSwitchChange);
@@ -43,10 +46,6 @@ void ZoneViewController::loudnessSwitchChange(Switch& sender) {
 
 void ZoneViewController::processCommand(std::string_view report) {
     dispatch(zones::parse, report, [this](const auto& typed) { handle(typed); });
-}
-
-Reading ZoneViewController::volumeReading(std::int64_t volume) const {
-    return percentOfVolume(volume);
 }
 
 void ZoneViewController::showItem() {

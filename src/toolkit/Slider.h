@@ -1,9 +1,13 @@
 #pragma once
 
 #include "toolkit/Control.h"
+#include "toolkit/Label.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace lumbra {
 
@@ -34,6 +38,12 @@ public:
         return true;
     }
 
+    /// How the slider's label would show `value`. Nothing if the screen has not set it.
+    std::optional<Reading> readingOf(float value) const {
+        return reading_ ? std::optional(reading_(value)) : std::nullopt;
+    }
+    void setReading(std::function<Reading(float)> reading) { reading_ = std::move(reading); }
+
     TargetAction<Slider> valueChanged;
 
 private:
@@ -42,6 +52,7 @@ private:
     float minimum_;
     float maximum_;
     float value_;
+    std::function<Reading(float)> reading_;
 };
 
 } // namespace lumbra

@@ -18,11 +18,8 @@ public:
                   QObject* parent)
         : ControlAdapter(control, control->title(), queue, parent), control_(std::move(control)) {}
 
-    /// The user presses the button, unless it is disabled.
-    Q_INVOKABLE void press() {
-        if (isEnabled())
-            control_->pressByUser();
-    }
+    /// The user presses the button. False if it is disabled.
+    Q_INVOKABLE bool press() { return isEnabled() && control_->pressByUser(); }
 
 private:
     std::shared_ptr<Button> control_;

@@ -5,27 +5,43 @@
 
 #include <QColor>
 #include <QQuickPaintedItem>
+#include <QRectF>
 #include <QtQml/qqmlregistration.h>
+
+#include <bitset>
+#include <vector>
 
 namespace lumbra {
 
 /// Draws the response of an output's equaliser from the state of its controls: the sum as a thick line, the
-/// edited band as a thin one, over a grid of frequency and gain. Computes and paints only after a control has
-/// changed. Main thread only.
+/// edited band as a thin one, over a grid of frequency and gain whose labels stand left and below. Where the
+/// sum leaves the grid, an arrow at the edge has its extreme value. Computes and paints only after a control
+/// has changed, at most once a frame. Main thread only.
 class EqPlot : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(lumbra::ScreenAdapter* screen READ screen WRITE setScreen NOTIFY screenChanged)
     Q_PROPERTY(int edited READ edited WRITE setEdited NOTIFY editedChanged)
+    Q_PROPERTY(QRectF grid READ grid NOTIFY gridChanged)
+    Q_PROPERTY(qreal handleRadius MEMBER handleRadius_ NOTIFY lookChanged)
     Q_PROPERTY(QColor sumColor MEMBER sumColor_ NOTIFY lookChanged)
     Q_PROPERTY(QColor editedColor MEMBER editedColor_ NOTIFY lookChanged)
     Q_PROPERTY(QColor gridColor MEMBER gridColor_ NOTIFY lookChanged)
     Q_PROPERTY(QColor textColor MEMBER textColor_ NOTIFY lookChanged)
+    Q_PROPERTY(QColor backColor MEMBER backColor_ NOTIFY lookChanged)
     Q_PROPERTY(int textSize MEMBER textSize_ NOTIFY lookChanged)
 
 public:
-    /// The plot shows this many decibels above and below zero.
+    /// The grid reaches this many decibels above and below zero.
     static constexpr double RANGE = 18;
+    /// The gain of a band is this many decibels at most.
+    static constexpr double MAX_GAIN = 15;
+
+    /// A label's room along its axis, in pixels.
+    struct Stretch {
+        double from = 0;
+        double to = 0;
+    };
 
     explicit EqPlot(QQuickItem* parent = nullptr);
 
@@ -34,18 +50,30 @@ public:
     /// The edited band, 0-based; -1 for none.
     int edited() const { return edited_; }
     void setEdited(int band);
+    /// The grid in the item: 20 Hz is left, 20 kHz right, +18 dB above and -18 dB below. Around it there is
+    /// room for a whole handle of radius `handleRadius`, at each frequency and gain that a band can have.
+    QRectF grid() const { return grid_; }
 
-    /// The distance of a gain from the top, in a plot of height `height`.
+    /// The distance of a gain from the top of the grid, which is `height` high.
     Q_INVOKABLE static qreal yOf(qreal decibels, qreal height);
     /// The decibels that a distance downwards stands for.
     Q_INVOKABLE static qreal decibelsOf(qreal distance, qreal height);
+    /// Which labels are shown, from their rooms in the order of importance: each that stays `gap` clear of
+    /// those before it.
+    static std::vector<bool> shownLabels(const std::vector<Stretch>& labels, double gap);
 
     void paint(QPainter* painter) override;
 
 Q_SIGNALS:
     void screenChanged();
     void editedChanged();
+    void gridChanged();
     void lookChanged();
+
+protected:
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+    /// Before a frame: computes what has changed.
+    void updatePolish() override;
 
 private:
     struct Controls {
@@ -53,19 +81,28 @@ private:
         SliderAdapter* frequency = nullptr;
         SliderAdapter* gain = nullptr;
     };
-    void updateBand(std::size_t band);
+    void layOut();
+    QFont font() const;
+    qreal xOf(double frequency) const;
+    qreal pointX(std::size_t point) const;
     void drawGrid(QPainter& painter) const;
-    void drawCurve(QPainter& painter, const EqResponse::Curve& curve, const QColor& color,
-                   qreal thickness) const;
+    void drawLabels(QPainter& painter) const;
+    QPolygonF line(const EqResponse::Curve& curve) const;
+    void drawCurves(QPainter& painter) const;
+    void drawArrow(QPainter& painter, const EqResponse::Extreme& extreme) const;
 
     ScreenAdapter* screen_ = nullptr;
     std::array<Controls, EqResponse::BANDS> controls_;
+    std::bitset<EqResponse::BANDS> stale_;
     EqResponse response_;
     int edited_ = 0;
+    QRectF grid_;
+    qreal handleRadius_ = 0;
     QColor sumColor_ = Qt::white;
     QColor editedColor_ = Qt::gray;
     QColor gridColor_ = Qt::darkGray;
     QColor textColor_ = Qt::lightGray;
+    QColor backColor_ = Qt::black;
     int textSize_ = 12;
 };
 

@@ -1,5 +1,6 @@
 #include "touch/EqResponse.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -95,6 +96,16 @@ bool EqResponse::setBand(std::size_t index, const Band& band) {
         section.decibels[point] = decibelsAt(biquad, table[point]);
     addUp();
     return true;
+}
+
+EqResponse::Extreme EqResponse::highest() const {
+    const auto* const found = std::max_element(sum_.begin(), sum_.end());
+    return {static_cast<std::size_t>(found - sum_.begin()), *found};
+}
+
+EqResponse::Extreme EqResponse::lowest() const {
+    const auto* const found = std::min_element(sum_.begin(), sum_.end());
+    return {static_cast<std::size_t>(found - sum_.begin()), *found};
 }
 
 void EqResponse::addUp() {

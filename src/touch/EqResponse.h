@@ -46,6 +46,14 @@ public:
     const Curve& band(std::size_t index) const { return bands_[index].decibels; }
     const Curve& sum() const { return sum_; }
 
+    struct Extreme {
+        std::size_t point = 0;
+        double decibels = 0;
+    };
+    /// The highest and the lowest point of the sum; of equal ones the first.
+    Extreme highest() const;
+    Extreme lowest() const;
+
     /// The frequency of a point, in Hz.
     static double frequencyAt(std::size_t point);
     /// The gain of a band at `frequency` Hz, in dB.

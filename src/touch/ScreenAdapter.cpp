@@ -108,6 +108,7 @@ void ScreenAdapter::cancelGrabs() {
     for (auto* const adapter : adapters_)
         if (auto* const slider = qobject_cast<SliderAdapter*>(adapter))
             slider->cancelGrabs();
+    Q_EMIT handsOff();
 }
 
 } // namespace lumbra

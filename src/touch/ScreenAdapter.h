@@ -59,13 +59,15 @@ public:
     /// sliders then belong to another item: a finger that set one item's volume must not set the other's.
     /// Ignored if there is no such picker.
     Q_INVOKABLE void setItemPicker(const QString& name);
-    /// Cancels the grabs of this screen's sliders.
+    /// Cancels the grabs of this screen's sliders and emits `handsOff`.
     void cancelGrabs();
 
     const std::shared_ptr<ViewController>& controller() const { return controller_; }
 
 Q_SIGNALS:
     void statusChanged();
+    /// What is under a finger, or what a question was about, may now be something else.
+    void handsOff();
 
 private:
     bool isOffline() const { return application_.status().status() == ScreenStatus::Offline; }

@@ -1,5 +1,7 @@
 #include "touch/SliderGrab.h"
 
+#include <cmath>
+
 namespace lumbra {
 
 void SliderGrab::setSlider(SliderAdapter* slider) {
@@ -11,6 +13,8 @@ void SliderGrab::setSlider(SliderAdapter* slider) {
 }
 
 void SliderGrab::begin() {
+    last_.reset();
+    offset_ = 0;
     if (slider_)
         slider_->grab(this);
 }
@@ -21,11 +25,21 @@ void SliderGrab::end() {
 }
 
 bool SliderGrab::dragToPosition(qreal position) {
-    return isActive() && slider_->moveToPosition(position);
+    return slider_ && dragToValue(slider_->minimum() + position * (slider_->maximum() - slider_->minimum()));
 }
 
 bool SliderGrab::dragToValue(qreal value) {
-    return isActive() && slider_->moveToValue(value);
+    if (!isActive() || !std::isfinite(value))
+        return false;
+    if (last_ && slider_->value() != last_->left)
+        offset_ = slider_->value() - last_->asked;
+    const bool moved = slider_->moveToValue(value + offset_);
+    last_ = {value, slider_->value()};
+    return moved;
+}
+
+bool SliderGrab::moveBy(qreal difference) {
+    return isActive() && slider_->moveBy(difference);
 }
 
 } // namespace lumbra

@@ -1,15 +1,24 @@
 #include "Remote.h"
+#include "app/Settings.h"
 #include "app/WindowLife.h"
 #include "touch/AddressHint.h"
 #include "touch/AppAdapter.h"
+#include "touch/BandText.h"
 #include "touch/Captions.h"
 #include "touch/SliderGrab.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QTranslator>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
 
 namespace lumbra {
 namespace {
@@ -49,35 +58,117 @@ TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
     EXPECT_EQ(remote.queue.delayed() + remote.queue.posted(), 0U) << "idle, nothing may wait";
 }
 
+// A hand and the unit on one slider. A number moves by that much, as a key does; "v" and "^" put a finger down and lift it,
+// "=-30" drags it there; "." lets 100 ms pass; a report arrives; "x" is another tab; "frequency" takes another slider.
+TEST_F(Adapters, AHoldEndsWithTheUsersValueOrWithSomebodyElses) {
+    struct {
+        const char* what;
+        const char* script;
+        const char* shown; ///< at the end of the script
+        const char* sent;  ///< in all, with what follows
+    } const cases[] = {
+        {"a key", "+11", "-29", "[U1Z1V-29]"},
+        {"the echo of an earlier step", "+11 . U1Z1V-35", "-29", "[U1Z1V-29]"},
+        {"of the value at the start", "-3 +8 . U1Z1V-40 U1Z1V-43", "-35", "[U1Z1V-35]"},
+        {"somebody turns it down", "+11 . U1Z1V-60", "-60", ""},
+        {"or up", "+11 . U1Z1V-20", "-20", ""},
+        {"after that a key counts from there", "+11 . U1Z1V-60 +1", "-59", "[U1Z1V-59]"},
+        {"and an echo is one of there", "+11 . U1Z1V-60 +9 +1 U1Z1V-51", "-50", "[U1Z1V-50]"},
+        {"a finger that rests", "v U1Z1V-60 ^", "-60", ""},
+        {"that moved long ago", "v =-29.5 .......... U1Z1V-35 ^", "-29.5", "[U1Z1V-29] [U1Z1V-29]"},
+        {"a level that the unit rounds", "v =-29.5 .......... U1Z1V-29 ^", "-29.5", "[U1Z1V-29]"},
+        {"turned down under a finger", "v =-40 =-29 U1Z1V-60 ^", "-60", ""},
+        {"that moves on from there", "v =-40 =-29 U1Z1V-60 =-28 ^", "-59", "[U1Z1V-59]"},
+        {"a unit that allows no more", "+1 . +29 ....... U1Z1V-20 .........", "-10", "[U1Z1V-10] [U1Z1V-10]"},
+        {"has the last word", "+1 . +29 ....... U1Z1V-20 ......... U1Z1V-20 ..........", "-20", "[U1Z1V-10]"},
+        {"another tab", "+11 U1Z1V-35 x", "-35", ""},
+        {"the rounding of low frequencies", "U1O1B1P0F30 frequency -167.5 . U1O1B1P0F20 .", "1309.62", ""},
+        {"a filter that is bypassed", "U1O1B1P0F1000 frequency +300 . U1O1B1P0F1000 U1O1B1BYPASS .", "3000",
+         ""},
+    };
+    SliderGrab finger;
+    for (const auto& c : cases) {
+        const bool isOutput = std::string_view(c.script).find("frequency") != std::string_view::npos;
+        remote.settings.setValue(ADVANCED_MODE_PREFERENCE, isOutput);
+        ASSERT_EQ(remote.play("away ; back ; connect ; > U1Z1V-40 ; wait 5"), "");
+        remote.sent();
+        finger.setSlider(
+            screen().slider(isOutput ? QStringLiteral("filterFreq1") : QStringLiteral("volumeSlider")));
+        std::istringstream script(c.script);
+        for (std::string word; script >> word;) {
+            if (word[0] == 'U')
+                remote.report(word);
+            else if (word == "v")
+                finger.begin();
+            else if (word == "^")
+                finger.end();
+            else if (word[0] == '=')
+                finger.dragToValue(std::stod(word.substr(1)));
+            else if (word[0] == '.')
+                remote.queue.advance(std::chrono::milliseconds(100 * word.size()));
+            else if (word == "x")
+                app.cancelGrabs();
+            else if (word != "frequency")
+                finger.slider()->moveBy(std::stod(word));
+        }
+        EXPECT_NEAR(finger.slider()->value(), std::stod(c.shown), 0.01) << c.what;
+        EXPECT_EQ(remote.play(std::string("wait 5\nsent ").append(c.sent)), "") << c.what;
+        EXPECT_FALSE(finger.slider()->isHeld()) << c.what;
+    }
+}
+
+// Fifteen presses of a key, and a unit whose answers come as late as the network brings them.
+TEST_F(Adapters, OnASlowNetworkTheLastValueArrives) {
+    auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
+    for (const int late : {0, 50, 110, 290, 760, 1000, 3000})
+        for (const int pause : {30, 100, 130, 400}) {
+            ASSERT_EQ(remote.play("> U1Z1V-40 ; wait 5"), "");
+            std::multimap<int, std::string> answers;
+            std::string last;
+            for (int time = 0; time < 15'000; time += 10) {
+                if (time % pause == 0 && time < 15 * pause)
+                    slider->moveBy(1);
+                remote.queue.advance(std::chrono::milliseconds(10));
+                for (const auto& command : remote.sent())
+                    answers.emplace(time + late, last = command.substr(1, command.size() - 2));
+                for (; !answers.empty() && answers.begin()->first <= time; answers.erase(answers.begin()))
+                    remote.report(answers.begin()->second);
+            }
+            EXPECT_EQ(last, "U1Z1V-25") << late << " " << pause;
+            EXPECT_EQ(slider->value(), -25) << late << " " << pause;
+        }
+}
+
 // What a window's fingers seldom do; the others are played in the window.
 TEST_F(Adapters, OddHandsMoveNoSlider) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
     EXPECT_EQ(screen().slider(QStringLiteral("muteSwitch")), nullptr) << "a control of another kind";
     auto finger = std::make_unique<SliderGrab>();
     finger->setSlider(slider);
-    EXPECT_FALSE(finger->dragToValue(-30)) << "it was not put down";
+    EXPECT_FALSE(finger->dragToValue(-30) || finger->moveBy(1)) << "it was not put down";
     finger->begin();
     EXPECT_FALSE(finger->dragToPosition(std::nan(""))) << "a drag over a track without a width";
     finger.reset();
     EXPECT_FALSE(slider->isHeld()) << "a finger whose view has gone holds nothing";
 
-    int other = 0;
-    slider->grab(this);
-    slider->grab(&other);
-    remote.report("U1Z1V-60");
-    frame();
-    slider->release(this);
-    EXPECT_EQ(slider->value(), -40) << "the other hand stays";
-    slider->release(&other);
-    EXPECT_EQ(slider->value(), -60) << "a finger that did not move wants nothing";
-    EXPECT_EQ(remote.play("wait 1\nsent"), "");
+    SliderGrab one;
+    SliderGrab other;
+    for (auto* const each : {&one, &other}) {
+        each->setSlider(slider);
+        each->begin();
+        each->dragToValue(-40);
+    }
+    one.dragToValue(-30);
+    other.dragToValue(-35);
+    EXPECT_EQ(slider->value(), -25) << "both hands move it";
+    one.end();
+    EXPECT_TRUE(slider->isHeld()) << "the other hand stays";
+    other.end();
+    EXPECT_EQ(remote.play("wait 2\nsent [U1Z1V-25]"), "");
 
-    SliderGrab editor;
-    editor.setSlider(slider);
-    editor.begin();
-    editor.setSlider(screen().slider(QStringLiteral("bassSlider")));
-    EXPECT_FALSE(slider->isHeld() || editor.dragToValue(5))
-        << "a finger on what now stands for another slider";
+    one.begin();
+    one.setSlider(screen().slider(QStringLiteral("bassSlider")));
+    EXPECT_FALSE(slider->isHeld() || one.dragToValue(5)) << "a finger on what now stands for another slider";
 }
 
 TEST_F(Adapters, RowsChangeOneByOne) {
@@ -106,6 +197,33 @@ TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
             QCoreApplication::installTranslator(&translator);
         EXPECT_EQ(spokenName(QString::fromUtf8(where), caption).toStdString(), spoken) << language;
     }
+}
+
+// What the sliders stand for, to the hertz and as it is sent, however coarse the labels are.
+TEST(BandText, IsExactInEveryLanguage) {
+    struct {
+        const char* locale;
+        double hertz, gain;
+        bool hasGain;
+        const char *shown, *spoken;
+    } const cases[] = {
+        {"en", 20, -15, true, "20 Hz, -15 dB", "20 hertz, -15 decibels"},
+        {"en", 999, 0, true, "999 Hz, 0 dB", "999 hertz, 0 decibels"},
+        {"en", 999.6, 0.9, true, "1 kHz, 0 dB", "1 kilohertz, 0 decibels"},
+        {"en", 1000, 11.8, true, "1 kHz, +11 dB", "1 kilohertz, 11 decibels"},
+        {"en", 1050, -0.9, true, "1.05 kHz, 0 dB", "1.05 kilohertz, 0 decibels"},
+        {"en", 1753, -3.7, true, "1.753 kHz, -3 dB", "1.753 kilohertz, -3 decibels"},
+        {"de", 19'900, 15, true, "19,9 kHz, +15 dB", "19,9 kilohertz, 15 decibels"},
+        {"fr", 19'999, 15, false, "19,999 kHz", "19,999 kilohertz"},
+        {"es", 20'000, 15, false, "20 kHz", "20 kilohertz"},
+    };
+    for (const auto& c : cases) {
+        QLocale::setDefault(QLocale(QLatin1String(c.locale)));
+        const double slider = 1000 * std::log10(c.hertz);
+        EXPECT_EQ(BandText::shown(slider, c.gain, c.hasGain).toStdString(), c.shown);
+        EXPECT_EQ(BandText::spoken(slider, c.gain, c.hasGain).toStdString(), c.spoken);
+    }
+    QLocale::setDefault(QLocale::c());
 }
 
 TEST(AddressHint, TellsWhatIsOddAndNothingElse) {

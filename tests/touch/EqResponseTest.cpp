@@ -1,4 +1,4 @@
-#include "touch/EqResponse.h"
+#include "touch/EqPlot.h"
 
 #include <gtest/gtest.h>
 
@@ -44,8 +44,26 @@ TEST(EqResponse, CurvesSpanTheAxisAndAddUp) {
         EXPECT_NEAR(response.sum()[point], EqResponse::decibels(bass, f) + EqResponse::decibels(middle, f),
                     1e-9);
     }
+    EXPECT_NEAR(response.highest().decibels, 6, 0.1);
+    EXPECT_NEAR(EqResponse::frequencyAt(response.lowest().point), 1000, 50);
     EXPECT_TRUE(response.setBand(0, {}));
     EXPECT_EQ(response.sum(), response.band(6)) << "what is bypassed again must leave the sum";
+}
+
+TEST(EqPlot, LabelsThatCollideGiveWayToThoseBefore) {
+    struct {
+        const char* what;
+        std::vector<EqPlot::Stretch> labels;
+        std::vector<bool> shown;
+    } const cases[] = {
+        {"far apart", {{0, 10}, {90, 100}, {40, 50}}, {true, true, true}},
+        {"on the first", {{0, 10}, {90, 100}, {8, 18}}, {true, true, false}},
+        {"just clear of both", {{0, 10}, {24, 34}, {12, 22}}, {true, true, true}},
+        {"too near to the second", {{0, 10}, {23, 33}, {12, 22}}, {true, true, false}},
+        {"one that is not shown is in nobody's way", {{0, 10}, {5, 20}, {15, 25}}, {true, false, true}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(EqPlot::shownLabels(c.labels, 2), c.shown) << c.what;
 }
 
 } // namespace

@@ -16,10 +16,13 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QLocale>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QSize>
 #include <QThread>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -76,6 +79,9 @@ public:
                 QString::fromStdString(application_->tabs().selectedViewController()->view().name());
             if (!shoot(name))
                 return false;
+            // On a small window the equaliser is on a page of its own.
+            if (name == QStringLiteral("output") && !(turnTo(1) && shoot(QStringLiteral("equaliser"))))
+                return false;
         }
         touch_->adapter().settings()->open();
         return shoot(QStringLiteral("settings"));
@@ -108,6 +114,14 @@ private:
         }
         runFor(1200);
     }
+    /// Turns to a part of the screen on show. False if it has none.
+    bool turnTo(int part) { return turnTo(*touch_->window()->contentItem(), part); }
+    static bool turnTo(QQuickItem& item, int part) {
+        const auto children = item.childItems();
+        return (item.isVisible() && item.setProperty("part", part)) ||
+               std::any_of(children.begin(), children.end(),
+                           [part](auto* child) { return turnTo(*child, part); });
+    }
     bool shoot(const QString& name) {
         for (const auto size : SIZES) {
             touch_->window()->resize(size);
@@ -136,15 +150,16 @@ private:
 
 } // namespace
 
-/// Renders every screen from a simulated unit, in the system's language: lumbra-screenshots FOLDER.
+/// Renders every screen from a simulated unit: lumbra-screenshots FOLDER [LANGUAGE].
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication qt(argc, argv);
-    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
-        std::fputs("usage: lumbra-screenshots FOLDER\n", stderr);
+    if (argc < 2 || argc > 3 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        std::fputs("usage: lumbra-screenshots FOLDER [LANGUAGE]\n", stderr);
         return 2;
     }
     TouchFrontEnd::installTypeface();
+    QLocale::setDefault(QLocale(argc == 3 ? QString::fromLocal8Bit(argv[2]) : QStringLiteral("en")));
     TouchFrontEnd::installTranslation();
     for (const bool advanced : {false, true})
         if (!Studio(QString::fromLocal8Bit(argv[1]), advanced).run())

@@ -50,8 +50,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 Band %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 Band %2, %3</translation>
     </message>
 </context>
 <context>
@@ -59,13 +59,6 @@
     <message>
         <source>Waiting for the unit</source>
         <translation>Warten auf die Einheit</translation>
-    </message>
-</context>
-<context>
-    <name>ChoiceRow</name>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -195,6 +188,18 @@
         <source>Band</source>
         <translation>Band</translation>
     </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Teil der Ansicht</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Equalizer</translation>
+    </message>
 </context>
 <context>
     <name>PickList</name>
@@ -204,10 +209,25 @@
     </message>
 </context>
 <context>
-    <name>SceneScreen</name>
+    <name>SceneButton</name>
+    <message>
+        <source>Sent</source>
+        <translation>Gesendet</translation>
+    </message>
+    <message>
+        <source>%1 %2, sent</source>
+        <translation>%1 %2, gesendet</translation>
+    </message>
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Segment</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -267,6 +287,21 @@
     <message>
         <source>Done</source>
         <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>StoreDialog</name>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;?</source>
+        <translation>Den Inhalt von „%1“ ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -453,6 +488,17 @@
     <message>
         <source>Simulated unit</source>
         <translation>Simulierte Einheit</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1, quieter</source>
+        <translation>%1, leiser</translation>
+    </message>
+    <message>
+        <source>%1, louder</source>
+        <translation>%1, lauter</translation>
     </message>
 </context>
 <context>

@@ -50,8 +50,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 banda %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 banda %2, %3</translation>
     </message>
 </context>
 <context>
@@ -59,13 +59,6 @@
     <message>
         <source>Waiting for the unit</source>
         <translation>Esperando a la unidad</translation>
-    </message>
-</context>
-<context>
-    <name>ChoiceRow</name>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -195,6 +188,18 @@
         <source>Band</source>
         <translation>Banda</translation>
     </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Parte de la pantalla</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Nivel</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Ecualizador</translation>
+    </message>
 </context>
 <context>
     <name>PickList</name>
@@ -204,10 +209,25 @@
     </message>
 </context>
 <context>
-    <name>SceneScreen</name>
+    <name>SceneButton</name>
+    <message>
+        <source>Sent</source>
+        <translation>Enviado</translation>
+    </message>
+    <message>
+        <source>%1 %2, sent</source>
+        <translation>%1 %2, enviado</translation>
+    </message>
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Segment</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -267,6 +287,21 @@
     <message>
         <source>Done</source>
         <translation>Hecho</translation>
+    </message>
+</context>
+<context>
+    <name>StoreDialog</name>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;?</source>
+        <translation>¿Reemplazar lo guardado en «%1»?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -376,7 +411,7 @@
     </message>
     <message>
         <source>High shelf</source>
-        <translation>Shelf de agudos</translation>
+        <translation>Shelf agudos</translation>
     </message>
     <message>
         <source>Low-pass</source>
@@ -384,7 +419,7 @@
     </message>
     <message>
         <source>Low shelf</source>
-        <translation>Shelf de graves</translation>
+        <translation>Shelf graves</translation>
     </message>
     <message>
         <source>Parametric</source>
@@ -453,6 +488,17 @@
     <message>
         <source>Simulated unit</source>
         <translation>Unidad simulada</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1, quieter</source>
+        <translation>%1, bajar</translation>
+    </message>
+    <message>
+        <source>%1, louder</source>
+        <translation>%1, subir</translation>
     </message>
 </context>
 <context>

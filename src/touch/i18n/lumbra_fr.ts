@@ -50,8 +50,8 @@
 <context>
     <name>BandHandle</name>
     <message>
-        <source>%1 band %2, %3, %4</source>
-        <translation>%1 bande %2, %3, %4</translation>
+        <source>%1 band %2, %3</source>
+        <translation>%1 bande %2, %3</translation>
     </message>
 </context>
 <context>
@@ -59,13 +59,6 @@
     <message>
         <source>Waiting for the unit</source>
         <translation>En attente de l’unité</translation>
-    </message>
-</context>
-<context>
-    <name>ChoiceRow</name>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -195,6 +188,18 @@
         <source>Band</source>
         <translation>Bande</translation>
     </message>
+    <message>
+        <source>Part of the screen</source>
+        <translation>Partie de l’écran</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Niveau</translation>
+    </message>
+    <message>
+        <source>Equaliser</source>
+        <translation>Égaliseur</translation>
+    </message>
 </context>
 <context>
     <name>PickList</name>
@@ -204,10 +209,25 @@
     </message>
 </context>
 <context>
-    <name>SceneScreen</name>
+    <name>SceneButton</name>
+    <message>
+        <source>Sent</source>
+        <translation>Envoyé</translation>
+    </message>
+    <message>
+        <source>%1 %2, sent</source>
+        <translation>%1 %2, envoyé</translation>
+    </message>
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Segment</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
@@ -267,6 +287,21 @@
     <message>
         <source>Done</source>
         <translation>Terminé</translation>
+    </message>
+</context>
+<context>
+    <name>StoreDialog</name>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;?</source>
+        <translation>Remplacer ce qui est enregistré sous «&#xa0;%1&#xa0;»&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
@@ -453,6 +488,17 @@
     <message>
         <source>Simulated unit</source>
         <translation>Unité simulée</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeCard</name>
+    <message>
+        <source>%1, quieter</source>
+        <translation>%1, moins fort</translation>
+    </message>
+    <message>
+        <source>%1, louder</source>
+        <translation>%1, plus fort</translation>
     </message>
 </context>
 <context>

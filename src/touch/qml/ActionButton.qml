@@ -23,6 +23,7 @@ T.Button {
     leftPadding: 16
     rightPadding: 16
     font.pixelSize: Theme.bodyText
+    hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: clicked()
@@ -31,8 +32,10 @@ T.Button {
 
     contentItem: caption
     background: Rectangle {
+        readonly property color base: root.prominent ? Theme.accent : Theme.raised
+
         radius: Theme.radius
-        color: root.prominent ? Theme.accent : Theme.raised
+        color: root.hovered ? Qt.lighter(base, 1.2) : base
         opacity: root.down ? 0.7 : 1
         border.color: root.prominent ? Theme.accent : Theme.outline
         border.width: 1

@@ -2,7 +2,8 @@ import QtQuick
 import Lumbra.Touch
 
 /// A band's handle in the plot. A drag moves the sliders of the band's frequency and gain, as a drag of these
-/// would.
+/// would; with Shift it moves them by a tenth. A double tap sets 0 dB. The handle of a bypassed band is hollow
+/// and only chooses its band.
 Item {
     id: root
 
@@ -16,12 +17,18 @@ Item {
     /// The name of the output, for screen readers.
     required property string where
 
+    readonly property SegmentedAdapter type: screen.segmented("filterType" + (band + 1))
     readonly property SliderAdapter frequency: screen.slider("filterFreq" + (band + 1))
     readonly property SliderAdapter gain: screen.slider("filterGain" + (band + 1))
-    readonly property LabelAdapter frequencyLabel: screen.label("freqLabel" + (band + 1))
-    readonly property LabelAdapter gainLabel: screen.label("gainLabel" + (band + 1))
 
     readonly property bool edited: band === editedBand
+    readonly property bool hollow: !frequency.enabled
+    /// Of handles at the same place, the lowest is on top and takes a touch: one that can be moved, of these
+    /// the edited one or else the first.
+    readonly property int rank: (hollow ? 10 : 0) + (edited ? -1 : band)
+    /// A hand holds one of the sliders, or has just moved the handle by a step.
+    readonly property bool moving: !hollow && (frequency.held || gain.held || stepped.running)
+    readonly property string setting: BandText.shown(frequency.value, gain.value, gain.enabled)
 
     // The property names from which assistive technology reads a value: here the gain.
     readonly property real value: gain.value
@@ -30,33 +37,32 @@ Item {
 
     signal chosen
 
-    /// Whether this handle takes a touch at a place in the plot: the nearest one does; of several at the same
-    /// place, the edited one or else the first.
+    /// Whether this handle takes a touch at a place in the plot: the nearest one does.
     function isNearest(x: real, y: real): bool {
-        const rank = other => other === editedBand ? -1 : other;
         const distance = item => Math.hypot(item.x + item.width / 2 - x, item.y + item.height / 2 - y);
         const own = distance(root);
         for (let other = 0; other < handles.count; ++other) {
-            const item = handles.itemAt(other);
-            if (other === band || !item || !item.visible)
+            const item = handles.itemAt(other) as BandHandle;
+            if (other === band || !item)
                 continue;
             const its = distance(item);
-            if (its < own || (its === own && rank(other) < rank(band)))
+            if (its < own || (its === own && item.rank < rank))
                 return false;
         }
         return own <= Theme.target / 2;
     }
+    function step(slider: SliderAdapter, difference: real) {
+        if (!slider.enabled)
+            return;
+        slider.moveBy(difference);
+        stepped.restart();
+    }
 
     x: frequency.position * parent.width - width / 2
     y: plot.yOf(gain.enabled ? gain.value : 0, parent.height) - height / 2
-    z: edited ? 1 : 0
+    z: 20 - rank
     width: Theme.target
     height: Theme.target
-    visible: frequency.enabled
-    onVisibleChanged: {
-        if (!visible && activeFocus)
-            nextItemInFocusChain(false).forceActiveFocus(Qt.OtherFocusReason);
-    }
     // Where handles overlap, the nearest one takes the touch.
     containmentMask: QtObject {
         function contains(place: point): bool {
@@ -68,16 +74,16 @@ Item {
         event.accepted = true;
         switch (event.key) {
         case Qt.Key_Left:
-            frequency.moveBy(-25);
+            step(frequency, -25);
             break;
         case Qt.Key_Right:
-            frequency.moveBy(25);
+            step(frequency, 25);
             break;
         case Qt.Key_Up:
-            gain.moveBy(1);
+            step(gain, 1);
             break;
         case Qt.Key_Down:
-            gain.moveBy(-1);
+            step(gain, -1);
             break;
         default:
             event.accepted = false;
@@ -86,21 +92,26 @@ Item {
     onActiveFocusChanged: {
         if (activeFocus)
             chosen();
+        else
+            stepped.stop();
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: Speech.format(qsTr("%1 band %2, %3, %4"), [where, band + 1, frequencyLabel.spoken, gainLabel.spoken])
-    Accessible.onIncreaseAction: gain.moveBy(1)
-    Accessible.onDecreaseAction: gain.moveBy(-1)
+    Accessible.name: Speech.format(qsTr("%1 band %2, %3"), [where, band + 1, hollow ? type.segments[type.selected] : BandText.spoken(frequency.value, gain.value, gain.enabled)])
+    Accessible.onIncreaseAction: step(gain, 1)
+    Accessible.onDecreaseAction: step(gain, -1)
     Accessible.focusable: true
+    // Qt has no accessible state for a disabled control.
+    Accessible.readOnly: hollow
 
     Rectangle {
+        objectName: "disc"
         anchors.centerIn: parent
-        width: 28
-        height: 28
-        radius: 14
-        color: root.edited ? Theme.accent : Theme.raised
-        border.color: root.activeFocus ? Theme.text : Theme.accent
+        width: 2 * root.plot.handleRadius
+        height: width
+        radius: width / 2
+        color: root.hollow ? Theme.surface : root.edited ? Theme.accent : Theme.raised
+        border.color: root.activeFocus ? Theme.text : root.hollow && !root.edited ? Theme.outline : Theme.accent
         border.width: root.activeFocus ? 3 : 2
 
         Text {
@@ -109,11 +120,17 @@ Item {
             textFormat: Text.PlainText
             font.pixelSize: 14
             font.bold: true
-            color: root.edited ? Theme.accentText : Theme.text
+            color: root.hollow ? Theme.dimText : root.edited ? Theme.accentText : Theme.text
             Accessible.ignored: true
         }
     }
 
+    // How long a step shows its bubble.
+    Timer {
+        id: stepped
+
+        interval: 1500
+    }
     SliderGrab {
         id: frequencyGrab
 
@@ -132,32 +149,52 @@ Item {
                 frequencyGrab.begin();
                 gainGrab.begin();
                 root.forceActiveFocus(Qt.MouseFocusReason);
+                root.chosen();
             } else {
                 frequencyGrab.end();
                 gainGrab.end();
             }
         }
     }
+    TapHandler {
+        enabled: root.visible
+        acceptedButtons: Qt.LeftButton
+        onDoubleTapped: {
+            if (root.gain.moveToValue(0))
+                stepped.restart();
+        }
+    }
     DragHandler {
-        property point from
         property real fromPosition: 0
         property real fromGain: 0
+        /// The last place of the finger, and how far it has moved the handle.
+        property point last
+        property point moved
 
         target: null
-        enabled: root.visible
+        enabled: root.visible && !root.hollow
         dragThreshold: 3
         acceptedButtons: Qt.LeftButton
         grabPermissions: PointerHandler.CanTakeOverFromAnything
         onActiveChanged: {
-            from = centroid.scenePosition;
+            last = centroid.scenePosition;
+            moved = Qt.point(0, 0);
             fromPosition = root.frequency.position;
             fromGain = root.gain.value;
+            if (active) {
+                frequencyGrab.dragToPosition(fromPosition);
+                gainGrab.dragToValue(fromGain);
+            }
         }
         onCentroidChanged: {
             if (!active || !(root.parent.width > 0 && root.parent.height > 0))
                 return;
-            frequencyGrab.dragToPosition(fromPosition + (centroid.scenePosition.x - from.x) / root.parent.width);
-            gainGrab.dragToValue(fromGain + root.plot.decibelsOf(centroid.scenePosition.y - from.y, root.parent.height));
+            const share = centroid.modifiers & Qt.ShiftModifier ? 0.1 : 1;
+            moved.x += share * (centroid.scenePosition.x - last.x);
+            moved.y += share * (centroid.scenePosition.y - last.y);
+            last = centroid.scenePosition;
+            frequencyGrab.dragToPosition(fromPosition + moved.x / root.parent.width);
+            gainGrab.dragToValue(fromGain + root.plot.decibelsOf(moved.y, root.parent.height));
         }
     }
 }

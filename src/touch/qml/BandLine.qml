@@ -31,15 +31,19 @@ Item {
             text: line.slider.caption
             color: Theme.dimText
             font.pixelSize: Theme.smallText
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Theme.tinyText
             Accessible.ignored: true
         }
         FittedText {
             id: level
 
             anchors.right: parent.right
-            width: Math.min(implicitWidth, parent.width * 0.6)
+            width: Math.min(implicitWidth, Math.max(parent.width - caption.implicitWidth - 4, parent.width * 0.46))
             text: line.label.text
             font.pixelSize: Theme.smallText
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Theme.tinyText
             Accessible.ignored: true
         }
     }

@@ -1,8 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
-import Lumbra.Touch
 
 /// Segments, one of them selected, in as many rows as they need.
 Item {
@@ -35,59 +33,19 @@ Item {
         Repeater {
             model: root.choices
 
-            // Assistive technology derives the role of a control from its type.
-            T.RadioButton {
-                id: segment
-
+            Segment {
                 required property int index
                 required property string modelData
-                readonly property bool selected: index === root.selected
-                readonly property FittedText caption: FittedText {
-                    text: segment.text
-                    horizontalAlignment: Text.AlignHCenter
-                    font.pixelSize: root.textSize
-                    font.bold: segment.selected
-                    fontSizeMode: Text.HorizontalFit
-                    minimumPixelSize: Theme.tinyText
-                    color: !segment.enabled ? Theme.outline : segment.selected ? Theme.accentText : Theme.text
-                    Accessible.ignored: true
-                }
-                readonly property HoldToRead reading: HoldToRead {
-                    button: segment
-                    caption: segment.caption
-                }
 
                 objectName: "segment" + index
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 implicitHeight: root.rowHeight
-                leftInset: 1
-                rightInset: 1
-                topInset: 1
-                bottomInset: 1
+                name: root.name
                 text: modelData
-                checkable: false
-                autoExclusive: false
-                Accessible.name: Speech.format(qsTr("%1, %2"), [root.name, text])
-                Accessible.checkable: true
-                Accessible.checked: selected
-                Accessible.onPressAction: clicked()
-                Accessible.onToggleAction: clicked()
-                Keys.onReturnPressed: clicked()
-                Keys.onEnterPressed: clicked()
+                textSize: root.textSize
+                selected: index === root.selected
                 onClicked: root.chosen(index)
-
-                contentItem: caption
-                background: Rectangle {
-                    radius: 6
-                    color: segment.selected ? Theme.accent : Theme.raised
-                    opacity: segment.down ? 0.7 : 1
-
-                    FocusFrame {
-                        of: segment
-                        border.color: Theme.text
-                    }
-                }
             }
         }
     }

@@ -2,47 +2,69 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lumbra.Touch
 
-/// The response of an output's equaliser, with a handle for each band that is not bypassed.
+/// The response of an output's equaliser, with a handle for each band.
 Card {
     id: root
 
     required property ScreenAdapter screen
     required property int edited
-    /// The name of the output, for screen readers.
+    /// The name of the output.
     required property string where
 
     signal chosen(band: int)
 
-    implicitHeight: 190
+    implicitHeight: 160 * Theme.textScale
     implicitWidth: 320
     Accessible.role: Accessible.Graphic
     Accessible.name: qsTr("Equaliser response, approximate")
 
-    EqPlot {
-        id: response
+    FittedText {
+        id: title
 
-        objectName: "plot"
-        anchors.fill: parent
-        anchors.margins: 8
-        screen: root.screen
-        edited: root.edited
-        sumColor: Theme.text
-        editedColor: Theme.accent
-        gridColor: Theme.raised
-        textColor: Theme.dimText
-        textSize: Math.round(Theme.smallText * 0.85)
+        anchors.left: response.left
+        anchors.right: note.left
+        anchors.rightMargin: Theme.smallGap
+        y: Theme.smallGap
+        text: root.where
+        font.pixelSize: Theme.smallText
+        font.bold: true
+        Accessible.ignored: true
     }
     FittedText {
-        anchors.top: response.top
+        id: note
+
         anchors.right: response.right
+        anchors.baseline: title.baseline
         width: Math.min(implicitWidth, response.width / 2)
         text: qsTr("approximate")
         color: Theme.dimText
         font.pixelSize: Theme.smallText
         Accessible.ignored: true
     }
+    EqPlot {
+        id: response
+
+        objectName: "plot"
+        anchors.fill: parent
+        anchors.margins: Theme.smallGap
+        anchors.topMargin: title.y + title.height + 2
+        screen: root.screen
+        edited: root.edited
+        handleRadius: 14
+        sumColor: Theme.text
+        editedColor: Theme.accent
+        gridColor: Theme.raised
+        textColor: Theme.dimText
+        backColor: root.color
+        textSize: Math.round(Theme.smallText * 0.85)
+    }
     Item {
-        anchors.fill: response
+        id: grid
+
+        x: response.x + response.grid.x
+        y: response.y + response.grid.y
+        width: response.grid.width
+        height: response.grid.height
 
         Repeater {
             id: all
@@ -50,6 +72,8 @@ Card {
             model: 7
 
             BandHandle {
+                id: handle
+
                 required property int index
 
                 objectName: "handle" + (index + 1)
@@ -60,7 +84,20 @@ Card {
                 editedBand: root.edited
                 handles: all
                 onChosen: root.chosen(index)
+                onMovingChanged: {
+                    if (moving)
+                        bubble.handle = handle;
+                    else if (bubble.handle === handle)
+                        bubble.handle = null;
+                }
             }
+        }
+        BandBubble {
+            id: bubble
+
+            objectName: "bubble"
+            handleRadius: response.handleRadius
+            room: Qt.rect(Theme.smallGap - grid.x, Theme.smallGap - grid.y, root.width - 2 * Theme.smallGap, root.height - 2 * Theme.smallGap)
         }
     }
 }

@@ -1,7 +1,7 @@
 import QtQuick
 import Lumbra.Touch
 
-/// A slider with its caption and the level that the unit has reported.
+/// A slider around zero, with its caption and the level that the unit has reported.
 Card {
     id: root
 
@@ -45,6 +45,8 @@ Card {
             objectName: "levelSlider"
             width: parent.width
             slider: root.slider
+            fillFrom: slider.zeroPosition
+            bubble: true
             label: root.slider.spokenName(root.where)
             spokenValue: root.label.spoken
         }

@@ -3,7 +3,8 @@ import QtQuick
 import Lumbra.Touch
 
 /// A slider that never jumps: a drag moves the thumb by as much as the finger moves, wherever the press was.
-/// The mouse wheel and the arrow keys move it by small steps, the Page keys by larger ones.
+/// The arrow keys move it by small steps, the Page keys by larger ones, and the mouse wheel by small steps while it has
+/// the keyboard focus.
 Item {
     id: root
 
@@ -17,6 +18,10 @@ Item {
     property bool endKeys: true
     property int thickness: 6
     property color color: Theme.accent
+    /// The position from which the track is filled. It is marked, unless it is the beginning.
+    property real fillFrom: 0
+    /// While it is held, the value that the user has set is shown over the thumb.
+    property bool bubble: false
 
     // The property names from which assistive technology reads a slider.
     readonly property real value: slider.value
@@ -24,6 +29,9 @@ Item {
     readonly property real maximumValue: slider.maximum
 
     property bool lostFocus: false
+    /// A press, not the keyboard, has moved the focus here.
+    property bool byHand: false
+    readonly property bool visualFocus: activeFocus && !byHand
 
     function step(key: int): bool {
         switch (key) {
@@ -58,8 +66,10 @@ Item {
     // If the unit disables the slider while it has the keyboard focus, the focus moves to the previous
     // control.
     onActiveFocusChanged: {
-        if (!activeFocus && !enabled)
-            lostFocus = true;
+        if (activeFocus)
+            return;
+        byHand = false;
+        lostFocus = !enabled;
     }
     onEnabledChanged: {
         if (!enabled && lostFocus)
@@ -94,10 +104,19 @@ Item {
         }
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
-            width: thumb.x + thumb.width / 2
+            x: Math.min(root.fillFrom, root.slider.position) * parent.width
+            width: Math.abs(root.slider.position - root.fillFrom) * parent.width
             height: root.thickness
             radius: height / 2
             color: root.color
+        }
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.fillFrom > 0
+            x: root.fillFrom * parent.width - width / 2
+            width: 2
+            height: root.thickness + 14
+            color: Theme.dimText
         }
         Rectangle {
             id: thumb
@@ -111,6 +130,20 @@ Item {
             color: root.slider.held ? root.color : Theme.text
             border.color: root.color
             border.width: 3
+        }
+    }
+    Loader {
+        readonly property bool shown: root.bubble && root.slider.held
+
+        x: Math.max(0, Math.min(root.width - width, track.x + thumb.x + (thumb.width - width) / 2))
+        y: thumb.y - height - 4
+        onShownChanged: {
+            if (shown)
+                setSource("ValueBubble.qml", {
+                    slider: root.slider
+                });
+            else
+                setSource("");
         }
     }
     FocusFrame {
@@ -129,6 +162,7 @@ Item {
             if (active) {
                 grab.begin();
                 root.forceActiveFocus(Qt.MouseFocusReason);
+                root.byHand = true;
             } else {
                 grab.end();
             }
@@ -147,6 +181,8 @@ Item {
         onActiveChanged: {
             fromX = centroid.scenePosition.x;
             fromPosition = root.slider.position;
+            if (active)
+                grab.dragToPosition(fromPosition);
         }
         onCentroidChanged: {
             if (active && track.width > 0)
@@ -156,6 +192,8 @@ Item {
     WheelHandler {
         property real turned: 0
 
+        // Else the page scrolls.
+        enabled: root.activeFocus
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         onWheel: event => {
             turned += event.angleDelta.y / 120;

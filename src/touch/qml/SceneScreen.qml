@@ -8,50 +8,86 @@ ScreenPage {
 
     required property ScreenAdapter screen
     current: screen.current
-    readonly property string where: screen.picker("scenePicker").selectedText
+    readonly property PickerAdapter picker: screen.picker("scenePicker")
+    /// A wheel that a finger has turned does not show the scene that would be used.
+    readonly property bool sure: wide || !wheel.loose
 
-    maximumWidth: 560
+    maximumWidth: wide ? 1120 : 560
+    Component.onCompleted: screen.setItemPicker("scenePicker")
 
     ColumnLayout {
         width: parent.width
-        spacing: Theme.gap
+        spacing: page.wide ? 24 : Theme.gap
 
         WheelPicker {
             id: wheel
 
             objectName: "scenePicker"
             Layout.fillWidth: true
-            picker: page.screen.picker("scenePicker")
-            visibleRows: page.height > 200 + 5 * Theme.row ? 5 : 3
+            visible: !page.wide
+            picker: page.picker
+            visibleRows: page.height > 240 + 5 * Theme.row ? 5 : 3
         }
-        ActionButton {
-            readonly property ButtonAdapter adapter: page.screen.button("loadSceneButton")
-
-            objectName: "loadSceneButton"
+        SceneTiles {
+            objectName: "scenePicker"
             Layout.fillWidth: true
-            implicitHeight: Math.max(64, Theme.row)
-            prominent: true
-            text: adapter.caption
-            // A loose wheel does not show the scene that would be used.
-            enabled: adapter.enabled && !wheel.loose
-            Accessible.name: Speech.format(qsTr("%1 %2"), [text, page.where])
-            onClicked: {
-                wheel.commit();
-                adapter.press();
+            visible: page.wide
+            picker: page.picker
+            tileHeight: Math.max(56, Math.min(96, page.height / 5))
+        }
+        // Far apart: what a slip of the finger stores is lost.
+        GridLayout {
+            Layout.fillWidth: true
+            columns: page.wide ? 2 : 1
+            columnSpacing: 96
+            rowSpacing: 48
+
+            SceneButton {
+                objectName: "loadSceneButton"
+                Layout.fillWidth: true
+                Layout.preferredWidth: 2
+                implicitHeight: Math.max(64, Theme.row)
+                prominent: true
+                adapter: page.screen.button("loadSceneButton")
+                where: page.picker.selectedText
+                enabled: adapter.enabled && page.sure
+                onClicked: {
+                    wheel.commit();
+                    press();
+                }
+            }
+            SceneButton {
+                id: store
+
+                objectName: "saveSceneButton"
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                adapter: page.screen.button("saveSceneButton")
+                where: page.picker.selectedText
+                enabled: adapter.enabled && page.sure
+                onClicked: {
+                    wheel.commit();
+                    question.byKeyboard = visualFocus;
+                    question.setSource("StoreDialog.qml", {
+                        screen: page.screen,
+                        button: store,
+                        byKeyboard: visualFocus
+                    });
+                }
             }
         }
-        ActionButton {
-            readonly property ButtonAdapter adapter: page.screen.button("saveSceneButton")
+    }
+    Loader {
+        id: question
 
-            objectName: "saveSceneButton"
-            Layout.fillWidth: true
-            text: adapter.caption
-            // A loose wheel does not show the scene that would be used.
-            enabled: adapter.enabled && !wheel.loose
-            Accessible.name: Speech.format(qsTr("%1 %2"), [text, page.where])
-            onClicked: {
-                wheel.commit();
-                adapter.press();
+        property bool byKeyboard: false
+
+        Connections {
+            target: question.item
+            function onClosed() {
+                question.setSource("");
+                if (store.activeFocus && question.byKeyboard)
+                    store.focusReason = Qt.TabFocusReason;
             }
         }
     }

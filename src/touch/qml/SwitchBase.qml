@@ -25,6 +25,7 @@ T.Switch {
     leftPadding: 14
     rightPadding: 14
     font.pixelSize: Theme.bodyText
+    hoverEnabled: true
     checked: on
     onToggled: {
         const wanted = checked;
@@ -69,6 +70,8 @@ T.Switch {
         }
     }
     background: Card {
+        color: root.hovered ? Qt.lighter(Theme.surface, 1.25) : Theme.surface
+
         FocusFrame {
             of: root
         }

@@ -1,14 +1,18 @@
 import QtQuick
 
-/// Covers the window and shows an elided text in full while the pointer or a finger rests on it. There is one
-/// for all texts, because a watcher for each would slow down the start.
+/// Covers the window and shows a tip while the pointer or a finger rests on something: an elided text in full, or the
+/// `tip` of an item that has such a text, as a button with only an icon has. There is one for all, because a watcher for
+/// each would slow down the start.
 Item {
     id: root
 
-    /// The elided text under the pointer or the finger.
-    property FittedText cut: null
+    /// What is under the pointer or the finger and has a tip.
+    property Item tipped: null
 
-    function textAt(item: Item, x: real, y: real): FittedText {
+    function tipOf(item: var): string {
+        return item instanceof FittedText ? item.truncated ? item.text : "" : item.tip || "";
+    }
+    function tippedAt(item: Item, x: real, y: real): Item {
         for (let at = item.children.length - 1; at >= 0; --at) {
             const child = item.children[at];
             if (!child.visible || child === root)
@@ -16,25 +20,27 @@ Item {
             const place = item.mapToItem(child, x, y);
             if (child.clip && !child.contains(place))
                 continue;
-            const found = textAt(child, place.x, place.y);
+            const found = tippedAt(child, place.x, place.y);
             if (found)
                 return found;
-            if (child instanceof FittedText && child.truncated && child.contains(place))
+            if (tipOf(child) && child.contains(place))
                 return child;
         }
         return null;
     }
     function look(place: point) {
-        cut = textAt(parent, place.x, place.y);
+        tipped = tippedAt(parent, place.x, place.y);
     }
 
     HoverHandler {
+        // An item that covers others takes their hover events.
+        parent: root.parent
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
 
         onPointChanged: root.look(point.position)
         onHoveredChanged: {
             if (!hovered)
-                root.cut = null;
+                root.tipped = null;
         }
     }
     TapHandler {
@@ -42,25 +48,25 @@ Item {
         onLongPressed: root.look(point.position)
         onPressedChanged: {
             if (!pressed)
-                root.cut = null;
+                root.tipped = null;
         }
     }
     Loader {
-        readonly property FittedText cut: root.cut
+        readonly property Item tipped: root.tipped
 
         objectName: "tip"
-        onCutChanged: {
-            if (!cut) {
+        onTippedChanged: {
+            if (!tipped) {
                 setSource("");
                 return;
             }
-            const place = cut.mapToItem(root, 0, 0);
+            const place = tipped.mapToItem(root, 0, 0);
             x = place.x;
             y = place.y;
-            width = cut.width;
-            height = cut.height;
+            width = tipped.width;
+            height = tipped.height;
             setSource("TextTip.qml", {
-                text: cut.text
+                text: root.tipOf(tipped)
             });
         }
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Lumbra.Touch
 
-/// The volume in large text, as the unit has reported it, over its slider.
+/// The volume in large text, as the unit has reported it, between two buttons over its slider.
 Card {
     id: root
 
@@ -11,42 +11,71 @@ Card {
     readonly property SliderAdapter slider: screen.slider("volumeSlider")
     readonly property LabelAdapter level: screen.label("volumeLabel")
 
-    implicitHeight: column.implicitHeight + 16
+    implicitHeight: column.implicitHeight + 14
     implicitWidth: 240
 
     Column {
         id: column
 
-        x: 14
-        y: 8
-        width: parent.width - 28
+        x: 10
+        y: 10
+        width: parent.width - 20
+        // The bubble has its room.
+        spacing: 14
 
         Item {
             width: parent.width
-            height: number.implicitHeight
+            height: Math.max(less.height, caption.height + number.height)
 
-            FittedText {
+            StepButton {
+                id: less
+
+                objectName: "less"
                 anchors.left: parent.left
-                anchors.right: number.left
-                anchors.rightMargin: Theme.smallGap
-                anchors.baseline: number.baseline
+                anchors.verticalCenter: parent.verticalCenter
+                slider: root.slider
+                step: -1
+                text: "\u2212"
+                Accessible.name: Speech.format(qsTr("%1, quieter"), [root.slider.spokenName(root.where)])
+            }
+            FittedText {
+                id: caption
+
+                anchors.left: less.right
+                anchors.right: more.left
+                anchors.margins: Theme.smallGap
+                anchors.bottom: number.top
+                horizontalAlignment: Text.AlignHCenter
                 text: root.slider.caption
                 color: Theme.dimText
+                font.pixelSize: Theme.smallText
                 Accessible.ignored: true
             }
             FittedText {
                 id: number
 
                 objectName: "volumeText"
-                anchors.right: parent.right
-                width: Math.min(implicitWidth, parent.width * 0.65)
-                horizontalAlignment: Text.AlignRight
+                anchors.left: caption.left
+                anchors.right: caption.right
+                anchors.bottom: parent.bottom
+                horizontalAlignment: Text.AlignHCenter
                 text: root.level.text
                 font.pixelSize: Theme.hugeText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.titleText
                 font.bold: true
                 Accessible.ignored: true
+            }
+            StepButton {
+                id: more
+
+                objectName: "more"
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                slider: root.slider
+                step: 1
+                text: "+"
+                Accessible.name: Speech.format(qsTr("%1, louder"), [root.slider.spokenName(root.where)])
             }
         }
         VolumeSlider {

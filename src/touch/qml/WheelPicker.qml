@@ -4,7 +4,8 @@ import Lumbra.Touch
 
 /// A wheel of rows with the selected one in the middle. A fling picks once, where it ends. A touch on the
 /// moving wheel stops it without a pick. A tap on the middle row picks it again; a tap on another row picks
-/// that. The mouse wheel and the arrow keys turn it, and it picks when it has come to rest.
+/// that. The arrow keys turn it, and so does the mouse wheel while it has the keyboard focus; it picks when it has come
+/// to rest.
 Item {
     id: root
 
@@ -28,6 +29,27 @@ Item {
     /// The user has moved the wheel by touch, and it shows a row that is not picked, or not yet.
     readonly property bool loose: list.moving || linger.running
 
+    /// A press, not the keyboard, has moved the focus here.
+    property bool byHand: false
+    readonly property bool visualFocus: activeFocus && !byHand
+
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            byHand = false;
+    }
+
+    function takeFocus() {
+        forceActiveFocus(Qt.MouseFocusReason);
+        byHand = true;
+    }
+    /// Scrolls the page, which would not see a turn of the mouse wheel over the list.
+    function scrollPage(angle: real) {
+        let page = parent;
+        while (page && !(page instanceof Flickable))
+            page = page.parent;
+        if (page)
+            page.contentY = Math.max(0, Math.min(page.contentHeight - page.height, page.contentY - angle / 120 * Theme.row));
+    }
     function follow() {
         // A timer fires before `resting` is updated.
         if (!list.moving && !settle.running && !linger.running && list.currentIndex !== picker.selected)
@@ -215,7 +237,7 @@ Item {
                 color: root.picker.white ? Theme.pickerText : Theme.text
                 moving: list.moving
                 onPicked: (row, text) => {
-                    root.forceActiveFocus(Qt.MouseFocusReason);
+                    root.takeFocus();
                     root.pick(row, text);
                 }
             }
@@ -235,6 +257,10 @@ Item {
 
                 acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
                 onWheel: event => {
+                    if (!root.activeFocus) {
+                        root.scrollPage(event.angleDelta.y);
+                        return;
+                    }
                     turned += event.angleDelta.y / 120;
                     const notches = Math.trunc(turned);
                     if (notches !== 0) {

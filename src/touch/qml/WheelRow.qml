@@ -20,9 +20,14 @@ FittedText {
     font.bold: inMiddle
     fontSizeMode: Text.HorizontalFit
     minimumPixelSize: Theme.smallText
-    opacity: inMiddle ? 1 : 0.75
+    opacity: inMiddle || hover.hovered ? 1 : 0.75
     Accessible.ignored: true
 
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse
+    }
     TapHandler {
         property bool wasMoving: false
         property string seen: ""

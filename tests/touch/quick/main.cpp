@@ -5,9 +5,12 @@
 #include <QAccessible>
 #include <QGuiApplication>
 #include <QMetaEnum>
+#include <QMouseEvent>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QStyleHints>
+#include <QTranslator>
+#include <QWindow>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -56,6 +59,19 @@ public:
     }
     /// What was sent since the last call.
     Q_INVOKABLE QString sent() { return sent(*remote_); }
+    /// What is opened from now on speaks this language.
+    Q_INVOKABLE void speak(const QString& language) {
+        QCoreApplication::removeTranslator(&translator_);
+        if (translator_.load(QStringLiteral(":/i18n/lumbra_%1.qm").arg(language)))
+            QCoreApplication::installTranslator(&translator_);
+    }
+    /// Moves the mouse with its left button down and keys held.
+    Q_INVOKABLE void moveMouse(QWindow* window, qreal x, qreal y, int modifiers) const {
+        const QPointF place(x, y);
+        QMouseEvent move(QEvent::MouseMove, place, window->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                         Qt::KeyboardModifiers(modifiers));
+        QCoreApplication::sendEvent(window, &move);
+    }
     /// Lets virtual time pass.
     Q_INVOKABLE void pass(int milliseconds) {
         remote_->queue.advance(std::chrono::milliseconds(milliseconds));
@@ -148,6 +164,7 @@ private:
     std::unique_ptr<Remote> remote_;
     std::unique_ptr<WindowLife> life_;
     std::unique_ptr<AppAdapter> app_;
+    QTranslator translator_;
 };
 
 } // namespace lumbra

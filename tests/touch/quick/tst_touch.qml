@@ -28,6 +28,16 @@ TestCase {
         waitForRendering(window.contentItem);
         harness.sent();
     }
+    // On two pages, the second.
+    function showEqualiser() {
+        if (seen("partChoice"))
+            mouseClick(find("partChoice", "segment1"));
+        waitForRendering(window.contentItem, 100);
+    }
+    function openEqualiser(width, height) {
+        open(width, height, advanced);
+        showEqualiser();
+    }
     function cleanup() {
         if (window) {
             window.destroy();
@@ -35,6 +45,10 @@ TestCase {
             wait(0);
         }
         harness.stop();
+    }
+    function init() {
+        Theme.textScale = 1;
+        harness.speak("en");
     }
     function play(script) {
         compare(harness.play(script), "");
@@ -118,11 +132,22 @@ TestCase {
         const value = slider.value;
         verify(value > -40 && value < -20, value);
         // The finger stays; the unit speaks.
-        play("> U1Z1V-70");
+        play("> U1Z1V-39");
         harness.sent();
         mouseRelease(slider, 60, y);
         compare(slider.value, value);
+        compare(find("bubble").text, Math.trunc((Math.trunc(value) + 80) * 1.25) + "%", "what the finger asks for");
+        harness.pass(800);
         compare(sentLater(), "[U1Z1V" + Math.trunc(value) + "]");
+        // Somebody turns it down under the finger, which goes on from there.
+        drag(slider, 20, y, 40, 0);
+        play("> U1Z1V-70");
+        compare(slider.value, -70);
+        mouseMove(slider, 70, y);
+        verify(slider.value > -70 && slider.value < -64, slider.value);
+        mouseRelease(slider, 70, y);
+        sentLater();
+        verify(!seen("bubble"));
 
         // Keys and a mouse's wheel step.
         slider.forceActiveFocus();
@@ -238,7 +263,64 @@ TestCase {
         picker.forceActiveFocus();
         keyClick(Qt.Key_Down);
         mouseClick(find("saveSceneButton"));
+        mouseClick(find("replaceButton"));
         compare(harness.sent(), "[U1SP2SAVE]");
+    }
+    function test_storing_asks_and_names_the_scene() {
+        for (const width of [360, 800]) {
+            open(width, 480);
+            show("scene");
+            harness.sent();
+            const store = find("saveSceneButton");
+            const ask = () => {
+                mouseClick(store);
+                const scene = harness.app.screen.picker("scenePicker").selectedText;
+                compare(find("storeQuestion").text, "Replace what is stored as \"" + scene + "\"?");
+                verify(find("cancelButton").activeFocus);
+            };
+            const away = () => {
+                play("tab group\nconnect");
+                show("scene");
+            };
+            for (const leave of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Return), () => mouseClick(find("cancelButton")),
+                () => play("> U1SP1N\"Movie Night\""), () => play("pick scenePicker 3"), () => play("error\naway\nback\nconnect"),
+                away, () => play("end\naway\nback\nconnect"), away]) {
+                ask();
+                leave();
+                tryVerify(() => !seen("storeQuestion"));
+                compare(harness.sent().replace(/\[U1(APPQ|SERIAL).\] ?/g, ""), "");
+                harness.app.alert.dismiss();
+                tryVerify(() => !seen("alertButton"));
+            }
+            store.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Return);
+            verify(find("cancelButton").visualFocus);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => store.visualFocus);
+            ask();
+            mouseClick(find("replaceButton"));
+            compare(harness.sent(), "[U1SP4SAVE]");
+            compare(store.text, "Sent");
+            verify(harness.accessible(window).includes("Button; Store Scene 4, sent"));
+            play("pick scenePicker 1");
+            compare(store.text, "Store", "nothing was sent for this one");
+        }
+    }
+    function test_two_buttons_move_the_volume() {
+        open();
+        const slider = find("volumeSlider");
+        for (let press = 0; press < 3; ++press)
+            mouseClick(find("more"));
+        compare(slider.value, -37);
+        play("wait 0.76\nsent [U1Z1V-37]\n> U1Z1V-37\nwait 1\n> U1Z2V-20");
+        mousePress(find("less"));
+        compare(slider.value, -37, "not before it is a tap or a hold");
+        tryCompare(slider, "value", -38);
+        // It must not go on with another zone.
+        play("pick zonePicker 1");
+        mouseRelease(find("less"));
+        compare(slider.value, -20);
+        compare(sentLater(), "");
     }
 
     function test_the_alert_the_link_and_a_switch() {
@@ -351,7 +433,6 @@ TestCase {
 
     function test_a_handle_moves_both_sliders_of_its_own_band() {
         open(1280, 800, advanced);
-        verify(!seen("handle2"), "a bypassed band has none");
         play("> U1O1B2P0F1000");
         const handle = find("handle2");
         const frequency = harness.app.screen.slider("filterFreq2");
@@ -361,14 +442,21 @@ TestCase {
         drag(window.contentItem, place.x, place.y, 48, -32);
         verify(frequency.value > 3000 && gain.value > 0, frequency.value + " " + gain.value);
         verify(frequency.held && gain.held);
-        // The unit says something else; the handle stays under the finger.
+        // The echo of an earlier step; the handle stays under the finger.
         const at = frequency.value;
-        play("> U1O1B2P0F100");
+        play("> U1O1B2P0F1000");
         mouseRelease(window.contentItem, place.x + 48, place.y - 32);
-        verify(!frequency.held);
         compare(frequency.value, at);
         compare(harness.app.screen.slider("filterFreq1").value, 3000);
-        verify(/^\[U1O1B2P.*\]$/.test(sentLater()));
+        harness.pass(2000);
+        verify(/^\[U1O1B2P.*\]$/.test(harness.sent()));
+        // The echo of the one key undoes nothing of the other.
+        play("> U1O1B2P0F1000\nwait 2");
+        handle.forceActiveFocus();
+        keyClick(Qt.Key_Left);
+        harness.pass(200);
+        keyClick(Qt.Key_Up);
+        play("wait 0.56\nsent [U1O1B2P0F944]\n> U1O1B2P0F944\nwait 3\nsent [U1O1B2P1F944]");
         // A pass has no gain: its handle moves along the axis alone.
         play("> U1O1B2HPF500");
         const before = gain.value;
@@ -378,9 +466,9 @@ TestCase {
         keyClick(Qt.Key_Right);
         verify(frequency.value > 2700);
 
-        // Of handles that lie over one another, the nearest is taken.
-        open(360, 640, advanced);
-        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000");
+        // Of handles that lie over one another, the nearest is taken, and one that can be moved.
+        openEqualiser(360, 640);
+        play("> U1O1B2P0F1000\n> U1O1B3P0F1500\n> U1O1B4P0F1000\n> U1O1B1P0F1000\n> U1O1B1BYPASS");
         for (const band of [2, 3, 4]) {
             const handle = find("handle" + band);
             handle.forceActiveFocus();
@@ -389,25 +477,144 @@ TestCase {
             mouseRelease(handle, 24, 24);
         }
     }
+    // Whether a picture has a colour at a place in an item, or a few pixels above or below.
+    function isDrawn(image, item, x, y, color, near = 0.4) {
+        return [-2, -1, 0, 1, 2].some(off => {
+            const place = item.mapToItem(window.contentItem, x, y + off);
+            const pixel = image.pixel(Math.round(place.x), Math.round(place.y));
+            return Math.hypot(pixel.r - color.r, pixel.g - color.g, pixel.b - color.b) < near;
+        });
+    }
     function test_the_plot_shows_the_sum_and_the_edited_band() {
         open(1280, 1000, advanced);
-        play("> U1O1B1P12F1000\n> U1O1B2LS-9F100\n> U1APPQ1");
+        play("> U1O1B1P12F1000\n> U1O1B2LS-9F100\n> U1O1B7P0F300\n> U1O1B7BYPASS\n> U1APPQ1");
         const plot = find("plot");
-        plot.edited = 1;
-        for (let band = 1; band <= 2; ++band)
-            find("handle" + band).opacity = 0;
-        waitForRendering(plot);
-        const image = grabImage(window.contentItem);
-        const isDrawn = (color, share, decibels) => [-2, -1, 0, 1, 2].some(off => {
-            const place = plot.mapToItem(window.contentItem, share * plot.width, plot.yOf(decibels, plot.height) + off);
-            const pixel = image.pixel(Math.round(place.x), Math.round(place.y));
-            return Math.hypot(pixel.r - color.r, pixel.g - color.g, pixel.b - color.b) < 0.4;
-        });
+        const grid = plot.grid;
+        find("handle2").forceActiveFocus();
+        const discs = [1, 2, 3, 4, 5, 6, 7].map(band => find("handle" + band, "disc"));
+        const picture = () => {
+            waitForRendering(plot);
+            return grabImage(window.contentItem);
+        };
+        let image = picture();
+        const isDisc = (disc, ring, inside) => isDrawn(image, disc, 1, 14, ring) && isDrawn(image, disc, 5, 14, inside, 0.03);
+        verify(isDisc(discs[0], Theme.accent, Theme.raised), "a handle");
+        verify(isDisc(discs[6], Theme.outline, Theme.surface), "a hollow handle");
+        compare(discs[6].mapToItem(plot, 14, 14).y, grid.y + grid.height / 2);
+        discs.forEach(disc => disc.opacity = 0);
+        image = picture();
+        const isAt = (color, share, decibels) => isDrawn(image, plot, grid.x + share * grid.width, grid.y + plot.yOf(decibels, grid.height), color);
         // 20 Hz, 1 kHz and 20 kHz: where the sum goes, then the low shelf alone.
         for (const [share, sum, shelf] of [[0.04, -9, -9], [0.5663, 12, 0], [0.98, 0, 0]]) {
-            verify(isDrawn(Theme.text, share, sum), "the sum at " + share);
-            compare(isDrawn(Theme.accent, share, shelf), sum !== shelf, "the band being edited at " + share);
-            verify(!isDrawn(Theme.text, share, sum - 6), "nothing else at " + share);
+            verify(isAt(Theme.text, share, sum), "the sum at " + share);
+            compare(isAt(Theme.accent, share, shelf), sum !== shelf, "the band being edited at " + share);
+            verify(!isAt(Theme.text, share, sum - 6), "nothing else at " + share);
+        }
+        // The arrows where the sum leaves the grid; beside each, its value.
+        const arrow = (share, decibels) => isAt(Theme.text, share - 0.006, decibels) && isAt(Theme.text, share + 0.006, decibels);
+        verify(!arrow(0.5663, 17.4) && !arrow(0.5663, -17.4));
+        for (const [gain, decibels] of [[12, 17.4], [-12, -17.4]]) {
+            play("> U1O1B1P" + gain + "F1000\n> U1O1B3P" + gain + "F1000\n> U1O1B2BYPASS");
+            image = picture();
+            verify(arrow(0.5663, decibels), gain);
+            let written = 0;
+            for (let x = 16; x < 70; ++x)
+                written += isDrawn(image, plot, grid.x + 0.5663 * grid.width + x, grid.y + plot.yOf(decibels, grid.height), Theme.text);
+            verify(written > 10, "the value beside the arrow");
+        }
+        // At the ends of both axes, the whole handle is in the plot and on no label, and the bubble is beside it.
+        openEqualiser(360, 600);
+        const small = find("plot");
+        const within = (item, other) => Qt.rect(...Object.values(item.mapToItem(other, 0, 0)).slice(0, 2), item.width, item.height);
+        for (const setting of ["P15F20", "P-15F20", "P15F20000", "P-15F20000"]) {
+            play("> U1O1B1" + setting);
+            const disc = within(find("handle1", "disc"), small);
+            verify(disc.left >= 20 && disc.top >= 0 && disc.right <= small.width && disc.bottom <= small.height - 12, setting);
+            find("handle1").forceActiveFocus();
+            keyClick(setting.includes("-") ? Qt.Key_Down : Qt.Key_Up);
+            const bubble = within(find("bubble"), small.parent);
+            verify(bubble.left >= 0 && bubble.top >= 0 && bubble.right <= small.parent.width, setting + ": " + bubble);
+            const beside = within(find("bubble"), find("handle1", "disc"));
+            verify(beside.right < 0 || beside.left > 28 || beside.bottom < 0, setting + ": " + beside);
+        }
+    }
+    function test_a_handle_tells_what_it_sets() {
+        openEqualiser(360, 640);
+        play("> U1O1B2P0F1000\n> U1O1B3HPF500");
+        const bubble = () => seen("bubble") ? seen("bubble", "bubbleText").text : "";
+        const handle = find("handle2");
+        const gain = handle.gain;
+        const frequency = handle.frequency;
+        compare(bubble(), "");
+        handle.forceActiveFocus();
+        keyClick(Qt.Key_Up);
+        compare(bubble(), "1 kHz, +1 dB");
+        find("handle3").forceActiveFocus();
+        compare(bubble(), "");
+        keyClick(Qt.Key_Up);
+        compare(bubble(), "", "a pass has no gain");
+        keyClick(Qt.Key_Left);
+        compare(bubble(), "472 Hz");
+        // Then with Shift, by a tenth.
+        const center = handle.mapToItem(window.contentItem, 24, 24);
+        mousePress(window.contentItem, center.x, center.y);
+        const moves = shift => {
+            const before = [gain.value, frequency.value];
+            for (let step = 0; step < 10; ++step)
+                harness.moveMouse(window, center.x += 4, center.y -= 2, shift);
+            return [gain.value - before[0], frequency.value - before[1]];
+        };
+        moves(Qt.NoModifier);
+        const whole = moves(Qt.NoModifier);
+        const fine = moves(Qt.ShiftModifier);
+        for (const part of [0, 1])
+            fuzzyCompare(fine[part], whole[part] / 10, Math.abs(whole[part]) / 100);
+        verify(/^[0-9.]+ kHz, \+[0-9]+ dB$/.test(bubble()), bubble());
+        mouseRelease(window.contentItem, center.x, center.y);
+        verify(sentLater().includes("O1B2P"));
+        harness.pass(1000);
+        compare(bubble(), "");
+        // Two clicks or taps take the gain back; a hollow handle only chooses its band.
+        for (let tap = 0; tap < 2; ++tap)
+            holdFinger(handle, 24, 24, () => {});
+        compare(gain.value, 0);
+        verify(sentLater().includes("O1B2P0F"));
+        const slider = find("band", "frequency", "levelSlider");
+        mousePress(slider, 30, 30);
+        verify(bubble().endsWith("kHz, 0 dB"), bubble());
+        mouseRelease(slider, 30, 30);
+        play("> U1O1B7P0F200\n> U1O1B7BYPASS");
+        const hollow = find("handle7");
+        drag(hollow, 24, 24, 40, -20);
+        mouseRelease(hollow, 64, 4);
+        compare(find("band").band, 6);
+        compare(sentLater(), "");
+    }
+    // Whatever the size and the language, the name of a type is whole, and small windows need not scroll.
+    function test_the_equaliser_fits_data() {
+        return ["en", "de", "fr", "es"].map(language => ({ tag: language }));
+    }
+    function test_the_equaliser_fits(data) {
+        harness.speak(data.tag);
+        for (const [low, high, scale] of [[480, 640, 1], [900, 900, 1], [900, 900, 1.5]]) {
+            Theme.textScale = scale;
+            openEqualiser(360, high);
+            play(["BYPASS", "HPF50", "HS3F50", "LPF50", "LS3F50", "P3F50", "P3F50"].map((type, band) => "> U1O1B" + (band + 1) + type).join("\n"));
+            for (let width = 320; width <= 1920; width += 40) {
+                window.width = width;
+                window.height = width % 80 && width >= 600 ? low : high;
+                waitForRendering(window.contentItem, 60);
+                const where = [data.tag, width, window.height, scale].join(" ");
+                const types = items(window.contentItem, item => item.objectName === "type");
+                verify(types.length === 1 || (types.length === 7 && width >= 1150), where + ": " + types.length);
+                const names = [].concat(...types.map(type => items(type, item => item.truncated !== undefined)));
+                compare(names.length, 6 * types.length, where);
+                for (const name of names)
+                    verify(!name.truncated && name.contentWidth <= name.width, where + ": " + name.text);
+                const page = items(window.contentItem, item => item.maximumWidth)[0];
+                verify(scale > 1 || width < 360 || page.contentHeight <= page.height, where + ": " + page.contentHeight + " of " + page.height);
+                verify(scale > 1 || width < 1280 || window.height < 900 || find("plot").grid.height >= 300, where);
+            }
         }
     }
 
@@ -447,7 +654,7 @@ TestCase {
     }
     // The page scrolls under a pointer that stays: what comes under it is not turned.
     function test_scrolling_turns_nothing() {
-        open(800, 480, advanced);
+        open(640, 360);
         const slider = find("volumeSlider");
         const page = items(window.contentItem, item => item.contentY !== undefined && item.maximumWidth)[0];
         verify(page.contentHeight > page.height + 100);
@@ -458,12 +665,24 @@ TestCase {
         compare(page.contentY, 0);
         compare(slider.value, -40);
         wait(450);
-        mouseWheel(slider, 30, 30, 0, 120);
-        compare(slider.value, -39, "at rest, the wheel turns what it is over");
+        // At rest, the wheel turns what has the focus, and nothing else.
+        for (const [item, shown] of [[slider, () => slider.value], [find("outputPicker"), () => find("outputPicker", "list").currentIndex]])
+            for (const focused of [false, true]) {
+                wait(450);
+                page.contentY = 0;
+                wait(450);
+                (focused ? item : find("muteSwitch")).forceActiveFocus();
+                page.contentY = 0;
+                wait(450);
+                const before = shown();
+                mouseWheel(item, 30, 60, 0, -120);
+                tryVerify(() => page.contentY > 0 || shown() !== before);
+                compare([page.contentY > 0, shown() !== before], [!focused, focused]);
+            }
     }
 
     function test_the_keyboard_is_never_lost() {
-        open(360, 640, advanced);
+        openEqualiser(360, 640);
         play("> U1O1B1P0F1000");
         const slider = find("band", "gain", "levelSlider");
         slider.forceActiveFocus();
@@ -471,6 +690,13 @@ TestCase {
         verify(!slider.enabled);
         const first = window.activeFocusItem;
         verify(first && first.visible && first.enabled && (first.activeFocusOnTab || first.focusPolicy), "a slider was disabled");
+        window.height = 900;
+        window.width = 1280;
+        tryVerify(() => !seen("partChoice"));
+        find("volumeSlider").forceActiveFocus();
+        window.width = 360;
+        find("partChoice");
+        verify(window.activeFocusItem.visible && window.activeFocusItem !== window.contentItem, "its part went out of sight");
         const gear = find("settingsButton");
         gear.forceActiveFocus();
         keyClick(Qt.Key_Space);
@@ -484,6 +710,16 @@ TestCase {
             passed.add(window.activeFocusItem);
         }
         verify(passed.size >= 15 && passed.has(gear), "Tab must come round");
+        const frames = () => items(window.contentItem, item => item.of !== undefined).length;
+        compare(frames(), 1);
+        open();
+        for (const pressed of [find("volumeSlider"), find("zonePicker", "list").itemAtIndex(0), find("muteSwitch")]) {
+            mouseClick(pressed);
+            verify(window.activeFocusItem.activeFocusOnTab || window.activeFocusItem.focusPolicy);
+            compare(frames(), 0, "a press shows no outline");
+            keyClick(Qt.Key_Tab);
+            compare(frames(), 1);
+        }
     }
 
     // What a screen reader is told: a role that fits, a name that says what and where, a value, a state.
@@ -492,9 +728,9 @@ TestCase {
             { tag: "zone", finds: ["Heading; Zones", "StaticText; Unit at 192.168.1.50, Connected; read only", "Button; Settings",
                     "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50%; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
                     "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, 0 percent; 0 of -15 to 15",
-                    "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
+                    "Button; %1 %2 volume, louder", "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
             { tag: "override", finds: ["CheckBox; Override 10, off; off", "PageTab; Overrides; on"] },
-            { tag: "scene", finds: ["SpinBox; Scene, Scene 1; 1 of 1 to 10", "Button; Recall Scene 1", "Button; Store Scene 1"] },
+            { tag: "scene", finds: ["RadioButton; Scene, Scene 1; on", "RadioButton; Scene, Scene 10; off", "Button; Recall Scene 1", "Button; Store Scene 1"] },
             { tag: "settings", finds: ["Pane; Settings", "EditableText; IP address", "RadioButton; Unit number, 1; on",
                     "RadioButton; Unit number, 4; off", "CheckBox; State queries, on; on", "Button; Done"] },
             { tag: "output", finds: ["List; Output, Output 1", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
@@ -561,14 +797,17 @@ TestCase {
     }
     function test_a_finger_needs_48_pixels_and_texts_their_room() {
         for (const [width, height, scale] of [[360, 640, 1], [800, 480, 1], [1280, 800, 1], [360, 640, 2], [800, 480, 2], [1280, 800, 2]])
-            for (const screens of [["zone", "group", "override", "scene", "settings"], ["output"]]) {
+            for (const screens of [["zone", "group", "override", "scene", "settings"], ["output", "equaliser"]]) {
                 Theme.textScale = scale;
-                open(width, height, screens.length === 1 ? advanced : "");
+                open(width, height, screens.length === 2 ? advanced : "");
                 play("> U1O1Z1\n> U1O2Z2\n> U1Z1V-79\n> U1O1B1P-14F19999\n> U1O1B4P3F5000");
                 for (const item of scale > 1 ? ["Z1", "Z2", "O1", "O2", "G1", "G2", "I1", "I2", "S1", "S2"] : [])
                     play("> U1" + item + "N\"WWWWWWWWWWWWWWWW\"");
                 for (const screen of screens) {
-                    show(screen);
+                    if (screen === "equaliser")
+                        showEqualiser();
+                    else
+                        show(screen);
                     const targets = items(window.contentItem, item => item.activeFocusOnTab || item.focusPolicy);
                     verify(targets.length >= 6, screen);
                     for (const item of targets)
@@ -587,7 +826,7 @@ TestCase {
         Theme.textScale = 1;
     }
     function test_a_text_that_is_cut_is_shown_whole() {
-        open();
+        open(360, 470);
         play("> U1Z1N\"WWWWWWWWWWWWWWWW\"\n> U1O1Z1");
         const cut = find("zonePicker", "list").itemAtIndex(0);
         verify(cut.truncated);
@@ -596,7 +835,18 @@ TestCase {
         mouseMove(cut, cut.width / 2, cut.height / 2);
         tryVerify(isShown);
         verify(tip.item.whole.contentWidth > cut.width, "the tip is as narrow as what it should show whole");
-        mouseMove(find("volumeSlider"));
+        const mute = find("muteSwitch");
+        mouseMove(mute);
+        tryCompare(tip, "item", null);
+        verify(mute.hovered, "the watcher of tips must not cover what is below it");
+        const row = find("sourcePicker", "list").itemAtIndex(1);
+        compare(row.opacity, 0.75);
+        mouseMove(row, 20, 20);
+        compare(row.opacity, 1);
+        const icon = Qt.createQmlObject('import QtQuick; Item { property string tip: "Name"; width: 48; height: 48 }', find("volumeSlider"));
+        mouseMove(icon);
+        tryVerify(() => tip.item && tip.item.whole.text === "Name");
+        mouseMove(mute);
         tryCompare(tip, "item", null);
         // A finger that stays shows it too, and picks nothing.
         holdFinger(cut, cut.width / 2, cut.height / 2, () => tryVerify(isShown));
@@ -622,12 +872,16 @@ TestCase {
             show(name);
         else if (verb === "slide")
             step(find(...within), value - find(...within).value, Qt.Key_Right, Qt.Key_Left);
+        else if (verb === "pick" && !seen(name, "list"))
+            mouseClick(find(name, "row" + value));
         else if (verb === "pick") {
             step(find(name, "list"), value - find(name, "list").currentIndex, Qt.Key_Down, Qt.Key_Up);
             keyClick(Qt.Key_Return);
             tryVerify(() => find(name).picker.selected === Number(value) && find(name).resting !== false);
         } else
             mouseClick(find(...within));
+        if (name === "saveSceneButton")
+            mouseClick(find("replaceButton"));
         harness.pass(20);
     }
     function test_both_front_ends_leave_the_same() {

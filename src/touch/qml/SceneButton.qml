@@ -1,0 +1,25 @@
+import QtQuick
+import Lumbra.Touch
+
+/// A button for the selected scene. For two seconds after a press it says that its command was sent.
+ActionButton {
+    id: root
+
+    required property ButtonAdapter adapter
+    /// The name of the scene.
+    required property string where
+
+    readonly property Timer sent: Timer {
+        interval: 2000
+    }
+
+    function press() {
+        if (adapter.press())
+            sent.restart();
+    }
+
+    text: sent.running ? qsTr("Sent") : adapter.caption
+    enabled: adapter.enabled
+    Accessible.name: Speech.format(sent.running ? qsTr("%1 %2, sent") : qsTr("%1 %2"), [adapter.caption, where])
+    onWhereChanged: sent.stop()
+}

@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Templates as T
+import Lumbra.Touch
+
+/// One of several choices. (Assistive technology derives the role of a control from its type.)
+T.RadioButton {
+    id: root
+
+    property bool selected: false
+    /// What is chosen, for screen readers.
+    required property string name
+    property int textSize: Theme.bodyText
+
+    readonly property FittedText caption: FittedText {
+        text: root.text
+        horizontalAlignment: Text.AlignHCenter
+        font.pixelSize: root.textSize
+        font.bold: root.selected
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Theme.tinyText
+        color: !root.enabled ? Theme.outline : root.selected ? Theme.accentText : Theme.text
+        Accessible.ignored: true
+    }
+    readonly property HoldToRead reading: HoldToRead {
+        button: root
+        caption: root.caption
+    }
+
+    implicitHeight: Theme.row
+    leftInset: 1
+    rightInset: 1
+    topInset: 1
+    bottomInset: 1
+    hoverEnabled: true
+    checkable: false
+    autoExclusive: false
+    Accessible.name: Speech.format(qsTr("%1, %2"), [root.name, text])
+    Accessible.checkable: true
+    Accessible.checked: selected
+    Accessible.onPressAction: clicked()
+    Accessible.onToggleAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    contentItem: caption
+    background: Rectangle {
+        readonly property color base: root.selected ? Theme.accent : Theme.raised
+
+        radius: 6
+        color: root.hovered ? Qt.lighter(base, 1.2) : base
+        opacity: root.down ? 0.7 : 1
+
+        FocusFrame {
+            of: root
+            border.color: Theme.text
+        }
+    }
+}
