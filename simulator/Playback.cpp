@@ -116,7 +116,7 @@ bool Playback::takeExpected(const TraceEntry& entry) {
 }
 
 std::string Playback::takeCommand() {
-    const auto command = input_.substr(0, std::min({input_.find(']'), input_.size(), LONGEST_COMMAND}) + 1);
+    auto command = input_.substr(0, std::min({input_.find(']'), input_.size(), LONGEST_COMMAND}) + 1);
     input_.erase(0, command.size());
     return command;
 }

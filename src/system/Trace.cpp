@@ -82,10 +82,10 @@ public:
         entry.link = object.value(QLatin1String("link")).toInt();
         if (entry.link < 1)
             return "has no \"link\", a number from 1 on";
-        const auto problem =
+        auto problem =
             object.contains(QLatin1String("event")) ? readEvent(object, entry) : readBytes(object, entry);
         if (problem.empty() && entry.kind != Kind::Attempt && !attempts_.contains(entry.link))
-            return "is about link " + std::to_string(entry.link) + ", of which no attempt is known";
+            problem = "is about link " + std::to_string(entry.link) + ", of which no attempt is known";
         return problem;
     }
 
@@ -214,7 +214,7 @@ std::variant<Trace, std::string> parseTrace(const QByteArray& text) {
         TraceEntry entry;
         entry.line = number;
         if (const auto problem = reader.read(object, entry); !problem.empty())
-            return where + " " + problem + ".";
+            return std::string(where).append(" ").append(problem).append(".");
         trace.entries.push_back(std::move(entry));
     }
     return trace;
