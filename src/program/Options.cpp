@@ -35,7 +35,7 @@ CommandLine commandLine(Options& options) {
                  },
              .takes = QStringLiteral("HOST:PORT, with a port from 1 to 65535, or [ADDRESS]:PORT for IPv6")},
             {.name = "keep-connected",
-             .help = "Connect again without being asked while the link is closed, as on a wall panel.",
+             .help = "Connect again by itself while the link is closed, as on a wall panel.",
              .store = storesFlag(options.keepConnected)},
             {.name = "settings",
              .value = "FILE",

@@ -60,9 +60,10 @@ TEST(Installation, RunsFromAnyFolder) {
         {"/usr/bin/appstreamcli", "validate", "--pedantic", "--no-net", "--no-color", metainfo});
     EXPECT_NE(validation.rest().find("successful.\n"), std::string::npos) << validation.rest();
     EXPECT_EQ(validation.wait(), 0);
+    const auto icons = share + "icons/hicolor/";
     for (const auto* icon : {"scalable/apps/%.svg", "symbolic/apps/%-symbolic.svg"}) {
         const auto file = std::regex_replace(icon, std::regex("%"), match(read(entry), "\nIcon=(.*)\n"));
-        EXPECT_NE(read(share + "icons/hicolor/" + file), "") << file;
+        EXPECT_NE(read(icons + file), "") << file;
     }
     EXPECT_EQ(match(read(metainfo), "<id>(.*)</id>"), ID);
     EXPECT_EQ(match(read(metainfo), "<launchable type=\"desktop-id\">(.*).desktop<"), ID);

@@ -44,7 +44,7 @@ Words optionsOf(const std::string& program) {
 
 TEST(ManualPage, TellsWhatTheProgramTells) {
     for (const auto& [program, file] : PROGRAMS) {
-        const auto page = PAGES + "/" + program + ".1";
+        const auto page = std::string(PAGES).append("/").append(program).append(".1");
         EXPECT_EQ(output({"/usr/bin/mandoc", "-T", "lint", "-W", "warning", page}), "");
         const auto text = output({"/usr/bin/mandoc", "-T", "ascii", "-O", "width=200", page});
         const auto plain = std::regex_replace(text, std::regex(".\b"), "");

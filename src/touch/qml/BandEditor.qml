@@ -86,6 +86,7 @@ Card {
                 objectName: "gain"
                 where: root.where
                 slider: root.gain
+                fillFrom: slider.zeroPosition
                 label: root.screen.label("gainLabel" + (root.band + 1))
                 stepSize: 1
                 pageSize: 5

@@ -11,6 +11,8 @@ Item {
     required property string where
     required property real stepSize
     required property real pageSize
+    /// The position from which the track is filled.
+    property real fillFrom: 0
 
     signal chosen
 
@@ -54,6 +56,7 @@ Item {
         slider: line.slider
         label: line.slider.spokenName(line.where)
         spokenValue: line.label.spoken
+        fillFrom: line.fillFrom
         stepSize: line.stepSize
         pageSize: line.pageSize
         onActiveFocusChanged: {

@@ -26,7 +26,7 @@ Card {
         anchors.rightMargin: Theme.smallGap
         y: Theme.smallGap
         text: root.where
-        font.pixelSize: Theme.smallText
+        font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.smallText : Theme.itemText
         font.bold: true
         Accessible.ignored: true
     }

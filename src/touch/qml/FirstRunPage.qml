@@ -17,7 +17,7 @@ T.ApplicationWindow {
     title: qsTr("Lumbra Remote")
     color: Theme.background
     // Else controls would take the platform's.
-    font: Qt.application.font
+    font: Theme.font
 
     ScreenPage {
         anchors.fill: parent

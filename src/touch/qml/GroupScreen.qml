@@ -10,6 +10,7 @@ ItemPage {
 
     SwitchPair {
         Layout.fillWidth: true
+        Layout.row: 3
         screen: page.screen
         where: page.where
         first: "muteSwitch"

@@ -41,7 +41,8 @@ Rectangle {
     }
     readonly property bool narrow: width < 480 * Theme.textScale
 
-    implicitHeight: Math.max(Theme.target + 16, texts.implicitHeight + 8)
+    // Not that of the texts, which depends on what they say.
+    implicitHeight: Math.max(Theme.target + 16, Math.ceil((Theme.titleText + (narrow ? 2 : 1) * Theme.smallText) * 1.25) + 8)
     color: Theme.surface
 
     RowLayout {
@@ -127,6 +128,8 @@ Rectangle {
         }
         T.AbstractButton {
             id: gear
+
+            readonly property string tip: text
 
             objectName: "settingsButton"
             Layout.preferredWidth: Theme.target

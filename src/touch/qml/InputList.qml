@@ -13,7 +13,7 @@ PickList {
         required property int index
         required property string display
 
-        width: GridView.view.cellWidth
+        width: root.cellWidth
         height: root.rowHeight
         text: display
         selected: index === root.picker.selected

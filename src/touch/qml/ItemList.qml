@@ -21,7 +21,7 @@ PickList {
         required property bool power
         readonly property string state: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
 
-        width: GridView.view.cellWidth
+        width: root.cellWidth
         height: root.rowHeight
         text: name
         spoken: state === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, state])

@@ -11,6 +11,8 @@ ScreenPage {
     /// The name of the picker of the items.
     required property string items
     readonly property string where: screen.picker(items).selectedText
+    /// The other controls, each with its row: the volume has row 2. What has row 1 is above it, as on a narrow page
+    /// everything that can wait, so that volume and mute are in reach of the thumb.
     default property alias controls: column.data
 
     current: screen.current
@@ -27,19 +29,20 @@ ScreenPage {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignTop
             Layout.preferredWidth: listed ? (stacked ? 4 : 7) : 1
-            Layout.preferredHeight: listed ? page.height - 2 * Theme.gap : -1
+            // What the other controls leave of the page, but not less than three rows.
+            Layout.preferredHeight: Math.max(3 * Theme.row + 24 * Theme.textScale, page.height - 2 * Theme.gap - (page.wide ? 0 : column.implicitHeight + Theme.gap))
             screen: page.screen
             items: page.items
-            visibleRows: page.wheelRows
             stacked: page.width < 1000
         }
-        ColumnLayout {
+        GridLayout {
             id: column
 
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignTop
             Layout.preferredWidth: pickers.listed ? 5 : 1
-            spacing: Theme.gap
+            columns: 1
+            rowSpacing: Theme.gap
 
             FittedText {
                 objectName: "itemName"
@@ -53,6 +56,7 @@ ScreenPage {
             }
             VolumeCard {
                 Layout.fillWidth: true
+                Layout.row: 2
                 screen: page.screen
                 where: page.where
             }

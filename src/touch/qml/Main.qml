@@ -23,7 +23,7 @@ T.ApplicationWindow {
     title: qsTr("Lumbra Remote")
     color: Theme.background
     // Else controls would take the platform's.
-    font: Qt.application.font
+    font: Theme.font
 
     Item {
         id: frame

@@ -32,7 +32,7 @@ ScreenPage {
         return widest + 2;
     }
     /// All bands are side by side if the names of their types have their room.
-    readonly property bool allBands: !twoPages && width >= 1150 * Theme.textScale && height >= 700 * Theme.textScale && (all.width - 6 * Theme.smallGap) / 7 - 16 >= 2 * typeWidth
+    readonly property bool allBands: !twoPages && width >= 1150 * Theme.textScale && height >= 780 * Theme.textScale && (all.width - 6 * Theme.smallGap) / 7 - 16 >= 2 * typeWidth
 
     /// A part that goes out of sight must not keep the keyboard focus.
     function releaseFocus(part: Item) {
@@ -77,11 +77,11 @@ ScreenPage {
             id: level
 
             readonly property bool stacked: page.besideLevel || !page.wide
-            /// The height for the wheels.
-            readonly property real wheelRoom: (page.twoPages ? all.room : page.besideLevel ? all.room - bands.height - Theme.gap : 0) - (stacked ? volume.height + Theme.gap : 0) - Theme.row / 2
+            /// The height for the pickers.
+            readonly property real pickerRoom: (page.twoPages ? all.room : page.besideLevel ? all.room - bands.height - Theme.gap : 0) - (stacked ? volume.height + Theme.gap : 0)
 
             y: all.start
-            width: page.besideLevel ? 380 * Theme.textScale : parent.width
+            width: page.besideLevel ? Math.max(380 * Theme.textScale, parent.width * 0.3) : parent.width
             height: volume.y + (stacked ? volume.height : Math.max(wheels.height, volume.height))
             visible: page.levelShown
             onVisibleChanged: {
@@ -93,11 +93,12 @@ ScreenPage {
                 id: wheels
 
                 width: level.stacked ? parent.width : (parent.width - Theme.gap) / 2
-                height: implicitHeight
+                height: listed ? Math.max(120 * Theme.textScale, level.pickerRoom) : implicitHeight
                 screen: page.screen
                 items: "outputPicker"
-                // An odd number of rows, so that one is in the middle.
-                visibleRows: Math.max(3, Math.min(9, 2 * Math.floor((level.wheelRoom / Theme.row - 1) / 2) + 1))
+                stacked: level.stacked && level.pickerRoom >= 420 * Theme.textScale
+                // An odd number of rows of a wheel, so that one is in the middle.
+                visibleRows: Math.max(3, Math.min(9, 2 * Math.floor((level.pickerRoom / Theme.row - 1.5) / 2) + 1))
             }
             ColumnLayout {
                 id: volume

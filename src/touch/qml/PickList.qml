@@ -12,6 +12,7 @@ FocusScope {
     property alias model: grid.model
     property alias delegate: grid.delegate
     property int columns: 1
+    readonly property alias cellWidth: grid.cellWidth
     property int rowHeight: Theme.row
     /// The name of the item, for screen readers; empty if the picker selects the item itself.
     property string where: ""

@@ -79,6 +79,12 @@ GridLayout {
     Binding {
         target: root.listed ? itemPart.item : null
         property: "columns"
-        value: root.Window.width >= 2200 ? 3 : root.Window.width >= 1600 ? 2 : 1
+        // No column is too narrow for a name and its level.
+        value: Math.max(1, Math.min(root.Window.width >= 2200 ? 3 : root.Window.width >= 1600 ? 2 : 1, Math.floor(itemPart.width / (260 * Theme.textScale))))
+    }
+    Binding {
+        target: root.listed ? null : itemPart.item
+        property: "large"
+        value: root.Window.width >= Theme.largeWidth
     }
 }

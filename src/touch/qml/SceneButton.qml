@@ -14,8 +14,10 @@ ActionButton {
     }
 
     function press() {
-        if (adapter.press())
-            sent.restart();
+        if (!adapter.enabled)
+            return;
+        adapter.press();
+        sent.restart();
     }
 
     text: sent.running ? qsTr("Sent") : adapter.caption

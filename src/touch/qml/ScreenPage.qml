@@ -11,8 +11,6 @@ Flickable {
     property bool current: true
     /// The parts are side by side.
     readonly property bool wide: width >= Theme.columnsWidth
-    /// The number of rows of a wheel that is beside other parts.
-    readonly property int wheelRows: wide ? Math.max(3, Math.min(9, 2 * Math.floor((height - Theme.row) / Theme.row / 2) - 1)) : 3
 
     contentWidth: width
     contentHeight: holder.height + 2 * Theme.gap

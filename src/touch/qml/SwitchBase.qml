@@ -70,7 +70,7 @@ T.Switch {
         }
     }
     background: Card {
-        color: root.hovered ? Qt.lighter(Theme.surface, 1.25) : Theme.surface
+        color: root.hovered ? Theme.hover : Theme.surface
 
         FocusFrame {
             of: root

@@ -24,8 +24,11 @@ Card {
         spacing: 14
 
         Item {
+            /// Above large digits a line has room that the caption may use.
+            readonly property real slack: number.font.pixelSize > Theme.hugeText ? number.height / 8 : 0
+
             width: parent.width
-            height: Math.max(less.height, caption.height + number.height)
+            height: Math.max(less.height, caption.height + number.height - slack)
 
             StepButton {
                 id: less
@@ -45,6 +48,7 @@ Card {
                 anchors.right: more.left
                 anchors.margins: Theme.smallGap
                 anchors.bottom: number.top
+                anchors.bottomMargin: -parent.slack
                 horizontalAlignment: Text.AlignHCenter
                 text: root.slider.caption
                 color: Theme.dimText
@@ -60,7 +64,7 @@ Card {
                 anchors.bottom: parent.bottom
                 horizontalAlignment: Text.AlignHCenter
                 text: root.level.text
-                font.pixelSize: Theme.hugeText
+                font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.hugeText : Theme.levelText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.titleText
                 font.bold: true

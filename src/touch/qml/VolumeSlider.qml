@@ -3,5 +3,5 @@ LevelSlider {
     endKeys: false
     bubble: true
     thickness: 20
-    implicitHeight: 64
+    implicitHeight: 56
 }

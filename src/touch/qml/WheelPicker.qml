@@ -11,6 +11,8 @@ Item {
 
     required property PickerAdapter picker
     property int visibleRows: 3
+    /// The middle row can be read from two metres.
+    property bool large: false
     /// How long a wheel that was stopped waits for another touch before it returns to the selected row, in
     /// ms.
     property int patience: 4000
@@ -234,6 +236,7 @@ Item {
                 width: ListView.view.width
                 height: root.rowHeight
                 inMiddle: ListView.isCurrentItem
+                large: root.large
                 color: root.picker.white ? Theme.pickerText : Theme.text
                 moving: list.moving
                 onPicked: (row, text) => {

@@ -7,6 +7,7 @@ FittedText {
     required property string display
     required property int index
     required property bool inMiddle
+    required property bool large
     /// The wheel is moving: a touch then stops it and does not count as a tap.
     required property bool moving
 
@@ -16,7 +17,7 @@ FittedText {
     leftPadding: 8
     rightPadding: 8
     horizontalAlignment: Text.AlignHCenter
-    font.pixelSize: inMiddle ? Math.round(Theme.bodyText * 1.15) : Theme.bodyText
+    font.pixelSize: !inMiddle ? Theme.bodyText : large ? Theme.itemText : Math.round(Theme.bodyText * 1.15)
     font.bold: inMiddle
     fontSizeMode: Text.HorizontalFit
     minimumPixelSize: Theme.smallText

@@ -10,6 +10,7 @@ ItemPage {
 
     SwitchPair {
         Layout.fillWidth: true
+        Layout.row: 3
         screen: page.screen
         where: page.where
         first: "muteSwitch"
@@ -17,6 +18,7 @@ ItemPage {
     }
     GridLayout {
         Layout.fillWidth: true
+        Layout.row: page.wide ? 4 : 1
         columns: Theme.textScale > 1.3 ? 1 : 2
         columnSpacing: Theme.gap
         rowSpacing: Theme.gap

@@ -278,19 +278,19 @@ TestCase {
                 compare(find("storeQuestion").text, "Replace what is stored as \"" + scene + "\"?");
                 verify(find("cancelButton").activeFocus);
             };
-            const away = () => {
-                play("tab group\nconnect");
-                show("scene");
-            };
+            const away = () => harness.app.selectTab(1);
             for (const leave of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Return), () => mouseClick(find("cancelButton")),
-                () => play("> U1SP1N\"Movie Night\""), () => play("pick scenePicker 3"), () => play("error\naway\nback\nconnect"),
-                away, () => play("end\naway\nback\nconnect"), away]) {
+                () => play("> U1SP1N\"Movie Night\""), () => play("pick scenePicker 3"), away, () => play("error"),
+                () => play("end")]) {
                 ask();
                 leave();
                 tryVerify(() => !seen("storeQuestion"));
                 compare(harness.sent().replace(/\[U1(APPQ|SERIAL).\] ?/g, ""), "");
                 harness.app.alert.dismiss();
                 tryVerify(() => !seen("alertButton"));
+                play("tab group" + (store.enabled ? "" : "\nconnect"));
+                show("scene");
+                harness.sent();
             }
             store.forceActiveFocus(Qt.TabFocusReason);
             keyClick(Qt.Key_Return);
@@ -380,7 +380,7 @@ TestCase {
                 harness.pass(20);
                 compare(find("linkState").text, says);
                 compare(find("values").opacity === 1, certain, says);
-                compare(slider.mapToItem(window.contentItem, 0, 0).y, place, "nothing moves under a finger");
+                compare(slider.mapToItem(window.contentItem, 0, 0).y, place, says + ": nothing moves under a finger");
                 const before = harness.leftBehind();
                 if (says !== "Connecting" && says !== "Not connected" && !certain)
                     continue;
@@ -550,6 +550,7 @@ TestCase {
         keyClick(Qt.Key_Up);
         compare(bubble(), "1 kHz, +1 dB");
         find("handle3").forceActiveFocus();
+        harness.pass(1000);
         compare(bubble(), "");
         keyClick(Qt.Key_Up);
         compare(bubble(), "", "a pass has no gain");
@@ -666,7 +667,7 @@ TestCase {
         compare(slider.value, -40);
         wait(450);
         // At rest, the wheel turns what has the focus, and nothing else.
-        for (const [item, shown] of [[slider, () => slider.value], [find("outputPicker"), () => find("outputPicker", "list").currentIndex]])
+        for (const [item, shown] of [[slider, () => slider.value], [find("zonePicker"), () => find("zonePicker", "list").currentIndex]])
             for (const focused of [false, true]) {
                 wait(450);
                 page.contentY = 0;
@@ -675,7 +676,7 @@ TestCase {
                 page.contentY = 0;
                 wait(450);
                 const before = shown();
-                mouseWheel(item, 30, 60, 0, -120);
+                mouseWheel(item, 30, 40, 0, -120);
                 tryVerify(() => page.contentY > 0 || shown() !== before);
                 compare([page.contentY > 0, shown() !== before], [!focused, focused]);
             }
@@ -713,13 +714,13 @@ TestCase {
         const frames = () => items(window.contentItem, item => item.of !== undefined).length;
         compare(frames(), 1);
         open();
-        for (const pressed of [find("volumeSlider"), find("zonePicker", "list").itemAtIndex(0), find("muteSwitch")]) {
+        for (const pressed of [find("zonePicker", "list").itemAtIndex(0), find("muteSwitch"), find("volumeSlider")]) {
             mouseClick(pressed);
             verify(window.activeFocusItem.activeFocusOnTab || window.activeFocusItem.focusPolicy);
             compare(frames(), 0, "a press shows no outline");
-            keyClick(Qt.Key_Tab);
-            compare(frames(), 1);
         }
+        keyClick(Qt.Key_Tab);
+        compare(frames(), 1);
     }
 
     // What a screen reader is told: a role that fits, a name that says what and where, a value, a state.
@@ -760,11 +761,12 @@ TestCase {
         }
         // Two fingers, two sliders.
         const sliders = ["bass", "treble"].map(name => find(name, "levelSlider"));
+        const before = sliders.map(slider => slider.value);
         const touch = touchEvent(window);
         sliders.forEach((slider, finger) => touch.press(finger, slider, 100, 20).commit());
         for (let step = 1; step <= 10; ++step)
             touch.move(0, sliders[0], 100 + 6 * step, 20).move(1, sliders[1], 100 - 6 * step, 20).commit();
-        verify(sliders[0].value > 0 && sliders[1].value < 0, sliders.map(slider => slider.value));
+        verify(sliders[0].value > before[0] && sliders[1].value < before[1], sliders.map(slider => slider.value));
         touch.release(0, sliders[0], 160, 20).release(1, sliders[1], 40, 20).commit();
         verify(harness.actOn(window, "Scenes", "Press"));
         compare(harness.app.screen.name, "scene");
@@ -826,8 +828,8 @@ TestCase {
         Theme.textScale = 1;
     }
     function test_a_text_that_is_cut_is_shown_whole() {
-        open(360, 470);
-        play("> U1Z1N\"WWWWWWWWWWWWWWWW\"\n> U1O1Z1");
+        open();
+        play("> U1Z1N\"WWWWWWWWWWWWWWWW\"\n> U1O1Z1\n> U1O2Z2");
         const cut = find("zonePicker", "list").itemAtIndex(0);
         verify(cut.truncated);
         const tip = find("tip");
@@ -839,7 +841,7 @@ TestCase {
         mouseMove(mute);
         tryCompare(tip, "item", null);
         verify(mute.hovered, "the watcher of tips must not cover what is below it");
-        const row = find("sourcePicker", "list").itemAtIndex(1);
+        const row = find("zonePicker", "list").itemAtIndex(1);
         compare(row.opacity, 0.75);
         mouseMove(row, 20, 20);
         compare(row.opacity, 1);
@@ -887,7 +889,7 @@ TestCase {
     function test_both_front_ends_leave_the_same() {
         const expected = harness.playOnConsole();
         verify(expected.length > 10);
-        open(1280, 800);
+        open(1280, 900);
         for (const line of harness.scenario()) {
             carryOut(line);
             if (line.startsWith("~ wait"))
