@@ -17,6 +17,8 @@ struct Faults {
     int noise = 0;                             ///< up to this many random bytes before each report
     bool silence = false;                      ///< accepts and reads, never sends a byte
     std::uint32_t seed = 1;                    ///< of the random choices of flood and noise
+
+    bool operator==(const Faults&) const = default;
 };
 
 } // namespace lumbra::sim

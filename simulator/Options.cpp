@@ -56,6 +56,19 @@ CommandLine commandLine(Options& options) {
              .help = "Keep the unit's state in FILE between runs.",
              .store = storesFile(options.stateFile),
              .takes = takesFile()},
+            {.name = "replay",
+             .value = "FILE",
+             .help =
+                 "Instead of a unit, play the unit's side of the trace in FILE, which lumbra-remote --trace "
+                 "has written.",
+             .store = storesFile(options.replayFile),
+             .takes = takesFile(),
+             .excludes = "state"},
+            {.name = "fast",
+             .help = "Play the trace without its pauses: send as soon as the remote has sent what it sent in "
+                     "the trace.",
+             .store = storesFlag(options.fast),
+             .needs = "replay"},
             {.name = "verbose",
              .help = "Print every client, command and report on standard output.",
              .store = storesFlag(options.verbose)},

@@ -13,7 +13,9 @@ struct Options {
     int port = 0; ///< 0: the kernel chooses
     int unit = 1;
     QHostAddress address{QHostAddress::LocalHost};
-    QString stateFile; ///< empty: the state is not kept
+    QString stateFile;  ///< empty: the state is not kept
+    QString replayFile; ///< not empty: a trace is played instead of a unit
+    bool fast = false;  ///< the trace is played without its pauses
     bool verbose = false;
     Faults faults;
 };

@@ -1,5 +1,7 @@
 #include "simulator/UnitServer.h"
 
+#include "simulator/Printable.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -16,20 +18,6 @@ constexpr int QUERIES = 5;
 constexpr std::int64_t FLOOD_BATCH = 1000;
 /// The delay before accepting again after a failure.
 constexpr std::chrono::milliseconds ACCEPT_PAUSE{200};
-
-/// `text` with every byte but printable ASCII written as \xNN.
-std::string printable(const std::string& text) {
-    static constexpr char DIGITS[] = "0123456789ABCDEF";
-    std::string result;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= ' ' && byte <= '~')
-            result += c;
-        else
-            result += {'\\', 'x', DIGITS[byte >> 4], DIGITS[byte & 15]};
-    }
-    return result;
-}
 
 } // namespace
 

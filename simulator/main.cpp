@@ -1,11 +1,13 @@
 #include "simulator/LineWriter.h"
 #include "simulator/Options.h"
+#include "simulator/ReplayServer.h"
 #include "simulator/StateFile.h"
 #include "simulator/Unit.h"
 #include "simulator/UnitServer.h"
 #include "system/SignalPipe.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -42,7 +44,45 @@ QString endpoint(const QHostAddress& address, quint16 port) {
     return (v6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2")).arg(address.toString()).arg(port);
 }
 
-int run(const QCoreApplication& application, const Options& options) {
+/// Serves until a signal comes. False, with a message, if it can't listen.
+template <class Server>
+bool serve(Server& server, const Options& options, LineWriter& output, const QString& who) {
+    const lumbra::SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP}, lumbra::SignalPipe::Takes::First);
+    const QSocketNotifier notifier(endSignals.descriptor(), QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &QCoreApplication::quit);
+    if (!server.listen(options.address, static_cast<quint16>(options.port))) {
+        complain(
+            QStringLiteral("Can't listen on %1: %2.")
+                .arg(endpoint(options.address, static_cast<quint16>(options.port)), server.errorString()));
+        return false;
+    }
+    output.write(
+        QStringLiteral("%1 listens on %2").arg(who, endpoint(server.address(), server.port())).toStdString());
+    QCoreApplication::exec();
+    return true;
+}
+
+int runReplay(const Options& options) {
+    const auto trace = lumbra::readTrace(QFile::encodeName(options.replayFile).toStdString());
+    if (const auto* problem = std::get_if<std::string>(&trace)) {
+        complain(QString::fromLocal8Bit(problem->c_str()));
+        return FAILURE;
+    }
+    LineWriter output(STDOUT_FILENO);
+    ReplayServer server(std::get<lumbra::Trace>(trace),
+                        options.fast ? Playback::Pace::Fast : Playback::Pace::Recorded, options.verbose,
+                        [&](const std::string& line) { output.write(line); });
+    if (server.linkCount() == 0) {
+        complain(QStringLiteral("Nothing can be played: in %1 no link was opened.").arg(options.replayFile));
+        return FAILURE;
+    }
+    const bool served = serve(server, options, output,
+                              QStringLiteral("Replay of a trace (links: %1)").arg(server.linkCount()));
+    output.flush(READER_PATIENCE);
+    return served ? EXIT_SUCCESS : FAILURE;
+}
+
+int runUnit(const Options& options) {
     Unit unit(options.unit);
     const StateFile stateFile(options.stateFile);
     const bool keeps = !options.stateFile.isEmpty();
@@ -77,21 +117,8 @@ int run(const QCoreApplication& application, const Options& options) {
                 saveTimer.start(SAVE_DELAY);
         });
 
-    const lumbra::SignalPipe endSignals({SIGTERM, SIGINT, SIGHUP}, lumbra::SignalPipe::Takes::First);
-    const QSocketNotifier notifier(endSignals.descriptor(), QSocketNotifier::Read);
-    QObject::connect(&notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
-    if (!server.listen(options.address, static_cast<quint16>(options.port))) {
-        complain(
-            QStringLiteral("Can't listen on %1: %2.")
-                .arg(endpoint(options.address, static_cast<quint16>(options.port)), server.errorString()));
+    if (!serve(server, options, output, QStringLiteral("Simulated unit %1").arg(options.unit)))
         return FAILURE;
-    }
-    output.write(QStringLiteral("Simulated unit %1 listens on %2")
-                     .arg(options.unit)
-                     .arg(endpoint(server.address(), server.port()))
-                     .toStdString());
-
-    QCoreApplication::exec();
     const bool saved = !keeps || save();
     const UnitServer::Statistics& statistics = server.statistics();
     if (options.verbose)
@@ -122,9 +149,14 @@ int main(int argc, char** argv) {
         std::fputs(qPrintable(std::get<lumbra::InformationRequest>(*ending).text), stdout);
         return EXIT_SUCCESS;
     }
+    const bool replays = !options.replayFile.isEmpty();
+    if (replays && (options.unit != Options().unit || options.faults != Faults())) {
+        complain(QStringLiteral("--replay goes with --port, --listen, --fast and --verbose only."));
+        return USAGE_ERROR;
+    }
     const QCoreApplication application(argc, argv);
     try {
-        return run(application, options);
+        return replays ? runReplay(options) : runUnit(options);
     } catch (const std::exception& failure) {
         complain(
             QStringLiteral("The simulated unit can't run: %1.").arg(QString::fromLocal8Bit(failure.what())));

@@ -9,9 +9,12 @@
 #include "system/RedirectingStreamFactory.h"
 #include "system/SocketAddress.h"
 #include "system/SocketStreamFactory.h"
+#include "system/TraceFile.h"
+#include "system/TracingStreamFactory.h"
 
 #include <QDir>
 #include <QFile>
+#include <QJsonObject>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -37,6 +40,31 @@ int demoUnitNumber(const SettingsStore& settings) {
     return static_cast<int>(std::clamp(stored, MIN_UNIT_NUMBER, MAX_UNIT_NUMBER));
 }
 
+/// What a reader of a trace must know of this run. No names of files, and no address but `place`: that of the
+/// settings is in the trace if it was connected to.
+TraceStart traceStart(const Options& options, const std::optional<HostPort>& place,
+                      const SettingsStore& settings) {
+    TraceStart start;
+    const auto add = [&start](bool isGiven, const std::string& option) {
+        if (isGiven)
+            start.options += (start.options.empty() ? "--" : " --") + option;
+    };
+    add(options.console, "console");
+    add(options.json, "json");
+    add(options.fullscreen, "fullscreen");
+    add(options.keepConnected, "keep-connected");
+    add(options.demo, "demo");
+    if (place)
+        add(!options.demo, "connect-to " + formatHostPort(*place));
+    for (const auto& [key, type, caption] : SETTINGS)
+        if (type != SettingEntry::Type::Text && settings.value(key))
+            start.settings.insert(QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())),
+                                  type == SettingEntry::Type::Flag
+                                      ? QJsonValue(settings.flag(key))
+                                      : QJsonValue(qint64{settings.integer(key)}));
+    return start;
+}
+
 } // namespace
 
 bool ApplicationHost::knowsTheUnit(const Options& options) {
@@ -48,6 +76,15 @@ bool ApplicationHost::knowsTheUnit(const Options& options) {
 
 ApplicationHost::ApplicationHost(const Options& options)
     : settings_(openSettings(options, queue_)), sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
+    if (!options.traceFile.isEmpty()) {
+        trace_ = std::make_unique<TraceFile>(queue_, QFile::encodeName(options.traceFile).toStdString(),
+                                             FileSettingsStore::reportOnStandardError);
+        if (!trace_->error().empty()) {
+            error_ = QString::fromStdString(trace_->error());
+            return;
+        }
+        tracing_ = std::make_unique<TracingStreamFactory>(*sockets_, *trace_);
+    }
     if (options.firstUnit)
         storeUnit(*settings_, *options.firstUnit);
     auto place = options.connectTo;
@@ -60,15 +97,18 @@ ApplicationHost::ApplicationHost(const Options& options)
         }
         place = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
     }
+    if (trace_)
+        trace_->start(traceStart(options, place, *settings_));
+    auto& network = tracing_ ? *tracing_ : *sockets_;
     if (place) {
-        redirection_ = std::make_unique<RedirectingStreamFactory>(*sockets_, *place);
+        redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place);
         if (isLoopbackHost(place->host))
             reachability_ = std::make_unique<FixedReachability>(true);
     }
     if (!reachability_)
         reachability_ = std::make_unique<NetworkReachability>();
     application_ = std::make_unique<Application>(
-        Platform{queue_, worker_, redirection_ ? *redirection_ : *sockets_, *reachability_, *settings_},
+        Platform{queue_, worker_, redirection_ ? *redirection_ : network, *reachability_, *settings_},
         options.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
 }
 

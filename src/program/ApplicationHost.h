@@ -11,6 +11,8 @@
 
 namespace lumbra {
 
+class TraceFile;
+
 namespace sim {
 class UnitServer;
 }
@@ -38,6 +40,8 @@ private:
     std::unique_ptr<SettingsStore> settings_;
     std::unique_ptr<sim::UnitServer> demoUnit_;
     std::unique_ptr<StreamFactory> sockets_;
+    std::unique_ptr<TraceFile> trace_; ///< null: nothing is traced
+    std::unique_ptr<StreamFactory> tracing_;
     std::unique_ptr<StreamFactory> redirection_;
     std::unique_ptr<Reachability> reachability_;
     std::unique_ptr<Application> application_;

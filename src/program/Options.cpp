@@ -42,6 +42,12 @@ CommandLine commandLine(Options& options) {
              .help = "Keep the settings in FILE instead of the user's own.",
              .store = storesFile(options.settingsFile),
              .takes = takesFile()},
+            {.name = "trace",
+             .value = "FILE",
+             .help = "Write to FILE every byte that is sent and received, and what becomes of the link. It "
+                     "holds the names of rooms and the unit's address.",
+             .store = storesFile(options.traceFile),
+             .takes = takesFile()},
         }};
 }
 

@@ -21,6 +21,7 @@ struct Options {
     bool keepConnected = false;         ///< a closed link is opened again without the user
     std::optional<HostPort> connectTo;  ///< replaces the unit's address in every connection
     QString settingsFile;               ///< empty: the user's default file
+    QString traceFile;                  ///< empty: nothing is traced
     std::optional<UnitPlace> firstUnit; ///< stored before the start; the command line can't give it
 };
 

@@ -83,6 +83,9 @@ TEST(EndToEnd, WithoutAUnitThereIsAnAlertThatNamesTheAddress) {
 }
 
 TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
+    const Folder folder;
+    const auto empty = folder / "empty.jsonl";
+    std::ofstream(empty) << "{\"trace\":1}\n";
     const std::tuple<int, std::string, std::vector<std::string>> cases[] = {
         {2, "fly", {REMOTE_PROGRAM, "--fly", "--flap\nflop"}},
         {2, "--json needs --console", {REMOTE_PROGRAM, "--json"}},
@@ -97,6 +100,10 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
         {2, "exclude each other", {SIMULATOR_PROGRAM, "--reset-after", "1", "--end-after", "2"}},
         {1, "Can't listen on 192.0.2.1:0: ", {SIMULATOR_PROGRAM, "--listen", "192.0.2.1"}},
         {1, "can't be set aside", {SIMULATOR_PROGRAM, "--state", "/proc/version"}},
+        {1, "/nowhere/a: No such file", {REMOTE_PROGRAM, "--console", "--demo", "--trace", "/nowhere/a"}},
+        {1, "no trace that can be read. Line 1 ", {SIMULATOR_PROGRAM, "--replay", "/proc/version"}},
+        {1, "no link was opened", {SIMULATOR_PROGRAM, "--replay", empty}},
+        {2, "--replay goes with", {SIMULATOR_PROGRAM, "--replay", empty, "--silence"}},
         {0, "", {SIMULATOR_PROGRAM, "--help"}}};
     for (const auto& [status, says, command] : cases) {
         Process process(command);
@@ -106,6 +113,32 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
         EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), status == 0 ? 0 : 1) << errors;
         EXPECT_EQ(process.rest().empty(), status != 0) << command[1];
     }
+}
+
+// A killed program has traced what it has shown, and a remote that does the same hears the same.
+TEST(EndToEnd, ATraceIsPlayedBack) {
+    const Folder folder;
+    const auto file = folder / "a.jsonl";
+    const std::vector<std::string> script{
+        "wait open",   "wait answer", "pick zonePicker 3", "switch muteSwitch toggle", "tab scene",
+        "wait answer", "state"};
+    std::string shown;
+    {
+        const Simulator unit;
+        Remote remote({"--connect-to", unit.place(), "--settings", folder / "a.json", "--trace", file});
+        EXPECT_EQ(remote.failure(script), "");
+        shown = remote.ask("state");
+        remote.signal(SIGKILL);
+    }
+    Simulator unit({"--replay", file});
+    Remote remote({"--connect-to", unit.place(), "--settings", folder / "b.json", "--trace", "/dev/full"});
+    EXPECT_EQ(remote.failure(script), "");
+    EXPECT_EQ(remote.ask("state"), shown);
+    remote.endInput();
+    EXPECT_EQ(remote.wait(), 0);
+    EXPECT_EQ(remote.errors(), "lumbra-remote: The trace in /dev/full ends here: No space left on device.\n");
+    EXPECT_EQ(unit.readUntil("! closed"), "1 ! connected\n1 ! closed");
+    EXPECT_EQ(unit.readLine(), ", all is played");
 }
 
 TEST(EndToEnd, ADemoNeedsNothingAndLeavesNothing) {

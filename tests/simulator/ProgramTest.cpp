@@ -1,6 +1,8 @@
 #include "Loopback.h"
 #include "Simulator.h"
 
+#include <fstream>
+
 namespace lumbra::sim {
 
 namespace {
@@ -46,6 +48,64 @@ TEST(Program, servesAndEndsWhoeverReadsItsOutput) {
         EXPECT_TRUE(answers(program, commands, "(U1APPQ3)"));
         program.signal(SIGTERM);
         EXPECT_EQ(program.wait(), 0);
+    }
+}
+
+// What a remote does, what it then gets, and what is told of it. The third pause is of a thousand seconds.
+TEST(Program, playsATraceBack) {
+    const Folder folder;
+    std::ofstream(folder / "trace") << R"-({"trace":1}
+{"time":0,"link":1,"event":"attempt","host":"a","port":23}
+{"time":1,"link":1,"event":"error"}
+{"time":2,"link":2,"event":"attempt","host":"a","port":23}
+{"time":2,"link":2,"event":"opened"}
+{"time":2,"link":2,"received":"(0\u00e9)"}
+{"time":2,"link":2,"sent":"[U1","not_sent":"A]"}
+{"time":2,"link":2,"received":"(1)"}
+{"step":"tab group"}
+{"time":2,"link":2,"sent":"[U1B]"}
+{"time":1002,"link":2,"received":"(2)"}
+{"time":1002,"link":2,"sent":"[U1C]"}
+{"time":1002,"link":2,"event":"end"}
+{"time":1002,"link":2,"event":"closed"}
+{"time":1002,"link":3,"event":"attempt","host":"a","port":23}
+{"time":1002,"link":3,"event":"opened"}
+{"time":1002,"link":3,"received":"(3)"}
+{"time":1002,"link":3,"sent":"[U1A]"}
+{"time":1002,"link":3,"event":"error"}
+)-";
+    struct Row {
+        const char *sends, *gets, *told;
+        bool fast;
+    };
+    const Row rows[] = {
+        {"[U1A][U1B][U1C]", "(0\xe9)(1)(2)FIN", "1 ! closed, all is played", true},
+        {"[U1A][U1B]", "(0\xe9)(1)", "1 ! closed by the remote, 3 lines of the trace are left (line 11)",
+         false},
+        {"", "(0\xe9)", "1 ! waits for [U1A] (line 7)", true},
+        {"[U1X][U1B]", "(0\xe9)(1)(2)", "1 ? expected [U1A], got [U1X] (line 7)", true},
+        {"[U1B]", "(0\xe9)(1)(2)", "1 ? expected [U1A], which was left out (line 7)", true},
+        {"[U1\x01][U1A][U1B][U1C][U1D]", "(0\xe9)(1)(2)FIN", "1 ? expected nothing more, got [U1D]", true},
+        {"[U1X][U1A]", "(0\xe9)(1)", "1 ? got [U1A] late", true},
+    };
+    for (const auto& [sends, gets, told, fast] : rows) {
+        std::vector<std::string> options{"--replay", folder / "trace"};
+        if (fast)
+            options.emplace_back("--fast");
+        Simulator program(options);
+        const auto port = static_cast<std::uint16_t>(std::stoi(program.port()));
+        Peer client(connectTo(port));
+        client.send(sends);
+        EXPECT_TRUE(client.receives(gets)) << sends << " got " << client.received();
+        EXPECT_EQ(client.received(), gets) << sends;
+        if (!std::string_view(told).starts_with("1 ! waits"))
+            client.close();
+        EXPECT_TRUE(program.readUntil(std::string(told) + "\n")) << told;
+        if (fast) {
+            Peer second(connectTo(port)), third(connectTo(port));
+            second.send("[U1A]");
+            EXPECT_TRUE(second.receives("(3)RST") && third.receives("FIN")) << second.received();
+        }
     }
 }
 

@@ -79,8 +79,9 @@ public:
     MemorySettingsStore settings;
     Application application;
 
-    explicit Remote(Reconnection reconnection = Reconnection::ByUser)
-        : application({queue, worker, streams, reachability, settings}, reconnection) {}
+    explicit Remote(Reconnection reconnection = Reconnection::ByUser, MemorySettingsStore stored = {})
+        : settings(std::move(stored)),
+          application({queue, worker, streams, reachability, settings}, reconnection) {}
 
     /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is forgotten.
     void launch(bool connected = true) {

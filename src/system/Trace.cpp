@@ -1,0 +1,233 @@
+#include "system/Trace.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonParseError>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <set>
+
+namespace lumbra {
+
+namespace {
+
+using Kind = TraceEntry::Kind;
+
+struct EventName {
+    Kind kind;
+    const char* name;
+};
+constexpr std::array<EventName, 5> EVENTS{{{Kind::Attempt, "attempt"},
+                                           {Kind::Opened, "opened"},
+                                           {Kind::Error, "error"},
+                                           {Kind::End, "end"},
+                                           {Kind::Closed, "closed"}}};
+
+constexpr auto TIME_LIMIT = 1e9; // s
+
+/// Appends JSON text. Its units are bytes, or the UTF-16 of a text.
+template <class Units>
+void appendText(std::string& json, const Units& units) {
+    json += '"';
+    for (const auto unit : units) {
+        const auto code = static_cast<unsigned>(unit);
+        if (code == '"' || code == '\\')
+            json += '\\';
+        if (code >= ' ' && code <= '~') {
+            json += static_cast<char>(code);
+        } else {
+            std::array<char, 7> escaped{};
+            std::snprintf(escaped.data(), escaped.size(), "\\u%04x", code & 0xFFFFU);
+            json.append(escaped.data(), escaped.size() - 1);
+        }
+    }
+    json += '"';
+}
+
+void appendBytes(std::string& json, const std::string& bytes) {
+    appendText(json, std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+}
+
+void appendUtf8(std::string& json, const std::string& text) {
+    const auto characters = QString::fromStdString(text);
+    appendText(json, std::vector<char16_t>(characters.utf16(), characters.utf16() + characters.size()));
+}
+
+std::string textOf(const QJsonValue& value) {
+    return value.toString().toStdString();
+}
+
+/// The bytes that a text of a trace stands for; nothing if it is no such text.
+std::optional<std::string> bytesOf(const QJsonValue& value) {
+    const auto text = value.toString();
+    const auto isByte = [](QChar c) { return c.unicode() <= 0xFF; };
+    if (!value.isString() || !std::all_of(text.begin(), text.end(), isByte))
+        return std::nullopt;
+    return text.toLatin1().toStdString();
+}
+
+/// Reads the lines behind the first. What is wrong is the end of a sentence that begins with the line.
+class EntryReader {
+public:
+    std::string read(const QJsonObject& object, TraceEntry& entry) {
+        if (object.contains(QLatin1String("step")))
+            return readStep(object, entry);
+        if (auto problem = readTime(object, entry); !problem.empty())
+            return problem;
+        entry.link = object.value(QLatin1String("link")).toInt();
+        if (entry.link < 1)
+            return "has no \"link\", a number from 1 on";
+        const auto problem =
+            object.contains(QLatin1String("event")) ? readEvent(object, entry) : readBytes(object, entry);
+        if (problem.empty() && entry.kind != Kind::Attempt && !attempts_.contains(entry.link))
+            return "is about link " + std::to_string(entry.link) + ", of which no attempt is known";
+        return problem;
+    }
+
+private:
+    std::string readTime(const QJsonObject& object, TraceEntry& entry) {
+        const auto time = object.value(QLatin1String("time")).toDouble(-1);
+        if (!(time >= 0 && time < TIME_LIMIT))
+            return "has no \"time\" in seconds";
+        entry.time = std::chrono::microseconds(std::llround(time * 1e6));
+        if (entry.time < last_)
+            return "is earlier than the one before";
+        last_ = entry.time;
+        return {};
+    }
+    std::string readStep(const QJsonObject& object, TraceEntry& entry) {
+        entry.kind = Kind::Step;
+        entry.text = textOf(object.value(QLatin1String("step")));
+        entry.time = last_;
+        return object.contains(QLatin1String("time")) ? readTime(object, entry) : std::string();
+    }
+    std::string readEvent(const QJsonObject& object, TraceEntry& entry) {
+        const auto name = textOf(object.value(QLatin1String("event")));
+        const auto* const event =
+            std::find_if(EVENTS.begin(), EVENTS.end(), [&](const auto& known) { return known.name == name; });
+        if (event == EVENTS.end())
+            return "has an event that is not known, \"" + name + "\"";
+        entry.kind = event->kind;
+        if (entry.kind != Kind::Attempt)
+            return {};
+        entry.text = textOf(object.value(QLatin1String("host")));
+        const auto port = object.value(QLatin1String("port")).toInt();
+        if (port < 1 || port > 65535)
+            return "has no \"port\" from 1 to 65535";
+        entry.port = static_cast<std::uint16_t>(port);
+        if (!attempts_.insert(entry.link).second)
+            return "begins link " + std::to_string(entry.link) + " again";
+        return {};
+    }
+    static std::string readBytes(const QJsonObject& object, TraceEntry& entry) {
+        const auto sent = object.value(QLatin1String("sent"));
+        const auto received = object.value(QLatin1String("received"));
+        if (sent.isUndefined() == received.isUndefined())
+            return "has not one of \"event\", \"sent\" and \"received\"";
+        entry.kind = received.isUndefined() ? Kind::Sent : Kind::Received;
+        const auto bytes = bytesOf(received.isUndefined() ? sent : received);
+        const auto rest = object.value(QLatin1String("not_sent"));
+        const auto restBytes = rest.isUndefined() ? std::string() : bytesOf(rest);
+        if (!bytes || !restBytes)
+            return "has bytes that are no text of characters up to \\u00ff";
+        entry.text = *bytes;
+        entry.notSent = *restBytes;
+        entry.failed = object.value(QLatin1String("failed")).toBool();
+        return {};
+    }
+
+    std::chrono::microseconds last_{};
+    std::set<int> attempts_;
+};
+
+} // namespace
+
+std::string formatTraceStart(const TraceStart& start) {
+    std::string line(TRACE_MARK);
+    line += R"(1,"program":"lumbra-remote","version":")" LUMBRA_VERSION R"(","time":")" +
+            QDateTime::currentDateTimeUtc().toString(Qt::ISODate).toStdString() + R"(","options":)";
+    appendUtf8(line, start.options);
+    return line +
+           ",\"settings\":" + QJsonDocument(start.settings).toJson(QJsonDocument::Compact).toStdString() +
+           "}\n";
+}
+
+std::string formatTraceEntry(const TraceEntry& entry) {
+    std::array<char, 64> begin{};
+    const auto time = static_cast<long long>(entry.time.count());
+    std::snprintf(begin.data(), begin.size(), R"({"time":%lld.%06lld,"link":%d,)", time / 1'000'000,
+                  time % 1'000'000, entry.link);
+    std::string line = begin.data();
+    const bool isSent = entry.kind == Kind::Sent;
+    if (isSent || entry.kind == Kind::Received) {
+        line += isSent ? R"("sent":)" : R"("received":)";
+        appendBytes(line, entry.text);
+        if (!entry.notSent.empty()) {
+            line += R"(,"not_sent":)";
+            appendBytes(line, entry.notSent);
+        }
+        if (entry.failed)
+            line += R"(,"failed":true)";
+    } else {
+        const auto* const event = std::find_if(EVENTS.begin(), EVENTS.end(),
+                                               [&](const auto& known) { return known.kind == entry.kind; });
+        line += R"("event":")";
+        line += event->name;
+        line += '"';
+        if (entry.kind == Kind::Attempt) {
+            line += R"(,"host":)";
+            appendUtf8(line, entry.text);
+            line += R"(,"port":)" + std::to_string(entry.port);
+        }
+    }
+    return line += "}\n";
+}
+
+std::variant<Trace, std::string> parseTrace(const QByteArray& text) {
+    if (!text.startsWith(QByteArray::fromRawData(TRACE_MARK.data(), TRACE_MARK.size())))
+        return "Line 1 is not the first line of a trace, which begins with " + std::string(TRACE_MARK) + ".";
+    Trace trace;
+    EntryReader reader;
+    int number = 0;
+    for (qsizetype begin = 0, end = 0; (end = text.indexOf('\n', begin)) >= 0; begin = end + 1) {
+        const auto line = text.mid(begin, end - begin);
+        QJsonParseError error;
+        const auto document = QJsonDocument::fromJson(line, &error);
+        const auto where = "Line " + std::to_string(++number);
+        if (!document.isObject())
+            return where + " is no JSON object: " +
+                   (error.error == QJsonParseError::NoError ? "it is a list."
+                                                            : error.errorString().toStdString() + ".");
+        const auto object = document.object();
+        if (number == 1) {
+            if (object.value(QLatin1String("trace")).toInt() != 1)
+                return "Line 1 is the first line of a trace of another version of the format.";
+            trace.start = {textOf(object.value(QLatin1String("options"))),
+                           object.value(QLatin1String("settings")).toObject()};
+            continue;
+        }
+        TraceEntry entry;
+        entry.line = number;
+        if (const auto problem = reader.read(object, entry); !problem.empty())
+            return where + " " + problem + ".";
+        trace.entries.push_back(std::move(entry));
+    }
+    return trace;
+}
+
+std::variant<Trace, std::string> readTrace(const std::string& path) {
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QFile::ReadOnly))
+        return "Can't read the trace in " + path + ": " + file.errorString().toStdString() + ".";
+    auto result = parseTrace(file.readAll());
+    if (const auto* problem = std::get_if<std::string>(&result))
+        return path + " holds no trace that can be read. " + *problem;
+    return result;
+}
+
+} // namespace lumbra

@@ -1,0 +1,114 @@
+#include "system/TraceFile.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace lumbra {
+
+namespace {
+
+std::string systemError() {
+    return std::generic_category().message(errno);
+}
+
+bool beginsAsTrace(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    std::array<char, TRACE_MARK.size()> begin{};
+    const auto count = file == -1 ? -1 : ::read(file, begin.data(), begin.size());
+    if (file != -1)
+        ::close(file);
+    return count == static_cast<ssize_t>(begin.size()) &&
+           std::string_view(begin.data(), begin.size()) == TRACE_MARK;
+}
+
+} // namespace
+
+TraceFile::TraceFile(MainQueue& queue, std::string path, Report report)
+    : queue_(queue), path_(std::move(path)), report_(std::move(report)) {
+    if (const auto problem = open(); !problem.empty()) {
+        error_ = "The trace can't be written to " + path_ + ": " + problem + ".";
+        isOver_ = true;
+    }
+}
+
+std::string TraceFile::open() {
+    // Neither an open nor a write of a pipe or a device may wait.
+    file_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, S_IRUSR | S_IWUSR);
+    if (file_ == -1)
+        return systemError();
+    struct stat status {};
+    if (::fstat(file_, &status) == -1 || !S_ISREG(status.st_mode))
+        return {};
+    if (::flock(file_, LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK)
+        return "another program writes its trace there";
+    if (status.st_size > 0 && !beginsAsTrace(path_))
+        return "it holds something other than a trace, and is left as it is";
+    return ::ftruncate(file_, 0) == -1 ? systemError() : std::string();
+}
+
+TraceFile::~TraceFile() {
+    write();
+    if (file_ != -1)
+        ::close(file_);
+}
+
+void TraceFile::start(const TraceStart& start) {
+    append([&] { return formatTraceStart(start); });
+}
+
+void TraceFile::add(TraceEntry entry) {
+    append([&] {
+        entry.time =
+            std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin_);
+        return formatTraceEntry(entry);
+    });
+}
+
+void TraceFile::append(const std::function<std::string()>& line) {
+    const std::lock_guard lock(mutex_);
+    if (isOver_)
+        return;
+    pending_ += line(); // inside the lock, so that the times ascend
+    if (!std::exchange(posted_, true))
+        queue_.post([this, weak = std::weak_ptr(alive_)] {
+            if (!weak.expired())
+                write();
+        });
+}
+
+void TraceFile::write() {
+    std::string lines;
+    {
+        const std::lock_guard lock(mutex_);
+        lines.swap(pending_);
+        posted_ = false;
+    }
+    std::size_t written = 0;
+    while (written < lines.size()) {
+        const auto count = ::write(file_, lines.data() + written, lines.size() - written);
+        if (count >= 0) {
+            written += static_cast<std::size_t>(count);
+        } else if (errno != EINTR) {
+            const auto reason = systemError();
+            const auto whole = written == 0 ? 0 : lines.rfind('\n', written - 1) + 1;
+            // Half a line is left where that is refused; readers know of it.
+            static_cast<void>(::ftruncate(file_, size_ + static_cast<std::int64_t>(whole)) == 0);
+            {
+                const std::lock_guard lock(mutex_);
+                isOver_ = true;
+                pending_.clear();
+            }
+            report_("The trace in " + path_ + " ends here: " + reason + ".");
+            return;
+        }
+    }
+    size_ += static_cast<std::int64_t>(lines.size());
+}
+
+} // namespace lumbra
