@@ -170,12 +170,12 @@ exec {shlex.quote(remote)} "$@\"""")
         with open(log, "wb") as output:
             process = self.start(f"exec env {line}", stdout=output)
         self.units.append((process, log))
-        return self.wait_for(lambda: re.match(r"Simulated unit.*(?=\n)", log.read_text()), process, line)[0]
+        return self.wait_for(lambda: re.match(r".* listens on .*(?=\n)", log.read_text()), process, line)[0]
 
     def show_window(self, line, words):
         """Starts a window, and ends it as a session does once it is ready: with a signal, which is no failure."""
-        connects = lambda: self.log.read_bytes().count(b"! connected")
-        before = connects()
+        commands = lambda: self.log.read_bytes().count(b" > ")
+        before = commands()
         with tempfile.TemporaryFile() as output:
             process = self.start(f"exec env {line}", stdout=output)
 
@@ -188,7 +188,7 @@ exec {shlex.quote(remote)} "$@\"""")
                 if {"--demo", "--connect-to"} & set(words):
                     self.wait_for(handles_signals, process, line)
                 else:
-                    self.wait_for(lambda: connects() > before, process, line)
+                    self.wait_for(lambda: commands() > before, process, line)
                 process.terminate()
                 status = process.wait(PATIENCE)
             finally:
