@@ -21,7 +21,9 @@ KeepConnected::KeepConnected(Surroundings surroundings)
       statuses_(with_.status.onChange([this] {
           if (with_.status.status() != ScreenStatus::Current)
               return;
-          attempts_ = 0;
+          // The alert of the failure that began it must not stay over a panel that nobody touches.
+          if (std::exchange(attempts_, 0) > 0)
+              with_.alerts.withdraw();
           with_.alerts.setMuted(false);
       })) {}
 

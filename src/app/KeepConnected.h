@@ -12,8 +12,8 @@
 namespace lumbra {
 
 /// Connects again by itself, for wall panels: while the link is closed and the application is active, runs
-/// the connect step after 2, 5, 10 and then every 30 s. The alerts of these attempts are not presented. The
-/// delays begin anew once a screen is current. Main thread only.
+/// the connect step after 2, 5, 10 and then every 30 s. The alerts of these attempts are not presented. Once
+/// a screen is current again, an alert that is still shown is withdrawn, and the delays begin anew. Main thread only.
 class KeepConnected {
 public:
     /// What it needs of the application. All outlive this object.

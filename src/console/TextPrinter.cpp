@@ -16,6 +16,12 @@ namespace lumbra::console {
 
 namespace {
 
+/// The number of characters in UTF-8 text.
+std::size_t widthOf(std::string_view text) {
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
 /// A table, each column as wide as its widest cell.
 template <std::size_t COLUMNS>
 class Table {
@@ -28,13 +34,13 @@ public:
         std::array<std::size_t, COLUMNS> widths{};
         for (const auto& row : rows_)
             for (std::size_t column = 0; column < COLUMNS; ++column)
-                widths[column] = std::max(widths[column], row[column].size());
+                widths[column] = std::max(widths[column], widthOf(row[column]));
         std::string text;
         for (const auto& row : rows_) {
             for (std::size_t column = 0; column < COLUMNS; ++column) {
                 text += "  " + row[column];
                 if (column + 1 < COLUMNS)
-                    text.append(widths[column] - row[column].size(), ' ');
+                    text.append(widths[column] - widthOf(row[column]), ' ');
             }
             text.erase(text.find_last_not_of(' ') + 1);
             text += '\n';

@@ -30,6 +30,8 @@ public:
         shown_ = std::move(alert);
         changed_.emit();
     }
+    /// The program closes the alert, which is no longer true.
+    void withdraw() { dismissByUser(); }
     /// The user presses the button of the alert. False if none is shown.
     bool dismissByUser() {
         if (!shown_)

@@ -121,7 +121,8 @@ TEST(Life, KeepsConnectedIfAsked) {
             alerts 0 ; network off ; error ; alerts 1 ; wait 1.9 ; network on ; wait 0.1 ; link opening
             error ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; network off ; error ; wait 10 ; wait 29.9
             network on ; wait 0.1 ; link opening ; error ; wait 30 ; link opening ; alerts 0
-            connect ; > U1APPQ0 ; error ; alerts 1 ; wait 2 ; link opening)"},
+            alert Failed to connect to IP address 192.168.1.50. ; connect ; > U1APPQ0 ; alert none
+            error ; alerts 1 ; wait 2 ; link opening)"},
         {"a unit that hangs up before it answers is not asked ever faster", R"(
             end ; wait 2 ; connect ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; alerts 0)"},
         {"what the user starts fails aloud, and counts anew", R"(
