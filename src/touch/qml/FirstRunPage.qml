@@ -17,7 +17,7 @@ T.ApplicationWindow {
     title: qsTr("Lumbra Remote")
     color: Theme.background
     // Else controls would take the platform's.
-    font: Theme.font
+    font.family: Theme.family
 
     ScreenPage {
         anchors.fill: parent

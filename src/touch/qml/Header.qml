@@ -42,7 +42,7 @@ Rectangle {
     readonly property bool narrow: width < 480 * Theme.textScale
 
     // Not that of the texts, which depends on what they say.
-    implicitHeight: Math.max(Theme.target + 16, Math.ceil((Theme.titleText + (narrow ? 2 : 1) * Theme.smallText) * 1.25) + 8)
+    implicitHeight: Math.max(Theme.target + 16, Math.ceil((Theme.titleText + (narrow ? 2 : 1) * Theme.smallText) * 1.25) + 6)
     color: Theme.surface
 
     RowLayout {

@@ -23,7 +23,7 @@ T.ApplicationWindow {
     title: qsTr("Lumbra Remote")
     color: Theme.background
     // Else controls would take the platform's.
-    font: Theme.font
+    font.family: Theme.family
 
     Item {
         id: frame
