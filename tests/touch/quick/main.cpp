@@ -99,7 +99,7 @@ public:
         }
         return left;
     }
-    /// What was sent since the last call and what every control on show shows.
+    /// What was sent since the last call, what every control on show shows, the status and the items.
     Q_INVOKABLE QString leftBehind() { return leftBehind(*remote_); }
 
     /// What assistive technology finds in the window, depth first: role, name, and where it has them its
@@ -150,6 +150,11 @@ private:
         auto all = sent(remote).toStdString() + "\n" + view.name();
         for (const auto& item : view.items())
             all += "\n" + item.name + " " + remote.shown(item.name);
+        all += "\n" + std::string(nameOf(remote.application.status().status()));
+        const auto* items = remote.application.items();
+        for (std::size_t row = 0; items && row < items->rowCount(); ++row)
+            all += "\n" + items->row(row).name + " " + items->row(row).input + " " +
+                   items->row(row).level.text() + (items->row(row).mute ? " muted" : "");
         return QString::fromStdString(all);
     }
     template <class Visit>
