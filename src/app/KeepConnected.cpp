@@ -29,8 +29,7 @@ KeepConnected::KeepConnected(Surroundings surroundings)
 
 void KeepConnected::setActive(bool active) {
     isActive_ = active;
-    with_.alerts.setMuted(false);
-    schedule();
+    userConnects(); // the screen on show connects when the user comes back
 }
 
 void KeepConnected::userConnects() {

@@ -33,7 +33,8 @@ void StatusMonitor::linkChanged() {
 }
 
 bool StatusMonitor::isWaiting() const {
-    return queryIsDue_ || (spinner_ && spinner_->isAnimating());
+    // A query that could not be sent stops the indicator, too.
+    return queryIsDue_ || spinner_->isAnimating() || link_.hasFailedToSend();
 }
 
 void StatusMonitor::update() {

@@ -37,7 +37,7 @@ void ServerConnection::adopt(std::uint64_t attempt, StreamPair pair) {
     iStream_ = std::move(pair.input);
     oStream_ = std::move(pair.output);
     // The new pair has not reported anything yet.
-    isOpen_ = outputStreamIsOpen_ = inputStreamIsOpen_ = false;
+    isOpen_ = outputStreamIsOpen_ = inputStreamIsOpen_ = sendFailed_ = false;
     for (Stream* stream : {static_cast<Stream*>(iStream_.get()), static_cast<Stream*>(oStream_.get())}) {
         stream->setDelegate(this);
         stream->open();
@@ -55,7 +55,9 @@ LinkState ServerConnection::linkState() const {
 std::int64_t ServerConnection::sendData(std::span<const std::uint8_t> bytes) {
     if (!outputStreamIsOpen_ || !oStream_)
         return 0;
-    return oStream_->write(bytes);
+    const auto written = oStream_->write(bytes);
+    sendFailed_ |= written < 0;
+    return written;
 }
 
 void ServerConnection::closeConnection() {

@@ -83,6 +83,8 @@ public:
 
     /// True once both streams have completed their open.
     bool isConnected() const { return isOpen_; }
+    /// True once a write to the present pair has failed: what the pair reports next closes it.
+    bool hasFailedToSend() const { return sendFailed_; }
     LinkState linkState() const;
 
     /// Writes `bytes` with one call. Returns the number of bytes that the network took, 0 while the output
@@ -118,6 +120,7 @@ private:
     bool isOpen_ = false;
     bool outputStreamIsOpen_ = false;
     bool inputStreamIsOpen_ = false;
+    bool sendFailed_ = false;
 
     std::uint64_t createdAttempts_ = 0;
     std::uint64_t settledAttempts_ = 0; ///< attempts up to this one are adopted, outdated or cancelled

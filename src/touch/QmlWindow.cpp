@@ -1,5 +1,7 @@
 #include "touch/QmlWindow.h"
 
+#include <QFont>
+#include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
@@ -13,7 +15,9 @@ namespace lumbra {
 QmlWindow::QmlWindow(const QString& file, const QString& name, QObject& object)
     : engine_(std::make_unique<QQmlApplicationEngine>()) {
     engine_->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine_->setInitialProperties({{name, QVariant::fromValue(&object)}});
+    // Else controls take the font of the platform's theme. A font in QML has lost what was set in it.
+    engine_->setInitialProperties(
+        {{name, QVariant::fromValue(&object)}, {QStringLiteral("font"), QGuiApplication::font()}});
     engine_->load(QUrl(QStringLiteral("qrc:/qt/qml/Lumbra/Touch/qml/") + file));
     if (!engine_->rootObjects().isEmpty())
         window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().constFirst());

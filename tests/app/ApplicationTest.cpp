@@ -105,6 +105,9 @@ TEST(Status, FollowsTheLinkAndTheAnswer) {
         {"a link that opens anew, under a query that was never answered", R"(
             wait 9 ; status silent ; end ; status offline ; away ; back ; status offline
             hold ; connect ; status waiting ; settle ; status waiting ; wait 4 ; status waiting ; > U1APPQ0 ; status current)"},
+        {"a query that can't be sent is not answered", R"(
+            > U1APPQ0 ; write -1 ; tab group ; status waiting ; error ; status offline
+            away ; back ; connect ; > U1APPQ4 ; status current)"},
         {"without queries what the link brings is all there is", R"(
             away ; set polling_preference false ; back ; connect ; > U1APPQ0 ; status current ; tab group ; status current)"},
     };
@@ -127,7 +130,8 @@ TEST(Life, KeepsConnectedIfAsked) {
             end ; wait 2 ; connect ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; alerts 0)"},
         {"what the user starts fails aloud, and counts anew", R"(
             end ; wait 2 ; error ; wait 5 ; error ; alerts 0 ; network off ; tab group ; alerts 1
-            network on ; wait 2 ; link opening)"},
+            network on ; wait 2 ; link opening ; error ; wait 5 ; error ; away ; back ; error ; alerts 1
+            wait 2 ; link opening)"},
         {"nothing while the application is away", R"(
             away ; wait 99 ; link closed ; back ; link opening ; error ; alerts 1 ; away ; wait 99 ; link closed)"},
     };

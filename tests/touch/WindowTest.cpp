@@ -86,9 +86,12 @@ TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 0;
     const QGuiApplication qt(count, nullptr);
+    TouchFrontEnd::installTypeface();
     Remote remote;
     TouchFrontEnd touch(remote.application, {});
     ASSERT_TRUE(touch.show());
+    // A font that sets nothing by itself gives way to that of the platform's theme, which only a real display has.
+    EXPECT_NE(touch.window()->property("font").value<QFont>().resolveMask(), 0U);
     remote.settle();
     remote.streams.last().connect();
     remote.settle();

@@ -32,12 +32,13 @@ T.Button {
 
     contentItem: caption
     background: Rectangle {
-        readonly property color base: root.prominent ? Theme.accent : Theme.raised
+        readonly property bool bright: root.prominent && root.enabled
+        readonly property color base: bright ? Theme.accent : Theme.raised
 
         radius: Theme.radius
         color: root.hovered ? Qt.lighter(base, 1.2) : base
         opacity: root.down ? 0.7 : 1
-        border.color: root.prominent ? Theme.accent : Theme.outline
+        border.color: bright ? Theme.accent : Theme.outline
         border.width: 1
 
         FocusFrame {

@@ -22,8 +22,6 @@ T.ApplicationWindow {
     minimumHeight: 360
     title: qsTr("Lumbra Remote")
     color: Theme.background
-    // Else controls would take the platform's.
-    font.family: Theme.family
 
     Item {
         id: frame

@@ -19,8 +19,6 @@ QtObject {
     readonly property color bad: "#ff9d94"
     readonly property color scrim: "#c0000000"
 
-    /// The application's typeface.
-    readonly property string family: system.font.family
     /// The scale of texts that the user has set in the system, 1 to 2. The usual font is 12 pixels high.
     property real textScale: Math.max(1, Math.min(2, system.font.pixelSize / 12))
     readonly property TextMetrics system: TextMetrics {}
