@@ -19,7 +19,7 @@ struct CommandTable {
     using A = Argument;
     static constexpr std::array<ConsoleCommand, 16> COMMANDS{{
         {"help", "lists the commands", 0, 0, {}, &I::help},
-        {"state", "shows the screen with its controls, the alert and the link", 0, 0, {}, &I::state},
+        {"state", "shows the screen's controls, items and status, alert and link", 0, 0, {}, &I::state},
         {"tab NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
         {"pick CONTROL ROW", "turns a picker to a row, from 0", 2, 2, {A::Picker, A::Number}, &I::pick},
         {"slide CONTROL VALUE", "moves a slider", 2, 2, {A::Slider, A::Number}, &I::slide},

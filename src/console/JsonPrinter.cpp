@@ -9,7 +9,7 @@
 #include <rapidjson/writer.h>
 
 #include <cstddef>
-#include <ranges>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -161,10 +161,11 @@ void JsonPrinter::state(std::string_view command, const State& state) {
         json.field("link", nameOf(state.link)).field("status", nameOf(state.status));
         if (!state.items)
             return;
-        json.array("items", std::views::iota(std::size_t{0}, state.items->rowCount()),
-                   [&](Json& array, std::size_t row) {
-                       array.element([&](Json& fields) { itemFields(fields, row, state.items->row(row)); });
-                   });
+        std::vector<std::size_t> rows(state.items->rowCount());
+        std::iota(rows.begin(), rows.end(), std::size_t{0});
+        json.array("items", rows, [&](Json& array, std::size_t row) {
+            array.element([&](Json& fields) { itemFields(fields, row, state.items->row(row)); });
+        });
     });
 }
 
