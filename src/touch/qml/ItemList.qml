@@ -19,12 +19,12 @@ PickList {
         required property string level
         required property bool mute
         required property bool power
-        readonly property string state: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
+        readonly property string condition: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
 
         width: root.cellWidth
         height: root.rowHeight
         text: name
-        spoken: state === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, state])
+        spoken: condition === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, condition])
         selected: index === root.picker.selected
         marked: GridView.isCurrentItem && root.keyed
         onPicked: text => root.pick(index, text)
@@ -60,14 +60,14 @@ PickList {
             FittedText {
                 anchors.right: parent.right
                 text: row.level
-                opacity: row.state === "" ? 1 : 0.6
+                opacity: row.condition === "" ? 1 : 0.6
                 font.pixelSize: Theme.titleText
                 Accessible.ignored: true
             }
             FittedText {
                 anchors.right: parent.right
                 visible: text !== ""
-                text: row.state
+                text: row.condition
                 color: Theme.waiting
                 font.pixelSize: Theme.smallText
                 Accessible.ignored: true

@@ -63,13 +63,13 @@ Item {
     enabled: slider.enabled
     activeFocusOnTab: true
     Keys.onPressed: event => event.accepted = step(event.key)
-    // If the unit disables the slider while it has the keyboard focus, the focus moves to the previous
-    // control.
+    // If the slider is disabled while the keyboard is on it, the focus moves to the previous control. A focus
+    // that a press has set goes nowhere: nobody asked for the keyboard.
     onActiveFocusChanged: {
         if (activeFocus)
             return;
+        lostFocus = !enabled && !byHand;
         byHand = false;
-        lostFocus = !enabled;
     }
     onEnabledChanged: {
         if (!enabled && lostFocus)

@@ -399,10 +399,10 @@ TestCase {
         open(1280, 800);
         play("> U1O1Z1\n> U1O2Z3\n> U1Z3N\"Attic\"\n> U1Z3V-20\n> U1Z3M1\n> U1Z3I2\n> U1I2N\"Tuner\"");
         const row = find("zonePicker", "list").itemAtIndex(1);
-        compare([row.name, row.input, row.level, row.state, row.selected].join(), "Attic,Tuner,75%,Muted,false");
+        compare([row.name, row.input, row.level, row.condition, row.selected].join(), "Attic,Tuner,75%,Muted,false");
         verify(row.height >= 56);
         play("> U1Z3V-40");
-        compare([row.level, row.state].join(), "50%,", "the row follows the unit");
+        compare([row.level, row.condition].join(), "50%,", "the row follows the unit");
         mouseClick(row);
         harness.pass(20);
         verify(row.selected && find("itemName").text === "Attic");
