@@ -63,6 +63,8 @@ void Playback::advance() {
         const auto& entry = entries_[next_];
         if (entry.kind == Kind::Sent) {
             if (!takeExpected(entry)) {
+                if (socket_->isOpen() && socket_->bytesAvailable() > 0) // more than one reading takes
+                    QTimer::singleShot(0, this, &Playback::advance);
                 patience_.start(PATIENCE);
                 return;
             }
