@@ -27,12 +27,7 @@ TEST(Settings, AreTakenAllOrNone) {
             stored unit_number_preference 1 ; away
             unset ip_address_preference ; set unit_number_preference 2 ; back ; connect ; sent [U1SERIAL0] [U1APPQ0])"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch();
-        EXPECT_EQ(remote.play("away"), "");
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios, "connect ; away"), "");
 }
 
 TEST(Launch, ShapesTheTabsAndSelectsTheStartTab) {
@@ -79,11 +74,7 @@ TEST(Life, RunsAsPlayed) {
             screen output ; sent [U1SERIAL0] [U1APPQ1] ; away ; set advanced_mode_preference false ; back
             screen zone ; show volumeSlider -33)"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios), "");
 }
 
 TEST(Life, ReconnectRunsTheConnectStepAndNothingElse) {
@@ -108,11 +99,7 @@ TEST(Status, FollowsTheLinkAndTheAnswer) {
         {"without queries what the link brings is all there is", R"(
             away ; set polling_preference false ; back ; connect ; > U1APPQ0 ; status current ; tab group ; status current)"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios), "");
 }
 
 TEST(Life, KeepsConnectedIfAsked) {
@@ -130,11 +117,7 @@ TEST(Life, KeepsConnectedIfAsked) {
         {"nothing while the application is away", R"(
             away ; wait 99 ; link closed ; back ; link opening ; error ; alerts 1 ; away ; wait 99 ; link closed)"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote(Reconnection::Automatic);
-        remote.launch();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios, "connect", Reconnection::Automatic), "");
 }
 
 TEST(Life, LeavesNothingBehind) {

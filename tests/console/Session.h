@@ -6,20 +6,11 @@
 
 #include <rapidjson/document.h>
 
-#include <array>
 #include <csignal>
-#include <cstdlib>
 #include <deque>
 #include <fcntl.h>
-#include <functional>
-#include <memory>
-#include <optional>
 #include <poll.h>
-#include <sstream>
-#include <string>
-#include <string_view>
 #include <unistd.h>
-#include <vector>
 
 namespace lumbra {
 

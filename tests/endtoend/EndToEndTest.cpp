@@ -67,21 +67,6 @@ TEST(EndToEnd, ARemoteShowsAndMovesTheUnit) {
     EXPECT_TRUE(later.answers("state", "\"loudnessSwitch\":{\"kind\":\"switch\",\"on\":true"));
 }
 
-TEST(EndToEnd, WithoutAUnitThereIsAnAlertThatNamesTheAddress) {
-    const Folder folder;
-    const Listener nowhere{-1};
-    std::ofstream(folder / "a.json")
-        << R"({"ip_address_preference": "10.1.2.3", "unit_number_preference": 2})";
-    Remote remote({"--connect-to", nowhere.place(), "--settings", folder / "a.json"});
-    EXPECT_TRUE(
-        remote.readUntil("{\"event\":\"alert\",\"title\":\"Error\",\"message\":\"Failed to connect to IP "
-                         "address 10.1.2.3.\",\"button\":\"OK\"}\n"));
-    EXPECT_TRUE(remote.answers("wait open 0.01", "\"ok\":false"));
-    EXPECT_EQ(remote.failure({"dismiss"}), "");
-    remote.endInput();
-    EXPECT_EQ(remote.wait(), 1) << "a command failed";
-}
-
 TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
     const Folder folder;
     const auto empty = folder / "empty.jsonl";
@@ -165,17 +150,6 @@ TEST(EndToEnd, ADemoNeedsNothingAndLeavesNothing) {
     EXPECT_TRUE(fs::exists(folder / "config/lumbra-remote/settings.json"));
 }
 
-TEST(EndToEnd, AFloodOfReportsHoldsUpNobody) {
-    const Folder folder;
-    const Simulator unit({"--flood", "0"});
-    Remote remote(unit, folder / "a.json");
-    EXPECT_EQ(remote.failure({"wait open", "wait 0.2", "state", "switch muteSwitch toggle", "tab group",
-                              "wait 0.05", "tab scene", "pick scenePicker 1", "press loadSceneButton",
-                              "app away", "wait closed", "quit"}),
-              "");
-    EXPECT_EQ(remote.wait(), 0);
-}
-
 TEST(EndToEnd, WhatAReplySaysIsKeptHoweverItEnds) {
     const Folder folder;
     std::string storm;
@@ -230,20 +204,6 @@ TEST(Build, IsHardened) {
         for (const auto* mark : {"DYN (", "GNU_RELRO", "BIND_NOW", "__stack_chk_fail", "_chk@"})
             EXPECT_NE(text.find(mark), std::string::npos) << file << " lacks " << mark;
     }
-}
-
-// Without a handler a signal would end the window with its settings unwritten and its status a failure.
-TEST(EndToEnd, ASignalEndsTheWindowAsClosingItDoes) {
-    const Folder folder;
-    Simulator unit({"--verbose"});
-    Process window({"/usr/bin/env", "QT_QPA_PLATFORM=offscreen", REMOTE_PROGRAM, "--connect-to", unit.place(),
-                    "--settings", folder / "a.json"});
-    ASSERT_TRUE(unit.readUntil("! connected"));
-    window.signal(SIGTERM);
-    EXPECT_EQ(window.wait(), 0);
-    EXPECT_EQ(window.errors(), "");
-    EXPECT_TRUE(unit.readUntil("! closed by the client"));
-    EXPECT_TRUE(fs::exists(folder / "a.json"));
 }
 
 // A line that is being typed survives what is printed meanwhile, and an error is no failure at a terminal.

@@ -11,8 +11,7 @@ namespace lumbra {
 namespace {
 
 struct Recorder final : ServerConnectionDelegate {
-    std::string calls;
-    std::string bytes;
+    std::string calls, bytes;
     std::function<void()> onData = [] {};
     void displayConnectionError() override { calls += "error "; }
     void serverConnected() override { calls += "connected "; }
@@ -89,18 +88,6 @@ TEST_F(ServerConnectionTest, AnAttemptThatIsOvertakenNeverComesAlive) {
     EXPECT_EQ(streams.pair(0).live(), 2);
     EXPECT_EQ(streams.pair(1).host, "10.0.0.1");
     EXPECT_EQ(streams.pair(1).live(), 0);
-}
-
-TEST_F(ServerConnectionTest, AnnouncesEachLinkStateOnce) {
-    std::string states;
-    const auto subscription = connection->onLinkChange(
-        [this, &states] { states += "c.o"[static_cast<std::size_t>(connection->linkState())]; });
-    open();
-    open();
-    streams.last().connect();
-    connection->closeConnection();
-    connection->closeConnection();
-    EXPECT_EQ(states, ".oc");
 }
 
 // Run under the thread sanitizer: attempts on a thread while the main thread changes, closes and reads.

@@ -4,7 +4,6 @@
 #include "Loopback.h"
 
 #include <linux/tcp.h>
-#include <memory>
 #include <numeric>
 #include <regex>
 

@@ -7,7 +7,6 @@
 #include <net/if.h>
 #include <sched.h>
 #include <sstream>
-#include <string>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>

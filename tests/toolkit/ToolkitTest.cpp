@@ -5,10 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
-#include <string>
-#include <tuple>
-#include <vector>
 
 namespace lumbra {
 namespace {

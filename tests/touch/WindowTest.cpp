@@ -8,10 +8,6 @@
 #include <QQuickWindow>
 #include <gtest/gtest.h>
 
-#include <optional>
-#include <string>
-#include <vector>
-
 namespace lumbra {
 namespace {
 
