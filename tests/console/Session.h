@@ -183,9 +183,7 @@ private:
     }
 
     bool json_;
-    std::array<int, 2> input_{-1, -1};
-    std::array<int, 2> output_{-1, -1};
-    std::array<int, 2> signals_{-1, -1};
+    std::array<int, 2> input_{-1, -1}, output_{-1, -1}, signals_{-1, -1};
     std::deque<std::string> lines_;
 };
 

@@ -73,14 +73,11 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
     std::ofstream(empty) << "{\"trace\":1}\n";
     const std::tuple<int, std::string, std::vector<std::string>> cases[] = {
         {2, "fly", {REMOTE_PROGRAM, "--fly", "--flap\nflop"}},
-        {2, "--json needs --console", {REMOTE_PROGRAM, "--json"}},
         {0, "", {REMOTE_PROGRAM, "--help"}},
         {0, "", {REMOTE_PROGRAM, "--version"}},
         {2, "--port takes a whole number from 0 to 65535", {SIMULATOR_PROGRAM, "--port", "65536"}},
         {2, "--unit takes", {SIMULATOR_PROGRAM, "--unit", "1x"}},
-        {2, "--split takes", {SIMULATOR_PROGRAM, "--split", "0"}},
         {2, "--listen takes an IP address, not \"kitchen\"", {SIMULATOR_PROGRAM, "--listen", "kitchen"}},
-        {2, "bogus", {SIMULATOR_PROGRAM, "--bogus"}},
         {2, "\"extra\"", {SIMULATOR_PROGRAM, "extra"}},
         {2, "exclude each other", {SIMULATOR_PROGRAM, "--reset-after", "1", "--end-after", "2"}},
         {1, "Can't listen on 192.0.2.1:0: ", {SIMULATOR_PROGRAM, "--listen", "192.0.2.1"}},

@@ -1,6 +1,5 @@
 #include "simulator/UnitServer.h"
 
-#include "Limited.h"
 #include "Loopback.h"
 
 #include <linux/tcp.h>
@@ -87,23 +86,6 @@ TEST_F(UnitServerTest, turnsClientsAwayWhenFullButNotForEndedOnes) {
         ASSERT_TRUE(runUntil([&] { return server->clientCount() == UnitServer::MAX_CLIENTS - 1; }));
         newClient(UnitServer::MAX_CLIENTS);
     }
-}
-
-TEST_F(UnitServerTest, acceptsAgainOnceThereAreDescriptors) {
-    start();
-    int failures = 0;
-    server->setTrace(
-        [&](const std::string& line) { failures += line.find("can't accept") != std::string::npos; });
-    const auto first = newClient(1);
-    Peer client(connectTo(server->port()));
-    client.send("[U1APPQ3]");
-    {
-        const Limited descriptors(RLIMIT_NOFILE, static_cast<rlim_t>(client.socket()) + 1);
-        ASSERT_TRUE(runUntil([&] { return failures > 0; }));
-        settle();
-        EXPECT_LE(failures, 2) << "it spins";
-    }
-    EXPECT_TRUE(client.receives("(U1APPQ3)"));
 }
 
 TEST_F(UnitServerTest, cutsAConnectionInMidReport) {

@@ -49,8 +49,7 @@ TEST(Controls, HoldTheirRange) {
 TEST(SignalTest, ObserversComeAndGoDuringAnEmission) {
     Signal<> signal;
     std::string told;
-    Subscription second;
-    Subscription third;
+    Subscription second, third;
     const auto first = signal.subscribe([&] {
         told += '1';
         second = Subscription();

@@ -27,12 +27,11 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
         std::string events;
         bool returns = false;
         std::optional<WindowLife> life;
-        life.emplace(WindowLife::Events{[&] {
-                                            events += 'r';
-                                            if (returns)
-                                                life->setVisibility(WindowLife::Visibility::Active);
-                                        },
-                                        [&] { events += 'b'; }, [&] { events += 'f'; },
+        const auto resign = [&] {
+            events += 'r';
+            returns ? life->setVisibility(WindowLife::Visibility::Active) : void();
+        };
+        life.emplace(WindowLife::Events{resign, [&] { events += 'b'; }, [&] { events += 'f'; },
                                         [&] { events += 'a'; }});
         for (const char happening : std::string(happens)) {
             if (happening == 's')
