@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(Settings, AreTakenAllOrNone) {
     // `back` reads them again, where the application has been away.
@@ -120,5 +119,4 @@ TEST(Life, KeepsConnectedIfAsked) {
     EXPECT_EQ(playAll(scenarios, "connect", Reconnection::Automatic), "");
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

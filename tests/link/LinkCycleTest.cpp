@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(LinkCycle, RunsAsPlayed) {
     const Scenario scenarios[] = {
@@ -80,5 +79,4 @@ TEST(LinkCycle, RunsAsPlayed) {
     EXPECT_EQ(playAll(scenarios, ""), "");
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -7,8 +7,7 @@
 #include <numeric>
 #include <thread>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 struct Recorder final : ServerConnectionDelegate {
     std::string calls, bytes;
@@ -105,5 +104,4 @@ TEST_F(ServerConnectionTest, OpensOnAWorkerWhileTheMainThreadGoesOn) {
     }
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -5,8 +5,7 @@
 
 #include <sstream>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::string_view_literals;
 
@@ -109,5 +108,4 @@ TEST(ReportForms, AreCheckedWhenTheyAreCompiled) {
     EXPECT_FALSE(Form::isForm(""));
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -5,8 +5,7 @@
 
 #include <regex>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 void playOn(const std::string& tab, std::span<const Scenario> scenarios) {
     const std::string mode = tab == "output" ? "set advanced_mode_preference true ; away ; back ; " : "";
@@ -220,5 +219,4 @@ TEST(OtherScreens, PlayTheirOwn) {
     playOn("scene", scenes);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace lumbra::sim {
-
-namespace {
+namespace lumbra::sim::test {
 
 TEST(CommandReader, cutsCommandsOutOfAnyBytes) {
     const std::string longest(CommandReader::LONGEST_TEXT, 'x');
@@ -43,6 +41,4 @@ TEST(FloodPace, keepsItsRateButMakesUpForNoLostTime) {
     EXPECT_EQ(fast.due(milliseconds(10)), 10'000);
 }
 
-} // namespace
-
-} // namespace lumbra::sim
+} // namespace lumbra::sim::test

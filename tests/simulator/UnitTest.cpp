@@ -5,9 +5,7 @@
 #include <numeric>
 #include <sstream>
 
-namespace lumbra::sim {
-
-namespace {
+namespace lumbra::sim::test {
 
 std::string joined(const std::vector<std::string>& texts) {
     return std::accumulate(texts.begin(), texts.end(), std::string());
@@ -106,6 +104,4 @@ TEST(Unit, restoresAMemoryWithinItsLimits) {
     EXPECT_EQ(reportsOf(unit, "AO3A2"), "(U1AO3A0)(U1Z5M0)(U1O6M0)");
 }
 
-} // namespace
-
-} // namespace lumbra::sim
+} // namespace lumbra::sim::test

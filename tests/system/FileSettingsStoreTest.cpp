@@ -12,8 +12,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
@@ -238,5 +237,4 @@ TEST_F(FileSettings, ProgramsKeepEachOthersChangesAndKilledOnesDoNoHarm) {
             EXPECT_EQ(settings.text(name + std::to_string(change)), std::to_string(change)) << name;
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

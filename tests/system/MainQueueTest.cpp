@@ -14,8 +14,7 @@
 #include <sys/wait.h>
 #include <thread>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
@@ -163,5 +162,4 @@ TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
     ::close(file);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

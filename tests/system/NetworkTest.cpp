@@ -12,8 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(HostPort, ReadsOnlyWhatIsUnambiguous) {
     const std::string longest(300, 'a');
@@ -62,5 +61,4 @@ TEST(NetworkReachability, IsFalseWithTheLoopbackAlone) {
     EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -8,8 +8,7 @@
 #include <bit>
 #include <latch>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::chrono_literals;
 
@@ -354,5 +353,4 @@ TEST_F(SocketStreams, ALastCommandArrivesAlthoughBytesWereLeftUnread) {
     EXPECT_TRUE(peer.receives("[U1MZM1,1]!FIN"));
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

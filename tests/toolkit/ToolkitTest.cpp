@@ -6,8 +6,7 @@
 
 #include <cmath>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 struct Rows final : PickerDataSource {
     std::vector<std::string> data;
@@ -62,5 +61,4 @@ TEST(SignalTest, ObserversComeAndGoDuringAnEmission) {
     EXPECT_EQ(told.substr(0, 2), "11");
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -13,10 +13,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <map>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 /// The adapters over the real application, launched and connected.
 class Adapters : public testing::Test {
@@ -112,28 +110,6 @@ TEST_F(Adapters, AHoldEndsWithTheUsersValueOrWithSomebodyElses) {
     }
 }
 
-// Fifteen presses of a key, and a unit whose answers come as late as the network brings them.
-TEST_F(Adapters, OnASlowNetworkTheLastValueArrives) {
-    auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
-    for (const int late : {0, 50, 110, 290, 760, 1000, 3000})
-        for (const int pause : {30, 100, 130, 400}) {
-            ASSERT_EQ(remote.play("> U1Z1V-40 ; wait 5"), "");
-            std::multimap<int, std::string> answers;
-            std::string last;
-            for (int time = 0; time < 15'000; time += 10) {
-                if (time % pause == 0 && time < 15 * pause)
-                    slider->moveBy(1);
-                remote.queue.advance(std::chrono::milliseconds(10));
-                for (const auto& command : remote.sent())
-                    answers.emplace(time + late, last = command.substr(1, command.size() - 2));
-                for (; !answers.empty() && answers.begin()->first <= time; answers.erase(answers.begin()))
-                    remote.report(answers.begin()->second);
-            }
-            EXPECT_EQ(last, "U1Z1V-25") << late << " " << pause;
-            EXPECT_EQ(slider->value(), -25) << late << " " << pause;
-        }
-}
-
 // What a window's fingers seldom do; the others are played in the window.
 TEST_F(Adapters, OddHandsMoveNoSlider) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
@@ -219,5 +195,4 @@ TEST(AddressHint, TellsWhatIsOddAndNothingElse) {
         EXPECT_FALSE(addressHint(QString::fromLatin1(odd)).isEmpty()) << odd;
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

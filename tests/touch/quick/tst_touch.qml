@@ -767,7 +767,6 @@ TestCase {
                     }
                 }
             }
-        Theme.textScale = 1;
     }
     function test_a_text_that_is_cut_is_shown_whole() {
         open();
