@@ -74,7 +74,6 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
     const std::tuple<int, std::string, std::vector<std::string>> cases[] = {
         {2, "fly", {REMOTE_PROGRAM, "--fly", "--flap\nflop"}},
         {0, "", {REMOTE_PROGRAM, "--help"}},
-        {0, "", {REMOTE_PROGRAM, "--version"}},
         {2, "--port takes a whole number from 0 to 65535", {SIMULATOR_PROGRAM, "--port", "65536"}},
         {2, "--unit takes", {SIMULATOR_PROGRAM, "--unit", "1x"}},
         {2, "--listen takes an IP address, not \"kitchen\"", {SIMULATOR_PROGRAM, "--listen", "kitchen"}},

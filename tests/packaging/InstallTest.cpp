@@ -61,10 +61,10 @@ TEST(Installation, RunsFromAnyFolder) {
     Process validation(
         {"/usr/bin/appstreamcli", "validate", "--pedantic", "--no-net", "--no-color", metainfo});
     EXPECT_NE(validation.rest().find("successful.\n"), std::string::npos) << validation.rest();
-    EXPECT_EQ(validation.wait(), 0);
     const auto icon = match(read(entry), "\nIcon=(.*)\n");
-    for (const auto& file : {"scalable/apps/" + icon, "symbolic/apps/" + icon + "-symbolic"})
-        EXPECT_NE(read(share + "icons/hicolor/" + file + ".svg"), "") << file;
+    const auto icons = share + "icons/hicolor/";
+    for (const auto& file : {"scalable/apps/" + icon + ".svg", "symbolic/apps/" + icon + "-symbolic.svg"})
+        EXPECT_NE(read(icons + file), "") << file;
     EXPECT_EQ(match(read(metainfo), "<id>(.*)</id>"), ID);
     EXPECT_EQ(match(read(metainfo), "<launchable type=\"desktop-id\">(.*).desktop<"), ID);
 

@@ -97,6 +97,10 @@ TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
         store().setValue("unit", std::int64_t{1});
         EXPECT_EQ(contents(file) + told, R"({"unit":1})");
     }
+    const auto sentence = [&](const std::string& reason, const std::string& aside) {
+        return "The settings in " + file.string() + " can't be read (" + reason +
+               "); the file was renamed to " + aside + ".\n";
+    };
     int number = 2;
     for (const auto& [text, reason] :
          Files{{"{\n\"unit\": 4,\n\"ip", "unterminated string in line 3"},
@@ -106,8 +110,7 @@ TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
         store().setValue("unit", std::int64_t{1});
         const auto aside = file.string() + ".unreadable-" + std::to_string(++number);
         EXPECT_EQ(contents(file) + contents(aside), R"({"unit":1})" + text);
-        EXPECT_EQ(std::exchange(told, ""), "The settings in " + file.string() + " can't be read (" + reason +
-                                               "); the file was renamed to " + aside + ".\n");
+        EXPECT_EQ(std::exchange(told, ""), sentence(reason, aside));
     }
     EXPECT_EQ(contents(folder / "settings.json.unreadable-1"), "taken");
 }
