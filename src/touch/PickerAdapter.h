@@ -18,7 +18,6 @@ class PickerAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(int count READ count NOTIFY changed)
     Q_PROPERTY(int selected READ selected NOTIFY changed)
     Q_PROPERTY(QString selectedText READ selectedText NOTIFY changed)
-    Q_PROPERTY(bool white READ isWhite NOTIFY changed)
 
 public:
     PickerAdapter(std::shared_ptr<Picker> control, const std::string& caption, RefreshQueue& queue,
@@ -30,7 +29,6 @@ public:
     /// -1 while there are no rows.
     int selected() const { return control_->selected(); }
     QString selectedText() const;
-    bool isWhite() const { return control_->color() == Color::White; }
 
     /// The text of a row of the list model; empty if there is no such row.
     Q_INVOKABLE QString textAt(int row) const { return rows_.index(row).data().toString(); }

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(Settings, AreTakenAllOrNone) {
     // `back` reads them again, where the application has been away.
@@ -27,12 +26,7 @@ TEST(Settings, AreTakenAllOrNone) {
             stored unit_number_preference 1 ; away
             unset ip_address_preference ; set unit_number_preference 2 ; back ; connect ; sent [U1SERIAL0] [U1APPQ0])"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch();
-        EXPECT_EQ(remote.play("away"), "");
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios, "connect ; away"), "");
 }
 
 TEST(Launch, ShapesTheTabsAndSelectsTheStartTab) {
@@ -79,11 +73,7 @@ TEST(Life, RunsAsPlayed) {
             screen output ; sent [U1SERIAL0] [U1APPQ1] ; away ; set advanced_mode_preference false ; back
             screen zone ; show volumeSlider -33)"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios), "");
 }
 
 TEST(Life, ReconnectRunsTheConnectStepAndNothingElse) {
@@ -111,11 +101,7 @@ TEST(Status, FollowsTheLinkAndTheAnswer) {
         {"without queries what the link brings is all there is", R"(
             away ; set polling_preference false ; back ; connect ; > U1APPQ0 ; status current ; tab group ; status current)"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios), "");
 }
 
 TEST(Life, KeepsConnectedIfAsked) {
@@ -135,11 +121,7 @@ TEST(Life, KeepsConnectedIfAsked) {
         {"nothing while the application is away", R"(
             away ; wait 99 ; link closed ; back ; link opening ; error ; alerts 1 ; away ; wait 99 ; link closed)"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote(Reconnection::Automatic);
-        remote.launch();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios, "connect", Reconnection::Automatic), "");
 }
 
 TEST(Life, LeavesNothingBehind) {
@@ -153,5 +135,4 @@ TEST(Life, LeavesNothingBehind) {
     EXPECT_TRUE(connection.expired());
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

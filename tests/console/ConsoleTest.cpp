@@ -3,8 +3,6 @@
 #include <QByteArray>
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace {
 
 using namespace lumbra;
@@ -173,53 +171,6 @@ TEST(Console, PlaysItsTranscripts) {
     }
 }
 
-// Scripts as people pipe them: all at once. What a command waited for may change by the next one; each gets its one
-// reply, in order.
-TEST(Console, AnswersRandomScriptsInOnePiece) {
-    std::istringstream list(
-        "wait open|wait closed|wait answer|wait answer 0.1|wait 0|wait 0.8|app away|app back|"
-        "app become-active|tab group|tab 0|tab 9|tab 3|dismiss|state|get|fly|"
-        "slide volumeSlider -9|switch muteSwitch toggle|pick sourcePicker 3|"
-        "set advanced_mode_preference true|press loadSceneButton");
-    std::vector<std::string> commands;
-    for (std::string command; std::getline(list, command, '|');)
-        commands.push_back(command);
-    for (unsigned seed = 1; seed <= 300; ++seed) {
-        SCOPED_TRACE(seed);
-        std::mt19937 random(seed);
-        const auto dice = [&random](std::size_t sides) { return random() % sides; };
-        std::string script;
-        std::string expected;
-        for (auto left = 1 + dice(12); left > 0; --left) {
-            const auto& line = commands[dice(commands.size())];
-            script += line + "\n" + (dice(5) == 0 ? "\n# nothing\n" : "");
-            expected += line.substr(0, line.find(' ')) + " ";
-        }
-        if (dice(2) == 0) {
-            script += dice(2) == 0 ? "quit\nstate\n" : "quit";
-            expected += "quit ";
-        }
-        Session session;
-        session.type(script);
-        session.endInput();
-        session.start(false);
-        for (int step = 0; step < 400 && !session.exitStatus; ++step) {
-            if (auto& remote = session.remote; dice(3) > 0)
-                remote.play(std::array{"connect", "> U1APPQ0", "> U1APPQ4", "end", "error", "network off",
-                                       "network on", "> U1Z1V-30"}[dice(8)]);
-            session.remote.queue.advance(std::chrono::milliseconds(dice(600)));
-            session.settle();
-        }
-        ASSERT_TRUE(session.exitStatus == 0 || session.exitStatus == 1) << script;
-        std::string replies;
-        std::istringstream printed(session.read());
-        for (std::string line; std::getline(printed, line);)
-            if (line.starts_with("{\"reply\":\""))
-                replies += line.substr(10, line.find('"', 10) - 10) + " ";
-        EXPECT_EQ(replies, expected) << script;
-    }
-}
-
 // A flood of commands leaves turns of the main loop to the unit.
 TEST(Console, AFloodOfCommandsLeavesRoomForReports) {
     Session session;
@@ -236,34 +187,22 @@ TEST(Console, AFloodOfCommandsLeavesRoomForReports) {
 }
 
 // A reader that is behind holds up neither the commands nor the reports: it gets every reply, and of each control the
-// newest state.
+// newest state. What comes in which order, the fuzz target of the console checks.
 TEST(Console, GathersControlsForASlowReader) {
     Session session;
     session.start();
-    for (int turn = 0; turn < 3; ++turn) {
-        for (int i = 0; i < 2000; ++i)
-            session.remote.report(i % 2 == 0 ? "U1Z1V-30" : "U1Z1V-31");
-        session.settle();
-    }
-    session.remote.report("U1Z1V-32");
-    session.type("switch muteSwitch on\ntab group\nwait 0\n");
-    session.remote.queue.advance(std::chrono::nanoseconds(0));
-    session.settle();
+    for (int report = 0; report < 6000; ++report)
+        session.remote.report(report % 2 == 0 ? "U1Z1V-30" : "U1Z1V-31");
+    session.type("switch muteSwitch on\ntab group\n");
     EXPECT_EQ(session.remote.sent(), (std::vector<std::string>{"[U1Z1M1]", "[U1APPQ4]"}));
-
     QByteArray printed;
     for (auto more = session.read(); !more.empty(); more = session.read()) {
         printed += more.c_str();
-        session.remote.queue.advance(std::chrono::milliseconds(5));
+        EXPECT_EQ(session.remote.play("wait 0.005"), "");
         session.settle();
     }
     EXPECT_LT(printed.count("volumeSlider"), 3000);
-    EXPECT_EQ(printed.count("\"reply\""), 3);
-    const auto newest = printed.lastIndexOf("\"value\":-32.0");
-    EXPECT_EQ(printed.lastIndexOf("\"control\":\"volumeSlider\""),
-              printed.lastIndexOf("\"control\"", newest));
-    EXPECT_LT(newest, printed.indexOf("\"screen\":\"group\""))
-        << "the old screen's states come before the new screen";
+    EXPECT_EQ(printed.count("\"reply\""), 2);
 }
 
 } // namespace

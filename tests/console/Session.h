@@ -6,20 +6,11 @@
 
 #include <rapidjson/document.h>
 
-#include <array>
 #include <csignal>
-#include <cstdlib>
 #include <deque>
 #include <fcntl.h>
-#include <functional>
-#include <memory>
-#include <optional>
 #include <poll.h>
-#include <sstream>
-#include <string>
-#include <string_view>
 #include <unistd.h>
-#include <vector>
 
 namespace lumbra {
 
@@ -192,9 +183,7 @@ private:
     }
 
     bool json_;
-    std::array<int, 2> input_{-1, -1};
-    std::array<int, 2> output_{-1, -1};
-    std::array<int, 2> signals_{-1, -1};
+    std::array<int, 2> input_{-1, -1}, output_{-1, -1}, signals_{-1, -1};
     std::deque<std::string> lines_;
 };
 

@@ -35,8 +35,7 @@ CASES = [
 ]
 
 
-def main(source, remote, simulator):
-    wrong = 0
+def main(source, remote, simulator, wrong=0):
     for text, sentence in CASES:
         said = io.StringIO()
         with tempfile.TemporaryDirectory(prefix="lumbra-test-") as folder, contextlib.redirect_stderr(said):

@@ -67,36 +67,15 @@ TEST(EndToEnd, ARemoteShowsAndMovesTheUnit) {
     EXPECT_TRUE(later.answers("state", "\"loudnessSwitch\":{\"kind\":\"switch\",\"on\":true"));
 }
 
-TEST(EndToEnd, WithoutAUnitThereIsAnAlertThatNamesTheAddress) {
-    const Folder folder;
-    const Listener nowhere{-1};
-    std::ofstream(folder / "a.json")
-        << R"({"ip_address_preference": "10.1.2.3", "unit_number_preference": 2})";
-    Remote remote({"--connect-to", nowhere.place(), "--settings", folder / "a.json"});
-    EXPECT_TRUE(
-        remote.readUntil("{\"event\":\"alert\",\"title\":\"Error\",\"message\":\"Failed to connect to IP "
-                         "address 10.1.2.3.\",\"button\":\"OK\"}\n"));
-    EXPECT_TRUE(remote.answers("wait open 0.01", "\"ok\":false"));
-    EXPECT_EQ(remote.failure({"dismiss"}), "");
-    remote.endInput();
-    EXPECT_EQ(remote.wait(), 1) << "a command failed";
-}
-
 TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
     const Folder folder;
     const auto empty = folder / "empty.jsonl";
     std::ofstream(empty) << "{\"trace\":1}\n";
     const std::tuple<int, std::string, std::vector<std::string>> cases[] = {
         {2, "fly", {REMOTE_PROGRAM, "--fly", "--flap\nflop"}},
-        {2, "--json needs --console", {REMOTE_PROGRAM, "--json"}},
         {0, "", {REMOTE_PROGRAM, "--help"}},
-        {0, "", {REMOTE_PROGRAM, "--version"}},
         {2, "--port takes a whole number from 0 to 65535", {SIMULATOR_PROGRAM, "--port", "65536"}},
-        {2, "--unit takes", {SIMULATOR_PROGRAM, "--unit", "1x"}},
-        {2, "--split takes", {SIMULATOR_PROGRAM, "--split", "0"}},
         {2, "--listen takes an IP address, not \"kitchen\"", {SIMULATOR_PROGRAM, "--listen", "kitchen"}},
-        {2, "bogus", {SIMULATOR_PROGRAM, "--bogus"}},
-        {2, "\"extra\"", {SIMULATOR_PROGRAM, "extra"}},
         {2, "exclude each other", {SIMULATOR_PROGRAM, "--reset-after", "1", "--end-after", "2"}},
         {1, "Can't listen on 192.0.2.1:0: ", {SIMULATOR_PROGRAM, "--listen", "192.0.2.1"}},
         {1, "can't be set aside", {SIMULATOR_PROGRAM, "--state", "/proc/version"}},
@@ -122,7 +101,7 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
     const std::vector<std::string> script{
         "wait open",   "wait answer", "pick zonePicker 3", "switch muteSwitch toggle", "tab scene",
         "wait answer", "state"};
-    std::string shown;
+    std::string shown, head;
     {
         const Simulator unit;
         Remote remote({"--connect-to", unit.place(), "--settings", folder / "a.json", "--trace", file});
@@ -130,6 +109,8 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
         shown = remote.ask("state");
         remote.signal(SIGKILL);
     }
+    std::getline(std::ifstream(file), head);
+    EXPECT_NE(head.find("\"--console --json --connect-to"), std::string::npos) << head;
     Simulator unit({"--replay", file});
     Remote remote({"--connect-to", unit.place(), "--settings", folder / "b.json", "--trace", "/dev/full"});
     EXPECT_EQ(remote.failure(script), "");
@@ -163,17 +144,6 @@ TEST(EndToEnd, ADemoNeedsNothingAndLeavesNothing) {
     const Listener nowhere{-1};
     start({"--connect-to", nowhere.place()}, "");
     EXPECT_TRUE(fs::exists(folder / "config/lumbra-remote/settings.json"));
-}
-
-TEST(EndToEnd, AFloodOfReportsHoldsUpNobody) {
-    const Folder folder;
-    const Simulator unit({"--flood", "0"});
-    Remote remote(unit, folder / "a.json");
-    EXPECT_EQ(remote.failure({"wait open", "wait 0.2", "state", "switch muteSwitch toggle", "tab group",
-                              "wait 0.05", "tab scene", "pick scenePicker 1", "press loadSceneButton",
-                              "app away", "wait closed", "quit"}),
-              "");
-    EXPECT_EQ(remote.wait(), 0);
 }
 
 TEST(EndToEnd, WhatAReplySaysIsKeptHoweverItEnds) {
@@ -230,20 +200,6 @@ TEST(Build, IsHardened) {
         for (const auto* mark : {"DYN (", "GNU_RELRO", "BIND_NOW", "__stack_chk_fail", "_chk@"})
             EXPECT_NE(text.find(mark), std::string::npos) << file << " lacks " << mark;
     }
-}
-
-// Without a handler a signal would end the window with its settings unwritten and its status a failure.
-TEST(EndToEnd, ASignalEndsTheWindowAsClosingItDoes) {
-    const Folder folder;
-    Simulator unit({"--verbose"});
-    Process window({"/usr/bin/env", "QT_QPA_PLATFORM=offscreen", REMOTE_PROGRAM, "--connect-to", unit.place(),
-                    "--settings", folder / "a.json"});
-    ASSERT_TRUE(unit.readUntil("! connected"));
-    window.signal(SIGTERM);
-    EXPECT_EQ(window.wait(), 0);
-    EXPECT_EQ(window.errors(), "");
-    EXPECT_TRUE(unit.readUntil("! closed by the client"));
-    EXPECT_TRUE(fs::exists(folder / "a.json"));
 }
 
 // A line that is being typed survives what is printed meanwhile, and an error is no failure at a terminal.

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(LinkCycle, RunsAsPlayed) {
     const Scenario scenarios[] = {
@@ -77,12 +76,7 @@ TEST(LinkCycle, RunsAsPlayed) {
             output opened ; tab group ; link opening ; sockets 1 ; switch muteSwitch on ; sent
             input opened ; link opening ; output opened ; link open ; sent [U1SERIAL0] [U1APPQ4])"},
     };
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.launch(false);
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+    EXPECT_EQ(playAll(scenarios, ""), "");
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

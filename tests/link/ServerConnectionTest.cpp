@@ -7,12 +7,10 @@
 #include <numeric>
 #include <thread>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 struct Recorder final : ServerConnectionDelegate {
-    std::string calls;
-    std::string bytes;
+    std::string calls, bytes;
     std::function<void()> onData = [] {};
     void displayConnectionError() override { calls += "error "; }
     void serverConnected() override { calls += "connected "; }
@@ -91,18 +89,6 @@ TEST_F(ServerConnectionTest, AnAttemptThatIsOvertakenNeverComesAlive) {
     EXPECT_EQ(streams.pair(1).live(), 0);
 }
 
-TEST_F(ServerConnectionTest, AnnouncesEachLinkStateOnce) {
-    std::string states;
-    const auto subscription = connection->onLinkChange(
-        [this, &states] { states += "c.o"[static_cast<std::size_t>(connection->linkState())]; });
-    open();
-    open();
-    streams.last().connect();
-    connection->closeConnection();
-    connection->closeConnection();
-    EXPECT_EQ(states, ".oc");
-}
-
 // Run under the thread sanitizer: attempts on a thread while the main thread changes, closes and reads.
 TEST_F(ServerConnectionTest, OpensOnAWorkerWhileTheMainThreadGoesOn) {
     for (int round = 0; round < 200; ++round) {
@@ -118,5 +104,4 @@ TEST_F(ServerConnectionTest, OpensOnAWorkerWhileTheMainThreadGoesOn) {
     }
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -4,11 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <string>
-#include <vector>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::string_view_literals;
 
@@ -111,5 +108,4 @@ TEST(ReportForms, AreCheckedWhenTheyAreCompiled) {
     EXPECT_FALSE(Form::isForm(""));
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -5,18 +5,11 @@
 
 #include <regex>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
-void playAll(std::span<const Scenario> scenarios, const std::string& tab) {
-    for (const auto& scenario : scenarios) {
-        Remote remote;
-        remote.settings.setValue("advanced_mode_preference", tab == "output");
-        remote.launch();
-        ASSERT_EQ(remote.play("tab " + tab), "");
-        remote.sent();
-        EXPECT_EQ(remote.play(scenario.script), "") << scenario.name;
-    }
+void playOn(const std::string& tab, std::span<const Scenario> scenarios) {
+    const std::string mode = tab == "output" ? "set advanced_mode_preference true ; away ; back ; " : "";
+    EXPECT_EQ(playAll(scenarios, mode + "connect ; tab " + tab), "");
 }
 
 // Three screens share these rules, so all three are played; ITEM stands for the item's letter, PICKER for its picker.
@@ -68,14 +61,13 @@ TEST(ItemScreens, ShareTheirRules) {
         {"a deferred step meets a report that has come meanwhile", R"(
             slide volumeSlider -10 ; > U1ITEM1V-20 ; wait 1 ; sent ; show volumeSlider -20)"},
     };
-    const std::pair<const char*, const char*> screens[] = {{"zone", "Z"}, {"output", "O"}, {"group", "G"}};
-    for (const auto& [tab, letter] : screens) {
+    for (const std::string tab : {"zone", "output", "group"})
         for (const auto& [name, rule] : scenarios) {
+            const std::string letter(1, static_cast<char>(std::toupper(tab[0])));
             const auto script = std::regex_replace(std::regex_replace(rule, std::regex("ITEM"), letter),
-                                                   std::regex("PICKER"), std::string(tab) + "Picker");
-            playAll(std::array{Scenario{name, script.c_str()}}, tab);
+                                                   std::regex("PICKER"), tab + "Picker");
+            playOn(tab, std::array{Scenario{name, script.c_str()}});
         }
-    }
 }
 
 TEST(ZoneScreen, PlaysItsOwn) {
@@ -121,7 +113,7 @@ TEST(ZoneScreen, PlaysItsOwn) {
         {"names of sixteen bytes become UTF-8", "> U1O1Z1 ; > U1Z1N\"Caf\xE9\x80 \x7F 1234567a\"\n"
                                                 "show zonePicker 0 Caf\xC3\xA9\xC2\x80 \x7F 1234567a of 1"},
     };
-    playAll(scenarios, "zone");
+    playOn("zone", scenarios);
 }
 
 TEST(OutputScreen, PlaysItsOwn) {
@@ -157,8 +149,7 @@ TEST(OutputScreen, PlaysItsOwn) {
         {"a band out of range changes nothing", R"(
             > U1O1B2HPF0 ; > U1O1B2LPF20001 ; > U1O1B2HS16F1000 ; > U1O1B2LS-16F1000 ; > U1O1B2P3F0
             > U1O17B2BYPASS ; > U1O0B2HPF100 ; show filterType2 0
-            > U1O1B2P-15F20000 ; show filterType2 5 ; show gainLabel2 -15 dB ; show freqLabel2 20 kHz)"},
-        {"the lowest frequencies stand at the slider's end", R"(
+            > U1O1B2P-15F20000 ; show filterType2 5 ; show gainLabel2 -15 dB ; show freqLabel2 20 kHz
             > U1O1B2HPF1 ; show filterFreq2 1301.03 ; show freqLabel2 1 Hz)"},
         {"a hidden output's bands show when it is picked, gain in dB", R"(
             > U1O5B3LPF12500 ; > U1O5B4LS4F100 ; show filterType3 0 ; show gainLabel4 0 dB
@@ -183,14 +174,13 @@ TEST(OutputScreen, PlaysItsOwn) {
             pick outputPicker 1 ; > U1O5N"Terrace" ; > U1O9STEREO1 ; > U1O17STEREO1 ; > U1O0STEREO1
             show outputPicker 1 Output 2 of 16 ; > U1O2N"Bar" ; show outputPicker 1 Bar of 16)"},
     };
-    playAll(scenarios, "output");
+    playOn("output", scenarios);
 }
 
 TEST(OutputScreen, FrequencyScaleRoundTripsEveryHertz) {
     for (int frequency = 1; frequency <= 20000; ++frequency)
         ASSERT_EQ(sliderToFrequency(frequencyToSlider(frequency)), frequency);
     EXPECT_EQ(sliderToFrequency(4301.03F), 20000);
-    EXPECT_FLOAT_EQ(frequencyToSlider(80), 1903.09F);
 }
 
 TEST(OtherScreens, PlayTheirOwn) {
@@ -205,7 +195,7 @@ TEST(OtherScreens, PlayTheirOwn) {
         {"its end is 4",
          "show spinner turning ; > U1APPQ0 ; show spinner turning ; > U1APPQ4 ; show spinner stopped"},
     };
-    playAll(groups, "group");
+    playOn("group", groups);
     const Scenario overrides[] = {
         {"either way is operated, and the switch waits for the unit", R"(
             switch ovrSwitch10 on ; sent [U1AO10A2] ; switch ovrSwitch10 off ; sent [U1AO10A2]
@@ -215,7 +205,7 @@ TEST(OtherScreens, PlayTheirOwn) {
             show ovrSwitch4 on ; show ovrSwitch5 off ; show ovrSwitch10 off
             tab zone ; tab override ; show ovrSwitch4 on)"},
     };
-    playAll(overrides, "override");
+    playOn("override", overrides);
     const Scenario scenes[] = {
         {"the first scene without a pick", R"(
             press loadSceneButton ; sent [U1SP1LOAD] ; show scenePicker 0 Scene 1 of 10)"},
@@ -225,8 +215,7 @@ TEST(OtherScreens, PlayTheirOwn) {
             pick scenePicker 1 ; tab zone ; tab scene ; show scenePicker 1 Party of 10)"},
         {"nothing is sent over a closed link", "end ; press saveSceneButton ; sent ; alerts 0"},
     };
-    playAll(scenes, "scene");
+    playOn("scene", scenes);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -1,17 +1,9 @@
 #include "simulator/CommandReader.h"
 #include "simulator/FloodPace.h"
-#include "simulator/LineWriter.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <unistd.h>
-
-namespace lumbra::sim {
-
-namespace {
+namespace lumbra::sim::test {
 
 TEST(CommandReader, cutsCommandsOutOfAnyBytes) {
     const std::string longest(CommandReader::LONGEST_TEXT, 'x');
@@ -49,29 +41,4 @@ TEST(FloodPace, keepsItsRateButMakesUpForNoLostTime) {
     EXPECT_EQ(fast.due(milliseconds(10)), 10'000);
 }
 
-TEST(LineWriter, neverWaitsAndTellsWhatItLeftOutInItsPlace) {
-    int ends[2] = {-1, -1};
-    ASSERT_EQ(::pipe(ends), 0);
-    LineWriter writer(ends[1]);
-    constexpr int COUNT = 100'000;
-    for (int number = 0; number < COUNT; ++number)
-        writer.write(std::to_string(number) + std::string(static_cast<std::size_t>(number % 3) * 50, '.'));
-    EXPECT_FALSE(writer.flush(std::chrono::milliseconds(0)));
-    FILE* const reader = ::fdopen(ends[0], "r");
-    char line[200];
-    int lines = 0;
-    for (int next = 0; next < COUNT; ++lines) {
-        ASSERT_NE(std::fgets(line, sizeof line, reader), nullptr);
-        const bool notice = line[0] == '!';
-        ASSERT_TRUE(notice || std::atoi(line) == next) << line << " instead of " << next;
-        next += notice ? std::atoi(line + 2) : 1;
-    }
-    EXPECT_LT(lines, COUNT / 2);
-    EXPECT_TRUE(writer.flush(std::chrono::seconds(20)));
-    std::fclose(reader);
-    ::close(ends[1]);
-}
-
-} // namespace
-
-} // namespace lumbra::sim
+} // namespace lumbra::sim::test

@@ -3,9 +3,7 @@
 
 #include <fstream>
 
-namespace lumbra::sim {
-
-namespace {
+namespace lumbra::sim::test {
 
 /// True if the unit answers `commands` with something that holds `last`.
 bool answers(const Simulator& unit, const std::string& commands, const std::string& last) {
@@ -109,5 +107,4 @@ TEST(Program, playsATraceBack) {
     }
 }
 
-} // namespace
-} // namespace lumbra::sim
+} // namespace lumbra::sim::test

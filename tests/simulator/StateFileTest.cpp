@@ -8,9 +8,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-namespace lumbra::sim {
-
-namespace {
+namespace lumbra::sim::test {
 
 TEST(StateFile, keepsAMemoryAndSetsAsideOnlyWhatHoldsNone) {
     const QTemporaryDir directory;
@@ -77,6 +75,4 @@ TEST(StateFile, keepsAMemoryAndSetsAsideOnlyWhatHoldsNone) {
     EXPECT_TRUE(QDir(path).exists());
 }
 
-} // namespace
-
-} // namespace lumbra::sim
+} // namespace lumbra::sim::test

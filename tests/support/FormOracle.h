@@ -7,17 +7,9 @@
 #include "protocol/ZoneMessages.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <map>
-#include <optional>
 #include <regex>
-#include <string>
-#include <string_view>
-#include <type_traits>
 #include <typeinfo>
-#include <utility>
-#include <variant>
-#include <vector>
 
 // The report forms a second time, as regular expressions on the standard library's engine. Both readings are
 // put in words: "1 Volume 2 -40" is the unit, the typed report and its members. No reading is an empty text.

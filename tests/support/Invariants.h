@@ -5,10 +5,6 @@
 #include "screens/OutputViewController.h"
 #include "screens/ZoneViewController.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <string>
-
 namespace lumbra {
 
 template <class Fields>
@@ -45,18 +41,14 @@ inline std::string brokenInvariant(Remote& remote) {
         if (!isWithin(groupScreen->group().volume, -80, 0) || !isWithin(groupScreen->group().source, 0, 19))
             return "a group's volume or input is out of range";
     }
-    const Overloads stands{[](const Control&) { return true; },
-                           [](const Slider& slider) {
-                               return slider.value() >= slider.minimum() &&
-                                      slider.value() <= slider.maximum();
-                           },
-                           [](const Picker& picker) {
-                               return picker.selected() < static_cast<int>(picker.rows().size()) &&
-                                      (picker.selected() < 0) == picker.rows().empty();
-                           }};
-    for (const auto& item : screen->view().items())
-        if (!visit(std::as_const(*item.control), stands))
+    for (const auto& item : screen->view().items()) {
+        const auto* slider = dynamic_cast<Slider*>(item.control.get());
+        const auto* picker = dynamic_cast<Picker*>(item.control.get());
+        if ((slider && (slider->value() < slider->minimum() || slider->value() > slider->maximum())) ||
+            (picker && (picker->selected() >= static_cast<int>(picker->rows().size()) ||
+                        (picker->selected() < 0) != picker->rows().empty())))
             return item.name + " stands where it can't";
+    }
     return {};
 }
 

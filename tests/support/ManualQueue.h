@@ -3,12 +3,8 @@
 #include "platform/MainQueue.h"
 
 #include <algorithm>
-#include <chrono>
-#include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <mutex>
-#include <utility>
 #include <vector>
 
 namespace lumbra {

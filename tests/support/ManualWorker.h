@@ -2,10 +2,7 @@
 
 #include "platform/Worker.h"
 
-#include <cstddef>
 #include <deque>
-#include <functional>
-#include <utility>
 
 namespace lumbra {
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>

@@ -8,16 +8,10 @@
 #include "toolkit/Controls.h"
 
 #include <charconv>
-#include <chrono>
 #include <cmath>
-#include <functional>
 #include <map>
 #include <sstream>
 #include <stdexcept>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 namespace lumbra {
 
@@ -275,5 +269,20 @@ struct Scenario {
     const char* name;
     const char* script;
 };
+
+/// Plays each on an application of its own, launched and after the steps of `first`. What went wrong, by their names.
+inline std::string playAll(std::span<const Scenario> scenarios, std::string_view first = "connect",
+                           Reconnection reconnection = Reconnection::ByUser) {
+    std::string problems;
+    for (const auto& [name, script] : scenarios) {
+        Remote remote(reconnection);
+        remote.launch(false);
+        auto found = remote.play(first);
+        remote.sent();
+        found += remote.play(script);
+        problems += found.empty() ? "" : std::string(name).append(": ").append(found);
+    }
+    return problems;
+}
 
 } // namespace lumbra

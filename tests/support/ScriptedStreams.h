@@ -3,14 +3,8 @@
 #include "platform/Streams.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 #include <deque>
-#include <memory>
 #include <span>
-#include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace lumbra {

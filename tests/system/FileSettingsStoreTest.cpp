@@ -12,8 +12,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
@@ -98,6 +97,10 @@ TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
         store().setValue("unit", std::int64_t{1});
         EXPECT_EQ(contents(file) + told, R"({"unit":1})");
     }
+    const auto sentence = [&](const std::string& reason, const std::string& aside) {
+        return "The settings in " + file.string() + " can't be read (" + reason +
+               "); the file was renamed to " + aside + ".\n";
+    };
     int number = 2;
     for (const auto& [text, reason] :
          Files{{"{\n\"unit\": 4,\n\"ip", "unterminated string in line 3"},
@@ -107,13 +110,7 @@ TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
         store().setValue("unit", std::int64_t{1});
         const auto aside = file.string() + ".unreadable-" + std::to_string(++number);
         EXPECT_EQ(contents(file) + contents(aside), R"({"unit":1})" + text);
-        EXPECT_EQ(std::exchange(told, ""), std::string("The settings in ")
-                                               .append(file)
-                                               .append(" can't be read (")
-                                               .append(reason)
-                                               .append("); the file was renamed to ")
-                                               .append(aside)
-                                               .append(".\n"));
+        EXPECT_EQ(std::exchange(told, ""), sentence(reason, aside));
     }
     EXPECT_EQ(contents(folder / "settings.json.unreadable-1"), "taken");
 }
@@ -182,8 +179,7 @@ TEST_F(FileSettings, MakesItsFolderAndFollowsLinks) {
     store().setValue("unit", std::int64_t{1});
     EXPECT_EQ(contents(file), R"({"unit":1})");
 
-    file = folder / "link";
-    fs::create_symlink("a/b/settings.json", file);
+    fs::create_symlink("a/b/settings.json", file = folder / "link");
     put(file, "{"); // set aside where it is; the link stays
     store().setValue("unit", std::int64_t{2});
     EXPECT_EQ(contents(real), R"({"unit":2})");
@@ -236,13 +232,12 @@ TEST_F(FileSettings, ProgramsKeepEachOthersChangesAndKilledOnesDoNoHarm) {
         ::usleep(round * 137); // spreads the kills over the steps of a write
         ::kill(child, SIGKILL);
     }
-    while (::wait(nullptr) > 0) {
-    }
+    while (::wait(nullptr) > 0)
+        ;
     const auto settings = store();
     for (int change = 0; change < 50; ++change)
         for (const auto* name : {"first-", "second-"})
             EXPECT_EQ(settings.text(name + std::to_string(change)), std::to_string(change)) << name;
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -14,8 +14,7 @@
 #include <sys/wait.h>
 #include <thread>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
@@ -136,9 +135,9 @@ TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
     const int closed = ::dup(ends[0]);
     ::close(closed);
     QtDescriptorWatcher watcher;
-    for (const auto& [name, fd, ready] :
-         {std::tuple("a regular file at its end", file, true),
-          std::tuple("a closed descriptor", closed, true), std::tuple("an empty pipe", ends[0], false)}) {
+    for (const auto& [name, fd, ready] : {std::tuple("a regular file at its end", file, true),
+                                          {"a closed descriptor", closed, true},
+                                          {"an empty pipe", ends[0], false}}) {
         int count = 0;
         const auto watch = watcher.watchReadable(fd, [&] { ++count; });
         for (const bool enabled : {true, false, true}) {
@@ -163,5 +162,4 @@ TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {
     ::close(file);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

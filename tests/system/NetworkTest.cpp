@@ -7,14 +7,12 @@
 #include <net/if.h>
 #include <sched.h>
 #include <sstream>
-#include <string>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(HostPort, ReadsOnlyWhatIsUnambiguous) {
     const std::string longest(300, 'a');
@@ -22,11 +20,8 @@ TEST(HostPort, ReadsOnlyWhatIsUnambiguous) {
         const auto parsed = parseHostPort(text);
         return parsed ? parsed->host + " " + std::to_string(parsed->port) : "";
     };
-    EXPECT_EQ(read("127.0.0.1:8023"), "127.0.0.1 8023");
-    EXPECT_EQ(read("unit.local:1"), "unit.local 1");
-    EXPECT_EQ(read("[::1]:65535"), "::1 65535");
-    EXPECT_EQ(read("[fe80::1%lo]:23"), "fe80::1%lo 23");
-    EXPECT_EQ(read(longest + ":23"), longest + " 23");
+    EXPECT_EQ(read("127.0.0.1:8023") + read("[::1]:65535"), "127.0.0.1 8023::1 65535");
+    EXPECT_EQ(read("[fe80::1%lo]:1") + read(longest + ":23"), "fe80::1%lo 1" + longest + " 23");
     std::istringstream rest(
         ",:23,[]:23,unit,unit:,unit:0,unit:65536,unit:99999999999999999999,unit:-1,unit:+23,"
         "unit: 23,unit:23 ,unit:0x17,my unit:23,u\x7f:23,::1:23,::1,[::1],[::1:23,::1]:23,"
@@ -66,5 +61,4 @@ TEST(NetworkReachability, IsFalseWithTheLoopbackAlone) {
     EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

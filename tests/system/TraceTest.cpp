@@ -8,8 +8,7 @@
 #include <bit>
 #include <fstream>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using namespace std::string_literals;
 
@@ -148,5 +147,4 @@ TEST(Trace, WhatIsNoneIsToldWithItsLine) {
         EXPECT_TRUE(std::holds_alternative<std::string>(parseTrace(start))) << start;
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -5,13 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
-#include <string>
-#include <tuple>
-#include <vector>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 struct Rows final : PickerDataSource {
     std::vector<std::string> data;
@@ -53,8 +48,7 @@ TEST(Controls, HoldTheirRange) {
 TEST(SignalTest, ObserversComeAndGoDuringAnEmission) {
     Signal<> signal;
     std::string told;
-    Subscription second;
-    Subscription third;
+    Subscription second, third;
     const auto first = signal.subscribe([&] {
         told += '1';
         second = Subscription();
@@ -67,5 +61,4 @@ TEST(SignalTest, ObserversComeAndGoDuringAnEmission) {
     EXPECT_EQ(told.substr(0, 2), "11");
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

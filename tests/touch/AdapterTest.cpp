@@ -12,16 +12,10 @@
 #include <QTranslator>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cmath>
 #include <map>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <string_view>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 /// The adapters over the real application, launched and connected.
 class Adapters : public testing::Test {
@@ -171,16 +165,6 @@ TEST_F(Adapters, OddHandsMoveNoSlider) {
     EXPECT_FALSE(slider->isHeld() || one.dragToValue(5)) << "a finger on what now stands for another slider";
 }
 
-TEST_F(Adapters, RowsChangeOneByOne) {
-    auto* const rows = screen().picker(QStringLiteral("zonePicker"))->rows();
-    int resets = 0;
-    QObject::connect(rows, &QAbstractItemModel::modelReset, rows, [&] { ++resets; });
-    ASSERT_EQ(remote.play("> U1O2Z3\n> U1O3Z5\n> U1Z5N\"Bar\"\nwait 0.1"), "");
-    EXPECT_EQ(rows->rowCount(), 2);
-    EXPECT_EQ(rows->index(1, 0).data().toString(), QStringLiteral("Bar"));
-    EXPECT_EQ(resets, 0) << "a reset makes a wheel lose its place";
-}
-
 // Languages differ in what they write small and in what comes first.
 TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
     // The language, where it is, the caption, and what is spoken.
@@ -234,5 +218,4 @@ TEST(AddressHint, TellsWhatIsOddAndNothingElse) {
         EXPECT_FALSE(addressHint(QString::fromLatin1(odd)).isEmpty()) << odd;
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using Type = EqResponse::Type;
 
@@ -66,5 +65,4 @@ TEST(EqPlot, LabelsThatCollideGiveWayToThoseBefore) {
         EXPECT_EQ(EqPlot::shownLabels(c.labels, 2), c.shown) << c.what;
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

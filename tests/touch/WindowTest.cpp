@@ -8,12 +8,7 @@
 #include <QQuickWindow>
 #include <gtest/gtest.h>
 
-#include <optional>
-#include <string>
-#include <vector>
-
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 TEST(WindowLife, SendsEachEventOnceAChange) {
     // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close; s: from now on the first
@@ -31,12 +26,11 @@ TEST(WindowLife, SendsEachEventOnceAChange) {
         std::string events;
         bool returns = false;
         std::optional<WindowLife> life;
-        life.emplace(WindowLife::Events{[&] {
-                                            events += 'r';
-                                            if (returns)
-                                                life->setVisibility(WindowLife::Visibility::Active);
-                                        },
-                                        [&] { events += 'b'; }, [&] { events += 'f'; },
+        const auto resign = [&] {
+            events += 'r';
+            returns ? life->setVisibility(WindowLife::Visibility::Active) : void();
+        };
+        life.emplace(WindowLife::Events{resign, [&] { events += 'b'; }, [&] { events += 'f'; },
                                         [&] { events += 'a'; }});
         for (const char happening : std::string(happens)) {
             if (happening == 's')
@@ -95,19 +89,13 @@ TEST(TouchFrontEnd, WhatBecomesOfTheWindowIsTheApplicationsLife) {
     remote.settle();
     remote.streams.last().connect();
     remote.settle();
-    struct Step {
-        const char* what;
-        void (QWindow::*change)();
-        const char* link;
-        std::size_t pairs;
-    };
     for (const auto& [what, change, link, pairs] :
-         {Step{"minimised", &QWindow::showMinimized, "link closed", 1},
-          Step{"hidden while minimised", &QWindow::hide, "link closed", 1},
-          Step{"back", &QWindow::showNormal, "link opening", 2},
-          Step{"larger", &QWindow::showMaximized, "link opening", 2},
-          Step{"hidden", &QWindow::hide, "link closed", 2},
-          Step{"shown", &QWindow::showFullScreen, "link opening", 3}}) {
+         {std::tuple("minimised", &QWindow::showMinimized, "link closed", 1U),
+          {"hidden while minimised", &QWindow::hide, "link closed", 1U},
+          {"back", &QWindow::showNormal, "link opening", 2U},
+          {"larger", &QWindow::showMaximized, "link opening", 2U},
+          {"hidden", &QWindow::hide, "link closed", 2U},
+          {"shown", &QWindow::showFullScreen, "link opening", 3U}}) {
         (touch.window()->*change)();
         QCoreApplication::processEvents();
         remote.settle();
@@ -133,5 +121,4 @@ TEST(TouchFrontEnd, WithoutADisplayASentenceNamesTheConsole) {
         "no matter of a display");
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

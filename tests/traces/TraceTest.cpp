@@ -10,8 +10,7 @@
 
 #include <filesystem>
 
-namespace lumbra {
-namespace {
+namespace lumbra::test {
 
 using Kind = TraceEntry::Kind;
 
@@ -112,5 +111,4 @@ TEST(Traces, AreWhatTheApplicationDoes) {
     EXPECT_GT(count, 0);
 }
 
-} // namespace
-} // namespace lumbra
+} // namespace lumbra::test

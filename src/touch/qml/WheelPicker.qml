@@ -237,7 +237,7 @@ Item {
                 height: root.rowHeight
                 inMiddle: ListView.isCurrentItem
                 large: root.large
-                color: root.picker.white ? Theme.pickerText : Theme.text
+                color: Theme.pickerText
                 moving: list.moving
                 onPicked: (row, text) => {
                     root.takeFocus();

@@ -83,7 +83,7 @@ public:
         QStringList lines;
         for (std::string line; std::getline(file, line);)
             if (!line.empty() && !line.starts_with('#'))
-                lines << QString::fromStdString(line);
+                lines << QString::fromStdString(line).split(QStringLiteral(" ; "));
         return lines;
     }
     /// Plays it on the console, over an application of its own: what it leaves behind at each "~ wait".
