@@ -4,6 +4,7 @@
 #include "touch/FirstRun.h"
 #include "touch/TouchFrontEnd.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <gtest/gtest.h>
