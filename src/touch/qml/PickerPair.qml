@@ -56,6 +56,8 @@ GridLayout {
     Loader {
         id: inputPart
 
+        // Behind the first frame, which shows the items.
+        asynchronous: true
         Layout.fillWidth: true
         Layout.fillHeight: true
         Layout.preferredWidth: root.listed ? 2 : 3
