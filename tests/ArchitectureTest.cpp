@@ -71,21 +71,4 @@ TEST(Architecture, IncludesKeepToTheTable) {
         }
 }
 
-TEST(Architecture, LinksKeepToTheTable) {
-    const auto rooms = table();
-    const std::regex target("lumbra_([a-z]+)|Qt6::[A-Za-z0-9]+");
-    for (const auto& [room, allowed] : rooms) {
-        const auto text = read(folderOf(room) / "CMakeLists.txt");
-        EXPECT_NE(text.find(room), std::string::npos) << room << " has no target";
-        for (std::sregex_iterator match(text.begin(), text.end(), target), end; match != end; ++match) {
-            const auto linked = (*match)[1].str();
-            if (match->str().starts_with("Qt6::")) {
-                EXPECT_TRUE(allowed.qt) << room << " links " << match->str();
-            } else if (rooms.contains(linked)) {
-                EXPECT_TRUE(linked == room || allowed.rooms.contains(linked)) << room << " links " << linked;
-            }
-        }
-    }
-}
-
 } // namespace

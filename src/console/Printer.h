@@ -56,16 +56,4 @@ public:
     virtual void itemChanged(const View& screen, std::size_t row, const ItemRow& item) = 0;
 };
 
-constexpr std::string_view nameOf(LinkState link) {
-    switch (link) {
-    case LinkState::Closed:
-        return "closed";
-    case LinkState::Opening:
-        return "opening";
-    case LinkState::Open:
-        return "open";
-    }
-    return {};
-}
-
 } // namespace lumbra::console

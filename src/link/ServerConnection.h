@@ -36,6 +36,19 @@ protected:
 /// The state of the link: no streams; streams that are not both open; both streams open.
 enum class LinkState : std::uint8_t { Closed, Opening, Open };
 
+/// Its name in the console and in tests.
+constexpr std::string_view nameOf(LinkState link) {
+    switch (link) {
+    case LinkState::Closed:
+        return "closed";
+    case LinkState::Opening:
+        return "opening";
+    case LinkState::Open:
+        return "open";
+    }
+    return {};
+}
+
 /// The application's only link to the unit: a pair of TCP streams to port 23 of `ip_address`, driven by the
 /// main loop. It does not interpret the bytes, never retries and has no timer.
 ///

@@ -124,15 +124,4 @@ TEST(Life, KeepsConnectedIfAsked) {
     EXPECT_EQ(playAll(scenarios, "connect", Reconnection::Automatic), "");
 }
 
-TEST(Life, LeavesNothingBehind) {
-    auto remote = std::make_unique<Remote>();
-    remote->launch();
-    ASSERT_EQ(remote->play("slide volumeSlider -20 ; tab group ; wait 1 ; sockets 1"), "");
-    const std::weak_ptr<ViewController> screen = remote->application.tabs().selectedViewController();
-    const std::weak_ptr<ServerConnection> connection = remote->application.tabs().serverConn();
-    remote.reset();
-    EXPECT_TRUE(screen.expired());
-    EXPECT_TRUE(connection.expired());
-}
-
 } // namespace lumbra::test

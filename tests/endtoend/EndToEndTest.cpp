@@ -9,62 +9,37 @@ namespace {
 using namespace lumbra;
 namespace fs = std::filesystem;
 
-/// A remote under a script: gives commands and takes their replies; events are set aside.
-class Remote : public Process {
-public:
-    explicit Remote(std::vector<std::string> options)
-        : Process((options.insert(options.begin(), {REMOTE_PROGRAM, "--console", "--json"}), options)) {}
-    Remote(const Simulator& unit, const std::string& settings)
-        : Remote({"--connect-to", unit.place(), "--settings", settings}) {}
+/// Pipes a whole script into a console: its output, then its errors, and its status unless that is 0.
+std::string run(std::vector<std::string> options, const std::string& script) {
+    options.insert(options.begin(), {REMOTE_PROGRAM, "--console", "--json"});
+    Process remote(options);
+    remote.write(script);
+    remote.endInput();
+    const int status = remote.wait();
+    return remote.rest() + remote.errors() + (status == 0 ? "" : "status " + std::to_string(status));
+}
 
-    /// The reply, as one line; an empty text when none comes.
-    std::string ask(const std::string& command) {
-        write(command + "\n");
-        while (const auto line = readLine()) {
-            if (line->starts_with("{\"reply\":"))
-                return *line;
-            events.push_back(*line);
-        }
-        return {};
-    }
-    /// The first of `commands` that fails, with its reply; empty where all succeed.
-    std::string failure(const std::vector<std::string>& commands) {
-        for (const auto& command : commands)
-            if (const auto reply = ask(command); reply.find("\"ok\":true") == std::string::npos)
-                return std::string(command).append(": ").append(reply);
-        return {};
-    }
-    /// Gives `command`, and looks for `text` in its reply.
-    ::testing::AssertionResult answers(const std::string& command, const std::string& text) {
-        const auto reply = ask(command);
-        return ::testing::AssertionResult(reply.find(text) != std::string::npos) << command << ": " << reply;
-    }
-
-    std::vector<std::string> events;
-};
+void expectEach(const std::string& text, const std::vector<std::string>& parts) {
+    for (const auto& part : parts)
+        EXPECT_NE(text.find(part), std::string::npos) << part << " is not in " << text;
+    EXPECT_EQ(text.find("status "), std::string::npos) << text;
+}
 
 TEST(EndToEnd, ARemoteShowsAndMovesTheUnit) {
     const Folder folder;
     const Simulator unit;
-    {
-        Remote remote(unit, folder / "a.json");
-        EXPECT_EQ(remote.failure({"wait open", "wait answer"}), "");
-        EXPECT_TRUE(remote.answers("state", "\"Living Room\""));
-        EXPECT_EQ(remote.failure({"pick zonePicker 1", "slide volumeSlider -33.3", "switch loudnessSwitch on",
-                                  "wait 0.8", "tab scene", "wait answer", "quit"}),
-                  "");
-        EXPECT_EQ(remote.wait(), 0);
-        EXPECT_EQ(remote.errors(), "");
-        EXPECT_EQ(remote.events.front(),
-                  "{\"event\":\"screen\",\"screen\":\"zone\",\"tabs\":[\"zone\",\"group\","
-                  "\"override\",\"scene\"],\"selected\":0}");
-    }
-    Remote later(unit, folder / "a.json");
-    EXPECT_EQ(later.failure({"wait open"}), "");
-    EXPECT_TRUE(later.answers("state", "\"screen\":\"scene\"")) << "the start tab is lost";
-    EXPECT_EQ(later.failure({"tab zone", "wait answer", "pick zonePicker 1"}), "");
-    EXPECT_TRUE(later.answers("state", "\"volumeSlider\":{\"kind\":\"slider\",\"value\":-33.0"));
-    EXPECT_TRUE(later.answers("state", "\"loudnessSwitch\":{\"kind\":\"switch\",\"on\":true"));
+    const std::vector<std::string> options{"--connect-to", unit.place(), "--settings", folder / "a.json"};
+    const auto shown =
+        run(options, "wait open\nwait answer\nstate\npick zonePicker 1\nslide volumeSlider -33.3\n"
+                     "switch loudnessSwitch on\nwait 0.8\ntab scene\nwait answer\nquit\n");
+    EXPECT_TRUE(shown.starts_with("{\"event\":\"screen\",\"screen\":\"zone\",\"tabs\":[\"zone\",\"group\","
+                                  "\"override\",\"scene\"],\"selected\":0}\n"))
+        << shown;
+    expectEach(shown, {"\"Living Room\""});
+    const auto later = run(options, "wait open\ntab zone\nwait answer\npick zonePicker 1\nstate\n");
+    expectEach(later, {"{\"event\":\"screen\",\"screen\":\"scene\"",
+                       "\"volumeSlider\":{\"kind\":\"slider\",\"value\":-33.0",
+                       "\"loudnessSwitch\":{\"kind\":\"switch\",\"on\":true"});
 }
 
 TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
@@ -98,51 +73,48 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
 TEST(EndToEnd, ATraceIsPlayedBack) {
     const Folder folder;
     const auto file = folder / "a.jsonl";
-    const std::vector<std::string> script{
-        "wait open",   "wait answer", "pick zonePicker 3", "switch muteSwitch toggle", "tab scene",
-        "wait answer", "state"};
+    const auto start = [&](const Simulator& unit, const char* settings, const std::string& trace) {
+        auto remote = std::make_unique<Process>(
+            std::vector<std::string>{REMOTE_PROGRAM, "--console", "--json", "--connect-to", unit.place(),
+                                     "--settings", folder / settings, "--trace", trace});
+        remote->write("wait open\nwait answer\npick zonePicker 3\nswitch muteSwitch toggle\ntab scene\n"
+                      "wait answer\nstate\n");
+        return remote;
+    };
+    const std::string state = "{\"reply\":\"state\",\"ok\":true";
     std::string shown, head;
     {
         const Simulator unit;
-        Remote remote({"--connect-to", unit.place(), "--settings", folder / "a.json", "--trace", file});
-        EXPECT_EQ(remote.failure(script), "");
-        shown = remote.ask("state");
-        remote.signal(SIGKILL);
+        const auto remote = start(unit, "a.json", file);
+        shown = remote->readUntil(state) ? remote->readLine().value_or("none") : "";
+        remote->signal(SIGKILL);
     }
     std::getline(std::ifstream(file), head);
     EXPECT_NE(head.find("\"--console --json --connect-to"), std::string::npos) << head;
     Simulator unit({"--replay", file});
-    Remote remote({"--connect-to", unit.place(), "--settings", folder / "b.json", "--trace", "/dev/full"});
-    EXPECT_EQ(remote.failure(script), "");
-    EXPECT_EQ(remote.ask("state"), shown);
-    remote.endInput();
-    EXPECT_EQ(remote.wait(), 0);
-    EXPECT_EQ(remote.errors(), "lumbra-remote: The trace in /dev/full ends here: No space left on device.\n");
+    const auto remote = start(unit, "b.json", "/dev/full");
+    EXPECT_TRUE(remote->readUntil(state) && remote->readLine() == shown);
+    remote->endInput();
+    EXPECT_EQ(remote->wait(), 0);
+    EXPECT_EQ(remote->errors(),
+              "lumbra-remote: The trace in /dev/full ends here: No space left on device.\n");
     EXPECT_EQ(unit.readUntil("! closed"), "1 ! connected\n1 ! closed");
     EXPECT_EQ(unit.readLine(), ", all is played");
 }
 
 TEST(EndToEnd, ADemoNeedsNothingAndLeavesNothing) {
     const Folder folder;
-    const auto start = [&](std::vector<std::string> options, const char* script) {
-        options.insert(options.begin(),
-                       {"/usr/bin/env", "HOME=" + (folder / "home"), "XDG_CONFIG_HOME=" + (folder / "config"),
-                        REMOTE_PROGRAM, "--console"});
-        Process remote(options);
-        remote.write(script);
-        remote.endInput();
-        EXPECT_EQ(remote.wait(), 0) << "a command failed";
-        return remote.rest();
-    };
-    const auto printed = start({"--demo"}, "wait open\nwait answer\nset unit_number_preference 2\nstate\n");
-    EXPECT_NE(printed.find("zone screen, link open"), std::string::npos);
+    ::setenv("HOME", (folder / "home").c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+    expectEach(run({"--demo"}, "wait open\nwait answer\nset unit_number_preference 2\nstate\n"),
+               {"\"link\":\"open\""});
     EXPECT_FALSE(fs::exists(folder / "config") || fs::exists(folder / "home"));
     std::ofstream(folder / "third.json")
         << R"({"ip_address_preference":"10.1.2.3","unit_number_preference":3})";
     // The demo's unit answers to the stored number.
-    start({"--demo", "--settings", folder / "third.json"}, "wait open\nwait answer\n");
+    expectEach(run({"--demo", "--settings", folder / "third.json"}, "wait open\nwait answer\n"), {});
     const Listener nowhere{-1};
-    start({"--connect-to", nowhere.place()}, "");
+    run({"--connect-to", nowhere.place()}, "");
     EXPECT_TRUE(fs::exists(folder / "config/lumbra-remote/settings.json"));
 }
 
@@ -152,12 +124,12 @@ TEST(EndToEnd, WhatAReplySaysIsKeptHoweverItEnds) {
     for (int i = 0; i < 500; ++i)
         storm += "set start_tab_preference " + std::to_string(i) + "\n";
     for (int round = 1; round <= 4; ++round) {
-        Remote remote({"--demo", "--settings", folder / "a.json"});
-        EXPECT_TRUE(remote.answers("get", "\"unit_number_preference\":" + std::to_string(round) + ","));
-        EXPECT_EQ(remote.failure({"set unit_number_preference " + std::to_string(round + 1)}), "");
-        remote.write(storm);
+        Process remote({REMOTE_PROGRAM, "--console", "--demo", "--settings", folder / "a.json"});
+        remote.write("get unit_number_preference\nset unit_number_preference " + std::to_string(round + 1) +
+                     "\n" + storm);
+        EXPECT_TRUE(remote.readUntil("  unit_number_preference  " + std::to_string(round) + "\n"));
         for (int i = 0; i < round * 5; ++i)
-            remote.ask("# the next reply of the storm");
+            remote.readUntil("ok\n");
         const int signal = round == 4 ? SIGTERM : round == 3 ? SIGHUP : SIGKILL;
         remote.signal(signal);
         EXPECT_EQ(remote.wait(), signal == SIGKILL ? -SIGKILL : 0);
@@ -186,10 +158,9 @@ TEST(EndToEnd, ReadersThatHaveGoneEndNothing) {
     remote.write("wait open\nswitch muteSwitch on\nwait 0.2\nset serial_port_preference true\n");
     remote.endInput();
     EXPECT_EQ(remote.wait(), 0);
-    Remote later(unit, folder / "a.json");
-    EXPECT_EQ(later.failure({"wait open", "wait answer"}), "");
-    EXPECT_TRUE(later.answers("state", "\"muteSwitch\":{\"kind\":\"switch\",\"on\":true"));
-    EXPECT_TRUE(later.answers("get serial_port_preference", ":true}}"));
+    expectEach(run({"--connect-to", unit.place(), "--settings", folder / "a.json"},
+                   "wait open\nwait answer\nstate\nget serial_port_preference\n"),
+               {"\"muteSwitch\":{\"kind\":\"switch\",\"on\":true", ":true}}"});
 }
 
 TEST(Build, IsHardened) {
@@ -213,18 +184,17 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
         "--console",    "--connect-to",        unit.place(), "--settings",     folder / "a.json"};
     {
         Process person(command, Process::Streams::Terminal);
-        Remote other(unit, folder / "b.json");
-        ASSERT_EQ(other.failure({"wait open", "wait answer"}), "");
+        Peer other(connectTo(static_cast<std::uint16_t>(std::stoi(unit.port()))));
         ASSERT_TRUE(person.readUntil("spinner: stopped") && person.readUntil("zone> "));
         // What is typed in all, in a terminal of 60 columns; the rows above the cursor that printing takes away.
         std::string typed;
         for (int count = 0; count < 26; ++count)
             typed += "\u00fc";
-        for (const auto& [more, rows] :
-             {std::pair(typed + "q", ""), {std::string(40, 'x') + "q", "\x1b[1A"}}) {
+        for (const auto& [more, rows, toggle] :
+             {std::tuple(typed + "q", "", "[U1Z1M1]"), {std::string(40, 'x') + "q", "\x1b[1A", "[U1Z1M0]"}}) {
             person.write(more);
             ASSERT_TRUE(person.readUntil(more.substr(more.size() - 3)));
-            ASSERT_EQ(other.failure({"switch muteSwitch toggle"}), "");
+            other.send(toggle);
             const auto printed = person.readUntil("muteSwitch: o").value_or("");
             EXPECT_NE(printed.find(std::string(rows) + "\r\x1b[J"), std::string::npos) << printed;
             EXPECT_EQ(printed.find("\x1b[1A") != std::string::npos, *rows != '\0') << printed;

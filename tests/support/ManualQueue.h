@@ -75,11 +75,6 @@ public:
 
     /// The virtual time that has passed.
     std::chrono::nanoseconds now() const { return now_; }
-    /// How many pieces of posted work wait.
-    std::size_t posted() const {
-        const std::lock_guard lock(mutex_);
-        return posted_.size();
-    }
     /// How many pieces of delayed work wait.
     std::size_t delayed() const { return delayed_.size(); }
 
@@ -89,7 +84,7 @@ private:
         Work work;
     };
 
-    mutable std::mutex mutex_;
+    std::mutex mutex_;
     std::deque<Work> posted_;
     std::vector<Delayed> delayed_;
     std::chrono::nanoseconds now_{};

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "ManualQueue.h"
 #include "platform/Worker.h"
-
-#include <deque>
 
 namespace lumbra {
 
@@ -13,22 +12,14 @@ public:
 
     bool post(std::function<void()> work) override {
         if (hasThread)
-            posted_.push_back(std::move(work));
+            queue_.post(std::move(work));
         return hasThread;
     }
     /// Runs all work, also what is posted meanwhile. The number of pieces run.
-    std::size_t run() {
-        std::size_t count = 0;
-        for (; !posted_.empty(); ++count) {
-            const auto work = std::move(posted_.front());
-            posted_.pop_front();
-            work();
-        }
-        return count;
-    }
+    std::size_t run() { return queue_.runPosted(); }
 
 private:
-    std::deque<std::function<void()>> posted_;
+    ManualQueue queue_;
 };
 
 } // namespace lumbra

@@ -73,9 +73,11 @@ public:
     MemorySettingsStore settings;
     Application application;
 
-    explicit Remote(Reconnection reconnection = Reconnection::ByUser, MemorySettingsStore stored = {})
+    /// The application uses what `around` makes of the scripted streams.
+    explicit Remote(Reconnection reconnection = Reconnection::ByUser, MemorySettingsStore stored = {},
+                    const std::function<StreamFactory&(StreamFactory&)>& around = std::identity())
         : settings(std::move(stored)),
-          application({queue, worker, streams, reachability, settings}, reconnection) {}
+          application({queue, worker, around(streams), reachability, settings}, reconnection) {}
 
     /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is forgotten.
     void launch(bool connected = true) {
@@ -202,7 +204,7 @@ private:
             {"sent", [&] { return joined(sent()); }},
             {"calls", [&] { return joined(std::exchange(streams.last().calls, {})); }},
             {"peer", [&] { return streams.last().host + ":" + std::to_string(streams.last().port); }},
-            {"link", [&] { return LINK_STATES[static_cast<std::size_t>(application.link().linkState())]; }},
+            {"link", [&] { return std::string(nameOf(application.link().linkState())); }},
             {"status", [&] { return std::string(nameOf(application.status().status())); }},
             {"screen", [&] { return screen().name(); }},
             {"alerts", [&] { return std::to_string(std::exchange(alertCount_, 0)); }},
@@ -257,7 +259,6 @@ private:
         return all;
     }
 
-    static constexpr const char* LINK_STATES[] = {"closed", "opening", "open"};
     bool held_ = false;
     int alertCount_ = 0;
     Subscription alerts_ =

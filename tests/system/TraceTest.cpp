@@ -1,104 +1,14 @@
 #include "ManualQueue.h"
 #include "Process.h"
-#include "ScriptedStreams.h"
-#include "system/TracingStreamFactory.h"
+#include "system/TraceFile.h"
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <fstream>
 
 namespace lumbra::test {
 
 using namespace std::string_literals;
-
-/// Uses a pair as the application does, and notes all that it sees.
-class User final : public StreamDelegate {
-public:
-    std::string use(StreamFactory& factory, ScriptedStreamFactory& scripted, StreamEvent last) {
-        pair_ = factory.createPair("caf\u00e9.example", 23);
-        for (Stream* stream : std::initializer_list<Stream*>{pair_.input.get(), pair_.output.get()}) {
-            stream->setDelegate(this);
-            stream->open();
-            stream->scheduleOnMainQueue();
-        }
-        auto& link = scripted.last();
-        link.connect();
-        link.writeResults = {5, 0, -1};
-        for (const auto& text : {"[U1Z1\xe9]"s, "[a]"s, "[b]"s, "[c]"s})
-            log_ += std::to_string(pair_.output->write(
-                        {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})) +
-                    " ";
-        link.fireOutput(StreamEvent::HasSpaceAvailable);
-        link.feed("(\"\\\0\x1f\x7f\xff\n)\x80~"s);
-        link.fireInput(last);
-        log_ += "still there: " + std::to_string(link.live()) + " ";
-        for (const auto& call : link.calls)
-            log_ += call + " ";
-        return log_;
-    }
-    void handleEvent(Stream& stream, StreamEvent event) override {
-        log_ += &stream == pair_.output.get() ? "out." : &stream == pair_.input.get() ? "in." : "?";
-        log_ += std::to_string(std::countr_zero(static_cast<unsigned>(event))) + " ";
-        if (event == StreamEvent::HasBytesAvailable)
-            while (pair_.input->hasBytesAvailable()) {
-                std::array<std::uint8_t, 4> buffer{};
-                const auto count = pair_.input->read(buffer);
-                log_ += std::to_string(count) + ":" + std::string(buffer.begin(), buffer.end()) + " ";
-            }
-        if (event == StreamEvent::ErrorOccurred || event == StreamEvent::EndEncountered)
-            pair_ = {}; // inside the event, as the contract allows
-    }
-
-private:
-    StreamPair pair_;
-    std::string log_;
-};
-
-std::string told(const Trace& trace) {
-    static constexpr const char* NAMES[] = {"attempt", "opened", "error",   "end",
-                                            "closed",  "sent",   "received"};
-    std::string all;
-    for (const auto& entry : trace.entries)
-        all += std::to_string(entry.link) + " " + NAMES[static_cast<int>(entry.kind)] + " " + entry.text +
-               "|" + entry.notSent + (entry.failed ? "!" : "") + "\n";
-    return all;
-}
-
-TEST(Trace, ChangesNothingAndGivesTheBytesBack) {
-    const Folder folder;
-    for (const auto& path : {folder / "a.jsonl", "/dev/full"s}) {
-        for (const auto last : {StreamEvent::EndEncountered, StreamEvent::ErrorOccurred}) {
-            ManualQueue queue;
-            ScriptedStreamFactory scripted;
-            std::string reported;
-            {
-                TraceFile file(queue, path, [&](const std::string& sentence) { reported += sentence; });
-                ASSERT_EQ(file.error(), "");
-                file.start({"--json", {{QStringLiteral("unit"), 2}}});
-                TracingStreamFactory traced(scripted, file);
-                EXPECT_EQ(User().use(traced, scripted, last), User().use(scripted, scripted, last));
-                queue.runTurn();
-                EXPECT_EQ(queue.runTurn(), 0U);
-                scripted.withoutInput = true;
-                traced.createPair("b", 1);
-            }
-            if (path == "/dev/full") {
-                EXPECT_EQ(reported, "The trace in /dev/full ends here: No space left on device.");
-                continue;
-            }
-            const auto trace = readTrace(path);
-            ASSERT_TRUE(std::holds_alternative<Trace>(trace)) << std::get<std::string>(trace);
-            EXPECT_EQ(
-                told(std::get<Trace>(trace)),
-                "1 attempt caf\u00e9.example|\n1 opened |\n1 sent [U1Z1|\xe9]\n1 sent |[a]\n1 sent |[b]!\n"
-                "1 sent [c]|\n1 received (\"\\\0|\n1 received \x1f\x7f\xff\n|\n1 received )\x80~|\n"s +
-                    (last == StreamEvent::EndEncountered ? "1 end" : "1 error") +
-                    " |\n1 closed |\n2 attempt b|\n2 closed |\n");
-            EXPECT_EQ(std::get<Trace>(trace).start.settings.value(QLatin1String("unit")).toInt(), 2);
-        }
-    }
-}
 
 TEST(Trace, TakesNothingAwayThatIsNoTrace) {
     const Folder folder;
@@ -143,6 +53,12 @@ TEST(Trace, WhatIsNoneIsToldWithItsLine) {
             << *sentence;
         EXPECT_TRUE(std::holds_alternative<Trace>(parse(line))) << "a last line that is cut short: " << line;
     }
+    const auto whole = parse(formatTraceEntry({.kind = TraceEntry::Kind::Attempt,
+                                               .link = 2,
+                                               .text = "caf\u00e9",
+                                               .port = 80,
+                                               .time = std::chrono::seconds(1)}));
+    EXPECT_EQ(std::get<Trace>(whole).entries.back().text, "caf\u00e9");
     for (const auto* start : {"", "{}\n", "{\"trace\":2}\n"})
         EXPECT_TRUE(std::holds_alternative<std::string>(parseTrace(start))) << start;
 }

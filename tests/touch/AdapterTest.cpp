@@ -49,7 +49,7 @@ TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
     frame();
     remote.report("U1Z1V-20");
     EXPECT_EQ(told, 2) << "a report that changes nothing is not told";
-    EXPECT_EQ(remote.queue.delayed() + remote.queue.posted(), 0U) << "idle, nothing may wait";
+    EXPECT_EQ(remote.queue.delayed() + remote.queue.runPosted(), 0U) << "idle, nothing may wait";
 }
 
 // A hand and the unit on one slider. A number moves by that much, as a key does; "v" and "^" put a finger down and lift it,

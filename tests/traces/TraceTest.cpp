@@ -1,10 +1,11 @@
 // Plays every trace of this folder to the whole application on virtual time: the unit's bytes and what became of the
 // link come from the trace, and what the application sends and opens must be what it sent and opened in the trace.
+// This is traced in turn, and must give the same trace again.
 
-#include "system/Trace.h"
-
+#include "Process.h"
 #include "Remote.h"
 #include "app/Settings.h"
+#include "system/TracingStreamFactory.h"
 
 #include <gtest/gtest.h>
 
@@ -16,11 +17,15 @@ using Kind = TraceEntry::Kind;
 
 class Player {
 public:
-    explicit Player(const Trace& trace)
+    Player(const Trace& trace, const std::string& path)
         : entries_(trace.entries),
+          file_(writes_, path, {}),
           remote_(trace.start.options.find("--keep-connected") == std::string::npos ? Reconnection::ByUser
                                                                                     : Reconnection::Automatic,
-                  stored(trace.start.settings)) {
+                  stored(trace.start.settings), [this](StreamFactory& streams) -> StreamFactory& {
+                      return traced_.emplace(streams, file_);
+                  }) {
+        file_.start(trace.start);
         // What the program closes when it ends is no business of the application.
         while (!entries_.empty() && entries_.back().kind == Kind::Closed)
             entries_.pop_back();
@@ -94,19 +99,40 @@ private:
     }
 
     std::vector<TraceEntry> entries_;
+    ManualQueue writes_;
+    TraceFile file_;
+    std::optional<TracingStreamFactory> traced_;
     Remote remote_;
     std::size_t attempts_ = 0;
 };
 
+/// What the network did, and what the application did, which may be a moment earlier here.
+std::pair<std::string, std::string> told(std::span<const TraceEntry> entries) {
+    std::pair<std::string, std::string> all;
+    for (const auto& entry : entries)
+        if (const auto kind = entry.kind; kind != Kind::Step && kind != Kind::Closed) {
+            auto& text = kind == Kind::Sent || kind == Kind::Attempt ? all.second : all.first;
+            text += std::to_string(entry.link) + " " + std::to_string(static_cast<int>(kind)) + " " +
+                    (kind == Kind::Attempt ? "" : entry.text) + "|" + entry.notSent +
+                    (entry.failed ? "!\n" : "\n");
+        }
+    return all;
+}
+
 TEST(Traces, AreWhatTheApplicationDoes) {
+    const Folder folder;
     int count = 0;
     for (const auto& file : std::filesystem::directory_iterator(LUMBRA_TRACES)) {
         if (file.path().extension() != ".jsonl")
             continue;
-        ++count;
+        SCOPED_TRACE(file.path());
+        const auto again = folder / std::to_string(++count).c_str();
         const auto trace = readTrace(file.path());
         const auto* problem = std::get_if<std::string>(&trace);
-        EXPECT_EQ(problem ? *problem : Player(std::get<Trace>(trace)).play(), "") << file.path();
+        ASSERT_EQ(problem ? *problem : Player(std::get<Trace>(trace), again).play(), "");
+        const auto traced = readTrace(again);
+        ASSERT_TRUE(std::holds_alternative<Trace>(traced)) << std::get<std::string>(traced);
+        EXPECT_EQ(told(std::get<Trace>(traced).entries), told(std::get<Trace>(trace).entries));
     }
     EXPECT_GT(count, 0);
 }
