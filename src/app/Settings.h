@@ -58,9 +58,7 @@ struct UnitPlace {
 inline void storeUnit(SettingsStore& settings, const UnitPlace& place) {
     settings.setValue(IP_ADDRESS_PREFERENCE, place.address);
     settings.setValue(UNIT_NUMBER_PREFERENCE, place.unit);
-    // The link settings are read all or none.
-    settings.setValue(POLLING_PREFERENCE, true);
-    settings.setValue(SERIAL_PORT_PREFERENCE, false);
+    settings.setValue(POLLING_PREFERENCE, true); // off where nothing is stored
     settings.flush();
 }
 

@@ -25,16 +25,13 @@ protected:
     /// Lists the items of `names` for which `isListed(index)` is true.
     template <class Names, class IsListed>
     void rebuild(const Names& names, IsListed isListed) {
+        // Rows are overwritten in place, so that a report that changes one name does not reallocate the others.
+        name_hide_str.resize(names.size());
+        name_hide_ref.resize(names.size());
         std::size_t rows = 0;
         for (std::size_t item = 0; item < names.size(); ++item) {
             if (!isListed(item))
                 continue;
-            // Rows are overwritten in place, so that a report that changes one name does not reallocate the
-            // others.
-            if (rows == name_hide_str.size()) {
-                name_hide_str.emplace_back();
-                name_hide_ref.emplace_back();
-            }
             name_hide_str[rows] = names[item];
             name_hide_ref[rows] = static_cast<std::int64_t>(item);
             ++rows;

@@ -18,7 +18,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 namespace lumbra {
 
@@ -67,38 +67,39 @@ TraceStart traceStart(const Options& options, const std::optional<HostPort>& pla
 
 } // namespace
 
-bool ApplicationHost::knowsTheUnit(const Options& options) {
-    if (options.demo || options.connectTo)
-        return true;
-    QtMainQueue queue;
-    return openSettings(options, queue)->value(IP_ADDRESS_PREFERENCE).has_value();
+ApplicationHost::ApplicationHost(Options options)
+    : options_(std::move(options)),
+      settings_(openSettings(options_, queue_)),
+      sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
+    if (options_.traceFile.isEmpty())
+        return;
+    trace_ = std::make_unique<TraceFile>(queue_, QFile::encodeName(options_.traceFile).toStdString(),
+                                         FileSettingsStore::reportOnStandardError);
+    tracing_ = std::make_unique<TracingStreamFactory>(*sockets_, *trace_);
+    error_ = QString::fromStdString(trace_->error());
 }
 
-ApplicationHost::ApplicationHost(const Options& options)
-    : settings_(openSettings(options, queue_)), sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
-    if (!options.traceFile.isEmpty()) {
-        trace_ = std::make_unique<TraceFile>(queue_, QFile::encodeName(options.traceFile).toStdString(),
-                                             FileSettingsStore::reportOnStandardError);
-        if (!trace_->error().empty()) {
-            error_ = QString::fromStdString(trace_->error());
-            return;
-        }
-        tracing_ = std::make_unique<TracingStreamFactory>(*sockets_, *trace_);
-    }
-    if (options.firstUnit)
-        storeUnit(*settings_, *options.firstUnit);
-    auto place = options.connectTo;
-    if (options.demo) {
+bool ApplicationHost::knowsTheUnit() const {
+    return options_.demo || options_.connectTo || settings_->value(IP_ADDRESS_PREFERENCE);
+}
+
+bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
+    if (!error_.isEmpty())
+        return false;
+    if (unit)
+        storeUnit(*settings_, *unit);
+    auto place = options_.connectTo;
+    if (options_.demo) {
         demoUnit_ = std::make_unique<sim::UnitServer>(sim::Unit(demoUnitNumber(*settings_)));
         if (!demoUnit_->listen()) {
             error_ = QStringLiteral("The simulated unit can't listen on the loopback: ") +
                      demoUnit_->errorString();
-            return;
+            return false;
         }
         place = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
     }
     if (trace_)
-        trace_->start(traceStart(options, place, *settings_));
+        trace_->start(traceStart(options_, place, *settings_));
     auto& network = tracing_ ? *tracing_ : *sockets_;
     if (place) {
         redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place);
@@ -109,7 +110,8 @@ ApplicationHost::ApplicationHost(const Options& options)
         reachability_ = std::make_unique<NetworkReachability>();
     application_ = std::make_unique<Application>(
         Platform{queue_, worker_, redirection_ ? *redirection_ : network, *reachability_, *settings_},
-        options.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
+        options_.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
+    return true;
 }
 
 ApplicationHost::~ApplicationHost() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Application.h"
+#include "app/Settings.h"
 #include "program/Options.h"
 #include "system/QtMainQueue.h"
 #include "system/ThreadWorker.h"
@@ -8,6 +9,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace lumbra {
 
@@ -21,20 +23,24 @@ class UnitServer;
 /// Needs the Qt application object. Main thread only.
 class ApplicationHost {
 public:
-    explicit ApplicationHost(const Options& options);
-    /// False if the user must be asked where the unit is: the program would connect to its address, and none
-    /// has been stored.
-    static bool knowsTheUnit(const Options& options);
+    /// Opens the settings and the trace. Nothing is stored or connected before `build`.
+    explicit ApplicationHost(Options options);
     ~ApplicationHost();
     ApplicationHost(const ApplicationHost&) = delete;
     ApplicationHost& operator=(const ApplicationHost&) = delete;
 
-    /// Why the application could not be set up, as a sentence; empty on success.
+    /// False if the user must be asked where the unit is: the program would connect to its address, and none
+    /// has been stored.
+    bool knowsTheUnit() const;
+    /// Builds the application, once. Stores `unit` before, if there is one. False with an `error`.
+    bool build(const std::optional<UnitPlace>& unit = {});
+    /// Why the application can't be built, as a sentence; empty if it can.
     const QString& error() const { return error_; }
-    /// Only without an `error`.
+    /// Only after `build`.
     Application& application() { return *application_; }
 
 private:
+    const Options options_;
     QtMainQueue queue_;
     ThreadWorker worker_;
     std::unique_ptr<SettingsStore> settings_;

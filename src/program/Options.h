@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/Settings.h"
 #include "system/CommandLine.h"
 #include "system/HostPort.h"
 
@@ -14,15 +13,14 @@ namespace lumbra {
 
 /// The options of the command line.
 struct Options {
-    bool console = false;               ///< the console front end, not the touch front end
-    bool json = false;                  ///< JSON Lines on the console
-    bool fullscreen = false;            ///< the window fills the screen
-    bool demo = false;                  ///< a simulated unit in the process
-    bool keepConnected = false;         ///< a closed link is opened again without the user
-    std::optional<HostPort> connectTo;  ///< replaces the unit's address in every connection
-    QString settingsFile;               ///< empty: the user's default file
-    QString traceFile;                  ///< empty: nothing is traced
-    std::optional<UnitPlace> firstUnit; ///< stored before the start; the command line can't give it
+    bool console = false;              ///< the console front end, not the touch front end
+    bool json = false;                 ///< JSON Lines on the console
+    bool fullscreen = false;           ///< the window fills the screen
+    bool demo = false;                 ///< a simulated unit in the process
+    bool keepConnected = false;        ///< a closed link is opened again without the user
+    std::optional<HostPort> connectTo; ///< replaces the unit's address in every connection
+    QString settingsFile;              ///< empty: the user's default file
+    QString traceFile;                 ///< empty: nothing is traced
 };
 
 /// The command line of the program, which stores into `options`. `options` outlives it.

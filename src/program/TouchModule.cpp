@@ -42,35 +42,35 @@ int run(int& argc, char** argv, const Options& options) {
     TouchFrontEnd::installTypeface();
     TouchFrontEnd::installTranslation();
 
-    std::optional<ApplicationHost> host;
+    std::optional<ApplicationHost> host(std::in_place, options);
     std::optional<TouchFrontEnd> touch;
-    const auto launch = [&](const Options& wanted, const QRect& geometry) {
-        host.emplace(wanted);
-        if (!host->error().isEmpty()) {
+    const auto launch = [&](const Options& used, const std::optional<UnitPlace>& unit,
+                            const QRect& geometry) {
+        if (!host->build(unit)) {
             std::fprintf(stderr, "lumbra-remote: %s\n", qPrintable(host->error()));
             return false;
         }
-        touch.emplace(host->application(), TouchOptions{.fullscreen = wanted.fullscreen,
-                                                        .endpoint = endpointOf(wanted),
-                                                        .geometry = geometry});
+        touch.emplace(
+            host->application(),
+            TouchOptions{.fullscreen = used.fullscreen, .endpoint = endpointOf(used), .geometry = geometry});
         return touch->show();
     };
     std::optional<FirstRun> first;
     const auto answered = [&](const std::optional<UnitPlace>& unit) {
-        auto wanted = options;
-        wanted.firstUnit = unit;
+        auto used = options;
         if (!unit) { // the demo leaves nothing in the settings
-            wanted.demo = true;
-            wanted.settingsFile.clear();
+            used.demo = true;
+            used.settingsFile.clear();
+            host.emplace(used);
         }
-        if (!launch(wanted, first->geometry()))
+        if (!launch(used, unit, first->geometry()))
             QCoreApplication::exit(1);
         first.reset();
     };
     QtDescriptorWatcher watcher;
     const auto watch = watcher.watchReadable(signals.descriptor(), &QCoreApplication::quit);
-    if (ApplicationHost::knowsTheUnit(options))
-        return launch(options, {}) ? QGuiApplication::exec() : 1;
+    if (host->knowsTheUnit() || !host->error().isEmpty())
+        return launch(options, {}, {}) ? QGuiApplication::exec() : 1;
     first.emplace(answered);
     return first->show(options.fullscreen) ? QGuiApplication::exec() : 1;
 }

@@ -106,7 +106,7 @@ int runConsole(int& argc, char** argv, const Options& options) {
     }
     const QCoreApplication qt(argc, argv);
     ApplicationHost host(options);
-    if (!host.error().isEmpty()) {
+    if (!host.build()) {
         complain(host.error());
         return FAILURE;
     }

@@ -207,7 +207,7 @@ void FileSettingsStore::change(const QString& key, const QJsonValue& value) {
 void FileSettingsStore::flushLater() {
     if (std::exchange(flushPosted_, true))
         return;
-    queue_.postAfter(FLUSH_DELAY, [this, alive = std::weak_ptr(alive_)] {
+    queue_.postAfter(FLUSH_DELAY, [this, alive = std::weak_ptr(life_)] {
         if (alive.expired())
             return;
         flushPosted_ = false;

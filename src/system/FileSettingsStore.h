@@ -92,7 +92,7 @@ private:
     bool inMemoryOnly_ = false;
     bool failureReported_ = false;
     bool flushPosted_ = false;
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
+    std::shared_ptr<char> life_ = std::make_shared<char>();
 };
 
 } // namespace lumbra

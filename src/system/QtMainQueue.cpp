@@ -31,7 +31,6 @@ int createWakeDescriptor() {
 QtMainQueue::QtMainQueue()
     : wakeDescriptor_(createWakeDescriptor()), wakeNotifier_(wakeDescriptor_, QSocketNotifier::Read) {
     QObject::connect(&wakeNotifier_, &QSocketNotifier::activated, &wakeNotifier_, [this] { runPosted(); });
-    timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { runDue(); });
 }

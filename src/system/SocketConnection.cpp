@@ -112,7 +112,7 @@ bool SocketConnection::startConnect(const SocketAddress& address) {
     setOption(socket_, IPPROTO_TCP, TCP_USER_TIMEOUT, UNACKNOWLEDGED_LIMIT);
 
     const auto* where = reinterpret_cast<const sockaddr*>(&address.storage);
-    if (::connect(socket_, where, address.length) == -1 && errno != EINPROGRESS && errno != EINTR) {
+    if (::connect(socket_, where, address.length) == -1 && errno != EINPROGRESS) {
         dropSocket();
         return false;
     }
@@ -180,7 +180,7 @@ void SocketConnection::receive() {
     } else if (count == 0) {
         // The failed write has consumed the error of the socket.
         finish(writeFailed_ ? StreamEvent::ErrorOccurred : StreamEvent::EndEncountered);
-    } else if ((errno != EAGAIN && errno != EINTR) || writeFailed_) {
+    } else if (errno != EAGAIN || writeFailed_) {
         finish(StreamEvent::ErrorOccurred);
     }
 }
@@ -223,10 +223,7 @@ std::ptrdiff_t SocketConnection::write(std::span<const std::uint8_t> bytes) {
         return -1;
     if (state_ != State::Connected || bytes.empty())
         return 0;
-    ssize_t count = 0;
-    do {
-        count = ::send(socket_, bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
-    } while (count == -1 && errno == EINTR);
+    auto count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count == -1 && errno != EAGAIN) {
         if (!std::exchange(writeFailed_, true) && !lastEvent_)
             queue_.post([weak = weak_from_this()] {

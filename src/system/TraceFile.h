@@ -58,7 +58,7 @@ private:
     int file_ = -1;
     std::int64_t size_ = 0;
     std::string error_;
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
+    std::shared_ptr<char> life_ = std::make_shared<char>();
 };
 
 } // namespace lumbra

@@ -63,13 +63,10 @@ public:
                 std::invoke(action, *alive, sender);
         };
     }
-    void send(Sender& sender) const {
-        if (action_)
-            action_(sender);
-    }
+    void send(Sender& sender) const { action_(sender); }
 
 private:
-    std::function<void(Sender&)> action_;
+    std::function<void(Sender&)> action_ = [](Sender&) {};
 };
 
 } // namespace lumbra

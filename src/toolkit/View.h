@@ -37,7 +37,7 @@ public:
         std::string name;    ///< the outlet's name, unique on the screen
         std::string caption; ///< the text beside the control; may be empty
         std::shared_ptr<Control> control;
-        bool sends = true; ///< operating it sends a command; false: it only chooses what is shown
+        bool sends; ///< operating it sends a command; false: it only chooses what is shown
     };
 
     View(std::string name, std::string title) : name_(std::move(name)), title_(std::move(title)) {}

@@ -23,9 +23,7 @@ bool isHexDigit(QChar c) {
 }
 
 QString hintForNumbers(const QStringList& parts) {
-    const auto wrong = [](const QString& part) {
-        return part.isEmpty() || part.size() > 3 || part.toInt() > 255;
-    };
+    const auto wrong = [](const QString& part) { return part.size() > 3 || part.toInt() > 255; };
     if (parts.size() != 4 || parts.contains(QString()))
         return tell(QT_TRANSLATE_NOOP("AddressHint", "An address has four numbers, as in 192.168.1.50."));
     if (std::any_of(parts.begin(), parts.end(), wrong))

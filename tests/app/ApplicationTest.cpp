@@ -112,6 +112,8 @@ TEST(Life, KeepsConnectedIfAsked) {
             network on ; wait 0.1 ; link opening ; error ; wait 30 ; link opening ; alerts 0
             alert Failed to connect to IP address 192.168.1.50. ; connect ; > U1APPQ0 ; alert none
             error ; alerts 1 ; wait 2 ; link opening)"},
+        {"the alert of the first failure goes when the first attempt succeeds",
+         "error ; wait 2 ; connect ; > U1APPQ0 ; alert none"},
         {"a unit that hangs up before it answers is not asked ever faster", R"(
             end ; wait 2 ; connect ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; alerts 0)"},
         {"what the user starts fails aloud, and counts anew", R"(

@@ -38,13 +38,14 @@ TEST(Console, PlaysItsTranscripts) {
             < {"event":"control","screen":"zone","control":"muteSwitch","state":{"kind":"switch","on":true,"enabled":true}}
             = switch ; ~ sent [U1Z1M1] ; $ switch muteSwitch on ; = switch ; ~ sent
             $ switch muteSwitch toggle ; <~ "on":false ; = switch ; ~ sent [U1Z1M0]
+            ~ > U1I3N"Tuner" ; <~ "Tuner" ; ~ > U1I3N"Tuner"
             $ pick sourcePicker 2 ; <~ "selected":2 ; = pick ; $ pick sourcePicker 2 ; = pick ; ~ sent [U1Z1I3] [U1Z1I3]
             $ tab scene ; $ pick scenePicker 4 ; <... ; ~ sent [U1APPQ2]
             $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
         {"an item that changes beside the one on show, while watched", R"(
             ~ > U1Z3V-35 ; $ watch on ; = watch ; ~ > U1Z3V-35 ; ~ > U1Z3V-20
             < {"event":"item","screen":"zone","item":{"row":2,"name":"Zone 3","input":"Source 1","volume":-20,"text":"75%","mute":false}}
-            ~ > U1O1Z3 ; <~ zonePicker ; <~ "item":{"row":0,"name":"Zone 3" ; $ watch 1 ; = watch \"1\" is neither on nor off
+            ~ > U1O1Z3 ; <~ zonePicker ; <~ "item":{"row":0,"name":"Zone 3" ; ~ > U1Z3V-25 ; <~ "row":0 ; $ watch 1 ; = watch \"1\" is neither on nor off
             $ watch off ; = watch ; ~ > U1Z3V-30)"},
         {"segments, and the controls they enable", R"(
             $ set advanced_mode_preference true ; $ app away ; $ app back ; ~ connect ; <... ; ~ sent [U1SERIAL0] [U1APPQ1]

@@ -43,13 +43,14 @@ TEST(ApplicationHost, AsksForTheUnitOnlyWhereNoneIsKnown) {
     const QTemporaryDir folder;
     Options options;
     options.settingsFile = folder.filePath(QStringLiteral("a.json"));
-    EXPECT_FALSE(ApplicationHost::knowsTheUnit(options));
-    EXPECT_FALSE(QFile::exists(options.settingsFile));
-    for (const auto* line : {"--demo", "--connect-to localhost:1"})
-        EXPECT_TRUE(ApplicationHost::knowsTheUnit(std::get<Options>(parseOptions(split(line))))) << line;
-    options.firstUnit = UnitPlace{"10.0.0.7", 3};
     ApplicationHost host(options);
-    EXPECT_TRUE(ApplicationHost::knowsTheUnit(options));
+    EXPECT_FALSE(host.knowsTheUnit() || QFile::exists(options.settingsFile));
+    for (const auto* line : {"--demo", "--connect-to localhost:1"}) {
+        auto known = std::get<Options>(parseOptions(split(line)));
+        known.settingsFile = options.settingsFile;
+        EXPECT_TRUE(ApplicationHost(known).knowsTheUnit()) << line;
+    }
+    ASSERT_TRUE(host.build(UnitPlace{"10.0.0.7", 3}) && host.knowsTheUnit());
     const auto& link = host.application().link();
     EXPECT_TRUE(link.ip_address() == "10.0.0.7" && link.unit == 3 && link.polling && !link.serial);
 }

@@ -82,6 +82,9 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
         return remote;
     };
     const std::string state = "{\"reply\":\"state\",\"ok\":true";
+    for (const auto* settings : {"a.json", "b.json"})
+        std::ofstream(folder / settings)
+            << R"({"ip_address_preference":"10.1.2.3","unit_number_preference":1,"polling_preference":true})";
     std::string shown, head;
     {
         const Simulator unit;
@@ -90,7 +93,8 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
         remote->signal(SIGKILL);
     }
     std::getline(std::ifstream(file), head);
-    EXPECT_NE(head.find("\"--console --json --connect-to"), std::string::npos) << head;
+    expectEach(head, {"\"--console --json --connect-to 127.0.0.1:",
+                      ",\"settings\":{\"polling_preference\":true,\"unit_number_preference\":1}}"});
     Simulator unit({"--replay", file});
     const auto remote = start(unit, "b.json", "/dev/full");
     EXPECT_TRUE(remote->readUntil(state) && remote->readLine() == shown);

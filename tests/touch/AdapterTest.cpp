@@ -213,8 +213,8 @@ TEST(BandText, IsExactInEveryLanguage) {
 TEST(AddressHint, TellsWhatIsOddAndNothingElse) {
     for (const char* fine : {"192.168.1.50", "0.0.0.0", "unit.local", "lumbra", "fe80::1%eth0", "::1"})
         EXPECT_TRUE(addressHint(QString::fromLatin1(fine)).isEmpty()) << fine;
-    for (const char* odd : {"", "192.168.1", "192.168.1.256", "192.168..50", "1.2.3.4.5", "192.168.1.50 ",
-                            "192.168.1.50:23", "unit:23", "http//x"})
+    for (const char* odd : {"", "192.168.1", "192.168.1.256", "192.168.1.0050", "192.168..50", "1.2.3.4.5",
+                            "192.168.1.50 ", "192.168.1.50:23", "unit:23", "http//x"})
         EXPECT_FALSE(addressHint(QString::fromLatin1(odd)).isEmpty()) << odd;
 }
 
