@@ -13,12 +13,12 @@ namespace lumbra {
 
 namespace {
 
-std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, NotificationCenter& notifications,
+std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, Signal<>& activated,
                                                 AlertPresenter& alerts) {
     const auto connection =
         std::make_shared<ServerConnection>(platform.queue, platform.streams, platform.reachability);
     auto tabs = std::make_shared<NetworkTabController>(connection, platform.settings);
-    const ScreenContext context{platform.queue, platform.worker, notifications, alerts, *tabs};
+    const ScreenContext context{platform.queue, platform.worker, activated, alerts, *tabs};
     tabs->setViewControllers({
         std::make_shared<ZoneViewController>(context, buildView("zone")),
         std::make_shared<OutputViewController>(context, buildView("output")),
@@ -33,7 +33,7 @@ std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, Notifi
 
 Application::Application(const Platform& platform, Reconnection reconnection)
     : platform_(platform),
-      tabs_(buildTabs(platform, notifications_, alerts_)),
+      tabs_(buildTabs(platform, activated_, alerts_)),
       delegate_(tabs_, platform.settings),
       status_(*tabs_, link(), platform.queue) {
     if (reconnection != Reconnection::Automatic)
@@ -70,7 +70,7 @@ void Application::enterBackground() {
 
 void Application::becomeActive() {
     delegate_.didBecomeActive();
-    notifications_.post(Notification::ApplicationDidBecomeActive);
+    activated_.emit();
     if (keepConnected_)
         keepConnected_->setActive(true);
 }

@@ -11,7 +11,7 @@
 #include "platform/Worker.h"
 #include "toolkit/Alert.h"
 #include "toolkit/ItemList.h"
-#include "toolkit/NotificationCenter.h"
+#include "toolkit/Signal.h"
 
 #include <memory>
 #include <optional>
@@ -75,7 +75,7 @@ private:
     void connect();
 
     Platform platform_;
-    NotificationCenter notifications_;
+    Signal<> activated_;
     AlertPresenter alerts_;
     std::shared_ptr<NetworkTabController> tabs_;
     AppDelegate delegate_;

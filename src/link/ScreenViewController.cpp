@@ -21,12 +21,11 @@ void ScreenViewController::viewDidLoad() {
 
 void ScreenViewController::viewWillAppear() {
     connectServer();
-    context_.notifications.addObserver(shared(this), Notification::ApplicationDidBecomeActive,
-                                       &ScreenViewController::applicationDidBecomeActive);
+    activation_ = context_.activated.subscribe([this] { applicationDidBecomeActive(); });
 }
 
 void ScreenViewController::viewWillDisappear() {
-    context_.notifications.removeObserver(this);
+    activation_ = Subscription();
 }
 
 void ScreenViewController::applicationDidBecomeActive() {

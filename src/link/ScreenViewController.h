@@ -6,7 +6,7 @@
 #include "protocol/ReportBuffer.h"
 #include "toolkit/ActivityIndicator.h"
 #include "toolkit/Alert.h"
-#include "toolkit/NotificationCenter.h"
+#include "toolkit/Signal.h"
 #include "toolkit/ViewController.h"
 
 #include <cstdint>
@@ -33,7 +33,7 @@ protected:
 struct ScreenContext {
     MainQueue& queue;
     Worker& worker;
-    NotificationCenter& notifications;
+    Signal<>& activated; ///< the application has become active
     AlertPresenter& alerts;
     LinkOwner& owner;
 };
@@ -86,6 +86,7 @@ private:
     int queryNumber_;
     std::shared_ptr<ServerConnection> serverConn_;
     Outlet<ActivityIndicator> spinner_;
+    Subscription activation_; ///< only while this screen is the current one
     ReportBuffer reports_;
 };
 

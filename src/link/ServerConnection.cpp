@@ -53,7 +53,7 @@ LinkState ServerConnection::linkState() const {
 }
 
 std::int64_t ServerConnection::sendData(std::span<const std::uint8_t> bytes) {
-    if (!outputStreamIsOpen_ || !oStream_)
+    if (!outputStreamIsOpen_)
         return 0;
     const auto written = oStream_->write(bytes);
     sendFailed_ |= written < 0;

@@ -26,7 +26,6 @@ struct AttributedText {
 /// Provides a picker's rows.
 class PickerDataSource {
 public:
-    virtual int numberOfComponents(const Picker& picker) const { return static_cast<void>(picker), 1; }
     virtual int numberOfRows(const Picker& picker) const = 0;
     /// The text stays valid until the data source's rows change.
     virtual std::string_view titleForRow(const Picker& picker, int row) const = 0;

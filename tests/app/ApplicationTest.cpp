@@ -34,9 +34,7 @@ TEST(Launch, ShapesTheTabsAndSelectsTheStartTab) {
         {"", "zone group override scene 0"},
         {"set start_tab_preference 2", "zone group override scene 2"},
         {"set start_tab_preference 4", "zone group override scene 0"},
-        {"set start_tab_preference -1", "zone group override scene 0"},
         {"set start_tab_preference 4294967297", "zone group override scene 0"},
-        {"set advanced_mode_preference true", "output group override scene 0"},
         {"set advanced_mode_preference true ; set start_tab_preference 3", "output group override scene 3"},
     };
     for (const auto& [settings, expected] : cases) {
@@ -68,20 +66,14 @@ TEST(Life, RunsAsPlayed) {
         {"settings are read again on return, before connecting", R"(
             away ; set ip_address_preference 10.9.8.7 ; set unit_number_preference 3 ; back
             connect ; sent [U3SERIAL0] [U3APPQ0] ; error ; alert Failed to connect to IP address 10.9.8.7.)"},
+        {"to reconnect runs the connect step and nothing else", R"(
+            end ; set unit_number_preference 2 ; reconnect ; connect ; sent [U1SERIAL0] [U1APPQ0] ; sockets 1)"},
         {"a mode switch keeps both first screens' models", R"(
             > U1Z1MV-10 ; > U1Z1V-33 ; away ; set advanced_mode_preference true ; back ; connect
             screen output ; sent [U1SERIAL0] [U1APPQ1] ; away ; set advanced_mode_preference false ; back
             screen zone ; show volumeSlider -33)"},
     };
     EXPECT_EQ(playAll(scenarios), "");
-}
-
-TEST(Life, ReconnectRunsTheConnectStepAndNothingElse) {
-    Remote remote;
-    remote.launch();
-    ASSERT_EQ(remote.play("end ; set unit_number_preference 2"), "");
-    remote.application.reconnect();
-    EXPECT_EQ(remote.play("settle ; link opening ; connect ; sent [U1SERIAL0] [U1APPQ0] ; sockets 1"), "");
 }
 
 TEST(Status, FollowsTheLinkAndTheAnswer) {

@@ -194,6 +194,7 @@ TEST(Console, GathersControlsForASlowReader) {
     session.start();
     for (int report = 0; report < 6000; ++report)
         session.remote.report(report % 2 == 0 ? "U1Z1V-30" : "U1Z1V-31");
+    session.remote.report("U1Z1V-32");
     session.type("switch muteSwitch on\ntab group\n");
     EXPECT_EQ(session.remote.sent(), (std::vector<std::string>{"[U1Z1M1]", "[U1APPQ4]"}));
     QByteArray printed;
@@ -203,6 +204,7 @@ TEST(Console, GathersControlsForASlowReader) {
         session.settle();
     }
     EXPECT_LT(printed.count("volumeSlider"), 3000);
+    EXPECT_EQ(printed.count("\"value\":-32.0"), 1);
     EXPECT_EQ(printed.count("\"reply\""), 2);
 }
 

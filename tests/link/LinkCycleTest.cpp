@@ -16,8 +16,6 @@ TEST(LinkCycle, RunsAsPlayed) {
         {"the first screen announces, then queries", R"(
             link opening ; input opened ; link opening ; sent ; output opened ; link open ; sent [U1SERIAL0] [U1APPQ0]
             show spinner turning ; > U2APPQ0 ; show spinner turning ; > U1APPQ0 ; show spinner stopped)"},
-        {"either stream may be the first to open", R"(
-            output opened ; link opening ; sent ; input opened ; link open ; sent [U1SERIAL0] [U1APPQ0])"},
         {"without queries only the announcement is sent", R"(
             set polling_preference false ; set serial_port_preference true ; set unit_number_preference 4
             set ip_address_preference 10.0.0.9

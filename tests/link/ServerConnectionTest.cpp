@@ -62,16 +62,6 @@ TEST_F(ServerConnectionTest, ReadsInChunksInsideTheEventUntilItIsClosed) {
     streams.last().feed(sent);
     EXPECT_EQ(delegate->calls, "256 256 88 256 ");
     EXPECT_EQ(streams.liveStreams(), 0);
-    connection->setDelegate(nullptr);
-    open();
-    streams.last().connect();
-    queue.runPosted();
-    EXPECT_TRUE(streams.last().feed("x")) << "nobody listens";
-    connection->setDelegate(delegate);
-    streams.last().readResults = {0};
-    streams.last().fireInput(StreamEvent::HasBytesAvailable);
-    EXPECT_EQ(delegate->calls, "256 256 88 256 0 ") << "the end is told as no bytes";
-    EXPECT_EQ(connection->linkState(), LinkState::Closed);
 }
 
 // The later attempt's pair comes first and stays.

@@ -1,5 +1,4 @@
 #include "simulator/CommandReader.h"
-#include "simulator/FloodPace.h"
 
 #include <gtest/gtest.h>
 
@@ -26,19 +25,6 @@ TEST(CommandReader, cutsCommandsOutOfAnyBytes) {
                 commands += std::to_string(command->unit) + ' ' + command->body + ';';
         EXPECT_EQ(commands, expected) << bytes.substr(0, 100);
     }
-}
-
-TEST(FloodPace, keepsItsRateButMakesUpForNoLostTime) {
-    using std::chrono::milliseconds;
-    FloodPace slow(3);
-    std::int64_t sum = 0;
-    for (int tick = 0; tick < 1000; ++tick)
-        sum += slow.due(FloodPace::TICK);
-    EXPECT_EQ(sum, 30);
-    FloodPace fast(1'000'000);
-    EXPECT_EQ(fast.due(milliseconds(11)), 11'000);
-    EXPECT_EQ(fast.due(milliseconds(10'000)), 20'000);
-    EXPECT_EQ(fast.due(milliseconds(10)), 10'000);
 }
 
 } // namespace lumbra::sim::test

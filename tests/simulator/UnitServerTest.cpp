@@ -44,14 +44,6 @@ TEST_F(UnitServerTest, answersTheAskerTellsEverybodyAndKeepsClientsApart) {
     EXPECT_TRUE(server->statistics().elsewhere == 1 && server->statistics().carried_out == 3);
 }
 
-TEST_F(UnitServerTest, carriesOutABurstFarLargerThanItsBuffers) {
-    start();
-    Peer client(connectTo(server->port(), 65536));
-    client.send((QByteArray("[U1APPQ1]").repeated(1200) + "[U1Z3V-35]").toStdString());
-    ASSERT_TRUE(client.receives("(U1O4V-35)", 1200 * answer(1).size()));
-    EXPECT_EQ(client.received().size(), 1200 * answer(1).size() + 20);
-}
-
 TEST_F(UnitServerTest, dropsAClientThatDoesNotReadAndServesTheOthers) {
     start();
     Peer deaf(connectTo(server->port(), 4096));

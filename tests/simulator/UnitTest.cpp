@@ -42,7 +42,6 @@ TEST(Unit, reportsWhatCommandsLeadTo) {
         {"O3B2HS-6F8000 SP1SAVE O3B2HPF80 SP1LOAD", "(U1O3B2HS-6F8000)(U1O3B2HPF80)(U1O3B2HS-6F8000)"},
         // A group leads its zones, and they their outputs.
         {"G4V0", "(U1G4V0)(U1Z10V-8)(U1Z11V-14)(U1O13V-8)(U1O14V-14)(U1O15V-14)"},
-        {"G4I2", "(U1G4I2)(U1Z10I2)(U1Z11I2)(U1O13I2)(U1O14I2)(U1O15I2)"},
         {"G5M1 G8P1", "(U1G5M1)(U1Z9M1)(U1Z10M1)(U1O11M1)(U1O12M1)(U1O13M1)(U1G8P1)(U1O16P1)(U1O16V-25)"},
         // Overrides hold, and let go of what was commanded in the meantime.
         {"AO3A2 Z5M0 Z5V-50 AO3A2",

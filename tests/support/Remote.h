@@ -47,6 +47,7 @@ std::string runSteps(std::string_view script, Run run) {
 ///     reads -1, write 3               what its next read or write returns
 ///     network off, threads off        what the system no longer has
 ///     away, back, resign, activate    the application leaves, comes back; one half of it
+///     reconnect                       the user asks for the link
 ///     set KEY VALUE, unset KEY        a stored setting
 ///     hold, settle                    from now on what is posted waits; runs it, and waits no longer
 ///     turn, work                      runs one turn of the held queue; the held worker
@@ -193,6 +194,7 @@ private:
             {"back", [&] { return application.enterForeground(), application.becomeActive(), true; }},
             {"resign", [&] { return application.resignActive(), true; }},
             {"activate", [&] { return application.becomeActive(), true; }},
+            {"reconnect", [&] { return application.reconnect(), true; }},
             {"set", [&] { return settings.setValue(name, typed(value)), true; }},
             {"unset", [&] { return settings.remove(name), true; }},
             {"hold", [&] { return held_ = true; }},

@@ -11,7 +11,6 @@
 #include <fcntl.h>
 #include <future>
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <thread>
 
 namespace lumbra::test {
@@ -113,19 +112,16 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
 
 // The first signal reaches the main loop; where the loop no longer runs, the second one ends the process.
 TEST(SignalPipe, LeavesTheSecondSignalToTheSystem) {
-    const auto child = ::fork();
-    if (child == 0) {
+    const auto run = [] {
         std::signal(SIGHUP, SIG_IGN); // as nohup does
         SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
-        ::raise(SIGHUP);
-        ::raise(SIGTERM);
+        for (const int first : {SIGHUP, SIGTERM})
+            ::raise(first);
         if (signals.next() == SIGTERM && !signals.next())
             ::raise(SIGHUP), ::raise(SIGINT);
         ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+    };
+    EXPECT_EXIT(run(), testing::KilledBySignal(SIGINT), "");
 }
 
 TEST(QtDescriptorWatcher, ReportsPipesFilesAndClosedDescriptors) {

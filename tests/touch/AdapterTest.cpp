@@ -192,13 +192,11 @@ TEST(BandText, IsExactInEveryLanguage) {
         const char *shown, *spoken;
     } const cases[] = {
         {"en", 20, -15, true, "20 Hz, -15 dB", "20 hertz, -15 decibels"},
-        {"en", 999, 0, true, "999 Hz, 0 dB", "999 hertz, 0 decibels"},
         {"en", 999.6, 0.9, true, "1 kHz, 0 dB", "1 kilohertz, 0 decibels"},
         {"en", 1000, 11.8, true, "1 kHz, +11 dB", "1 kilohertz, 11 decibels"},
         {"en", 1050, -0.9, true, "1.05 kHz, 0 dB", "1.05 kilohertz, 0 decibels"},
         {"en", 1753, -3.7, true, "1.753 kHz, -3 dB", "1.753 kilohertz, -3 decibels"},
         {"de", 19'900, 15, true, "19,9 kHz, +15 dB", "19,9 kilohertz, 15 decibels"},
-        {"fr", 19'999, 15, false, "19,999 kHz", "19,999 kilohertz"},
         {"es", 20'000, 15, false, "20 kHz", "20 kilohertz"},
     };
     for (const auto& c : cases) {

@@ -17,15 +17,12 @@ TEST(EqResponse, SectionsAnswerAsTheirTypesMust) {
         {"a bypassed band is flat", {Type::Bypass, 1000, 12}, 1000, 0},
         {"a high-pass is down by 3 dB at its frequency", {Type::HighPass, 1000, 0}, 1000, -3.01},
         {"and falls by 12 dB an octave", {Type::HighPass, 1000, 0}, 125, -36.1},
-        {"a low-pass is down by 3 dB at its frequency", {Type::LowPass, 1000, 0}, 1000, -3.01},
         {"and lets the lows pass, whatever its gain", {Type::LowPass, 5000, 15}, 50, 0},
         {"a high shelf has its whole gain above", {Type::HighShelf, 200, 9}, 15'000, 9},
         {"half of it at its frequency", {Type::HighShelf, 1000, 9}, 1000, 4.5},
         {"a low shelf has its whole gain below", {Type::LowShelf, 5000, -12}, 30, -12},
-        {"and none above", {Type::LowShelf, 200, 12}, 15'000, 0},
         {"a parametric band has its gain at its frequency", {Type::Parametric, 1000, 15}, 1000, 15},
         {"half of it half an octave away", {Type::Parametric, 1000, 6}, 1414.2, 3},
-        {"and none far away", {Type::Parametric, 1000, 15}, 30, 0},
     };
     for (const auto& c : cases)
         EXPECT_NEAR(EqResponse::decibels(c.band, c.frequency), c.decibels, 0.12) << c.what;

@@ -723,7 +723,6 @@ TestCase {
         return (light + 0.05) / (dark + 0.05);
     }
     function test_texts_can_be_read() {
-        compare(contrast(Qt.rgba(0, 0, 0, 1), Qt.rgba(1, 1, 1, 1)), 21);
         verify(contrast(Theme.accentText, Theme.accent) >= 4.5, "on the accent");
         for (const text of ["text", "dimText", "pickerText", "accent", "good", "waiting", "bad"])
             for (const surface of ["background", "surface", "raised"])
@@ -782,11 +781,6 @@ TestCase {
         mouseMove(mute);
         tryCompare(tip, "item", null);
         verify(mute.hovered, "the watcher of tips must not cover what is below it");
-        const icon = Qt.createQmlObject('import QtQuick; Item { property string tip: "Name"; width: 48; height: 48 }', find("volumeSlider"));
-        mouseMove(icon);
-        tryVerify(() => tip.item && tip.item.whole.text === "Name");
-        mouseMove(mute);
-        tryCompare(tip, "item", null);
         // A finger that stays shows it too, and picks nothing.
         holdFinger(cut, cut.width / 2, cut.height / 2, () => tryVerify(isShown));
         tryCompare(tip, "item", null);

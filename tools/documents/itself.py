@@ -9,7 +9,6 @@ import sys
 import tempfile
 
 sys.dont_write_bytecode = True  # into the sources
-sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "tools" / "documents"))
 import run  # noqa: E402
 
 # A page, and a part of what is said about it; an empty one for a page that is right.
