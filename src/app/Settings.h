@@ -59,7 +59,6 @@ inline void storeUnit(SettingsStore& settings, const UnitPlace& place) {
     settings.setValue(IP_ADDRESS_PREFERENCE, place.address);
     settings.setValue(UNIT_NUMBER_PREFERENCE, place.unit);
     settings.setValue(POLLING_PREFERENCE, true); // off where nothing is stored
-    settings.flush();
 }
 
 } // namespace lumbra

@@ -52,9 +52,7 @@ void EventReporter::followItems() {
     for (std::size_t row = 0; row < list_->rowCount(); ++row)
         items_.push_back(list_->row(row));
     itemChange_ = list_->onRowChange([this](std::optional<std::size_t> row) {
-        if (output_.isBehind())
-            itemsAreDue_ = true;
-        else
+        if (!output_.isBehind())
             rowsChanged(row.value_or(0), row ? *row + 1 : list_->rowCount());
     });
 }
@@ -78,7 +76,7 @@ void EventReporter::controlChanged(std::size_t index) {
 void EventReporter::printGathered() {
     for (const auto index : std::exchange(gathered_, {}))
         printer_.controlChanged(*view_, view_->items()[index]);
-    if (std::exchange(itemsAreDue_, false) && list_)
+    if (list_)
         rowsChanged(0, list_->rowCount());
 }
 

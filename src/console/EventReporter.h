@@ -41,7 +41,6 @@ private:
     bool watchesItems_ = false;
     const ItemList* list_ = nullptr; ///< of the current screen; null unless watched
     std::vector<ItemRow> items_;     ///< as last printed, or as they were when the watch began
-    bool itemsAreDue_ = false;
     Subscription screens_;
     Subscription alerts_;
     Subscription links_;

@@ -148,7 +148,6 @@ int main(int argc, char** argv) {
     std::set_terminate(endOnException);
     openStandardDescriptors();
     QCoreApplication::setApplicationName(QStringLiteral("lumbra-remote"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(LUMBRA_VERSION));
 
     QStringList arguments;
     for (int i = 0; i < argc; ++i)

@@ -18,7 +18,7 @@ struct TraceEntry {
         Opened,   ///< both directions are open
         Error,    ///< the link has failed
         End,      ///< the unit has closed the link
-        Closed,   ///< the program has closed both directions; the last entry of a link
+        Closed,   ///< the program has released the link; its last entry
         Sent,     ///< the program has written
         Received, ///< the program has read
         Step,     ///< what the user did, put in by hand for a test; of no link

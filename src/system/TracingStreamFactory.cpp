@@ -21,7 +21,7 @@ public:
     TracedLink(TraceFile& trace, int number) : trace_(trace), number_(number) {}
     TracedLink(const TracedLink&) = delete;
     TracedLink& operator=(const TracedLink&) = delete;
-    ~TracedLink() { close(); }
+    ~TracedLink() { add(Kind::Closed); }
 
     void attempt(const std::string& host, std::uint16_t port) {
         trace_.add({.kind = Kind::Attempt, .link = number_, .text = host, .port = port});
@@ -29,10 +29,6 @@ public:
     void directionOpened() {
         if (++openDirections_ == 2)
             add(Kind::Opened);
-    }
-    void directionClosed() {
-        if (++closedDirections_ == 2)
-            close();
     }
     /// The link is over for the network. It is told of once, however many events and calls say so.
     void over(Kind kind) {
@@ -53,17 +49,11 @@ public:
 
 private:
     void add(Kind kind) { trace_.add({.kind = kind, .link = number_}); }
-    void close() {
-        if (!std::exchange(isClosed_, true))
-            add(Kind::Closed);
-    }
 
     TraceFile& trace_;
     const int number_;
     int openDirections_ = 0;
-    int closedDirections_ = 0;
     bool isOver_ = false;
-    bool isClosed_ = false;
 };
 
 /// The common part of both directions. Stands between the stream and its delegate, because events name the
@@ -72,13 +62,9 @@ template <typename Interface>
 class TracedStream : public Interface, private StreamDelegate {
 public:
     TracedStream(std::unique_ptr<Interface> stream, std::shared_ptr<TracedLink> link)
-        : stream_(std::move(stream)), link_(std::move(link)) {}
+        : link_(std::move(link)), stream_(std::move(stream)) {}
     TracedStream(const TracedStream&) = delete;
     TracedStream& operator=(const TracedStream&) = delete;
-    ~TracedStream() override {
-        stream_.reset();
-        closed();
-    }
 
     void setDelegate(StreamDelegate* delegate) override {
         delegate_ = delegate;
@@ -87,10 +73,7 @@ public:
     void open() override { stream_->open(); }
     void scheduleOnMainQueue() override { stream_->scheduleOnMainQueue(); }
     void removeFromMainQueue() override { stream_->removeFromMainQueue(); }
-    void close() override {
-        stream_->close();
-        closed();
-    }
+    void close() override { stream_->close(); }
 
 protected:
     Interface& stream() { return *stream_; }
@@ -107,15 +90,10 @@ private:
             link_->over(Kind::End);
         delegate_->handleEvent(*this, event); // may destroy this stream
     }
-    void closed() {
-        if (!std::exchange(isClosed_, true))
-            link_->directionClosed();
-    }
 
+    const std::shared_ptr<TracedLink> link_; // outlives the stream
     std::unique_ptr<Interface> stream_;
-    const std::shared_ptr<TracedLink> link_;
     StreamDelegate* delegate_ = nullptr;
-    bool isClosed_ = false;
 };
 
 class TracedInput final : public TracedStream<InputStream> {

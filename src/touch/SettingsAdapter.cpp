@@ -34,7 +34,6 @@ void SettingsAdapter::close() {
     if (!open_)
         return;
     open_ = false;
-    application_.settings().flush();
     life_.setSettingsOpen(false);
     Q_EMIT changed();
 }

@@ -43,7 +43,10 @@ TEST(Console, PlaysItsTranscripts) {
             $ tab scene ; $ pick scenePicker 4 ; <... ; ~ sent [U1APPQ2]
             $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
         {"an item that changes beside the one on show, while watched", R"(
-            ~ > U1Z3V-35 ; $ watch on ; = watch ; ~ > U1Z3V-35 ; ~ > U1Z3V-20
+            ~ > U1Z3V-35 ; $ watch on ; = watch ; ~ > U1Z3V-35
+            $ pick sourcePicker 1 ; <~ sourcePicker ; <~ "row":0,"name":"Zone 1","input":"Source 2" ; = pick
+            $ slide bassSlider 1 ; <... ; $ slide volumeSlider -30 ; <... ; ~ wait 0.75 ; <~ "row":0,"name":"Zone 1","input":"Source 2","volume":-30
+            ~ > U1Z3V-20
             < {"event":"item","screen":"zone","item":{"row":2,"name":"Zone 3","input":"Source 1","volume":-20,"text":"75%","mute":false}}
             ~ > U1O1Z3 ; <~ zonePicker ; <~ "item":{"row":0,"name":"Zone 3" ; ~ > U1Z3V-25 ; <~ "row":0 ; $ watch 1 ; = watch \"1\" is neither on nor off
             $ watch off ; = watch ; ~ > U1Z3V-30)"},

@@ -166,11 +166,13 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
         GTEST_SKIP() << "this system has no pseudo-terminals";
     const Folder folder;
     const Simulator unit;
-    const std::vector<std::string> command{
-        "/usr/bin/env", "--ignore-signal=HUP", "TERM=xterm", "LC_ALL=C.UTF-8", REMOTE_PROGRAM,
-        "--console",    "--connect-to",        unit.place(), "--settings",     folder / "a.json"};
+    const auto command = [&](const char* terminal) {
+        return std::vector<std::string>{
+            "/usr/bin/env", "--ignore-signal=HUP", terminal,     "LC_ALL=C.UTF-8", REMOTE_PROGRAM,
+            "--console",    "--connect-to",        unit.place(), "--settings",     folder / "a.json"};
+    };
     {
-        Process person(command, Process::Streams::Terminal);
+        Process person(command("TERM=xterm"), Process::Streams::Terminal);
         Peer other(connectTo(static_cast<std::uint16_t>(std::stoi(unit.port()))));
         ASSERT_TRUE(person.readUntil("spinner: stopped") && person.readUntil("zone> "));
         // What is typed in all, in a terminal of 60 columns; the rows above the cursor that printing takes away.
@@ -198,7 +200,11 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
         person.write("\x04");
         EXPECT_EQ(person.wait(), 0);
     }
-    Process left(command, Process::Streams::Terminal);
+    Process dumb(command("TERM=dumb"), Process::Streams::Terminal);
+    dumb.write("quit\n");
+    EXPECT_EQ(dumb.readUntil("ok\r\n").value_or("\x1b").find('\x1b'), std::string::npos)
+        << "it edits no lines";
+    Process left(command("TERM=xterm"), Process::Streams::Terminal);
     ASSERT_TRUE(left.readUntil("scene> "));
     left.endInput();
     left.closeOutput();

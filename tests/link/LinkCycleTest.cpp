@@ -14,7 +14,7 @@ TEST(LinkCycle, RunsAsPlayed) {
             calls output.remove output.close output.clearDelegate output.destroy input.remove input.close )"
          R"(input.clearDelegate input.destroy)"},
         {"the first screen announces, then queries", R"(
-            link opening ; input opened ; link opening ; sent ; output opened ; link open ; sent [U1SERIAL0] [U1APPQ0]
+            link opening ; input opened ; link opening ; switch muteSwitch on ; sent ; output opened ; link open ; sent [U1SERIAL0] [U1APPQ0]
             show spinner turning ; > U2APPQ0 ; show spinner turning ; > U1APPQ0 ; show spinner stopped)"},
         {"without queries only the announcement is sent", R"(
             set polling_preference false ; set serial_port_preference true ; set unit_number_preference 4

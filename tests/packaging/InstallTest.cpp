@@ -40,12 +40,12 @@ TEST(Installation, RunsFromAnyFolder) {
     const auto place = "127.0.0.1:" + match(unit.readLine().value_or(""), ":([0-9]+)$");
     // Started by a link to it, as in /usr/local/bin, it still finds its module.
     std::filesystem::create_symlink(prefix + "/bin/lumbra-remote", folder / "link");
-    Process window({"/usr/bin/env", "QT_QPA_PLATFORM=offscreen", folder / "link", "--connect-to", place,
-                    "--settings", folder / "a.json"});
+    Process window({"/usr/bin/env", "QT_QPA_PLATFORM=offscreen", "XDG_CONFIG_HOME=" + (folder / "config"),
+                    folder / "link", "--connect-to", place});
     ASSERT_TRUE(unit.readUntil("! connected")) << window.errors();
     window.signal(SIGTERM);
     EXPECT_EQ(window.wait(), 0);
-    EXPECT_EQ(window.errors(), "");
+    EXPECT_EQ(window.errors() + read(folder / "config/lumbra-remote/settings.json").substr(0, 1), "{");
     EXPECT_TRUE(unit.readUntil("! closed by the client"));
 
     const auto share = prefix + "/share/";

@@ -1,3 +1,4 @@
+#include "Limited.h"
 #include "Loopback.h"
 #include "system/QtMainQueue.h"
 #include "system/SocketStreamFactory.h"
@@ -117,6 +118,11 @@ TEST_F(SocketStreams, FailedConnectsAreOneErrorInALaterTurn) {
     for (const auto& host : std::initializer_list<std::string>{
              "unit.invalid", "", {"127.0.0.1\0", 10}, "\xff\xfe", "[::1]", std::string(100000, 'a')})
         fails(host, 23);
+    log.clear();
+    auto descriptors = std::make_unique<Limited>(RLIMIT_NOFILE, 0);
+    open(factory, "127.0.0.1", 23);
+    descriptors.reset();
+    EXPECT_TRUE(runUntil([&] { return isOver(); }));
 }
 
 TEST_F(SocketStreams, AddressesOfANameAreTriedInOrderWithinOneDeadline) {

@@ -42,6 +42,7 @@ TEST(Controls, HoldTheirRange) {
         picker.reloadAllComponents();
         picker.selectRow(wanted);
         EXPECT_EQ(picker.selected(), selected) << count << " rows";
+        EXPECT_FALSE(picker.pickByUser(static_cast<int>(count)));
     }
 }
 

@@ -451,8 +451,8 @@ TestCase {
         const grid = plot.grid;
         find("handle2").forceActiveFocus();
         const discs = [1, 2, 3, 4, 5, 6, 7].map(band => find("handle" + band, "disc"));
-        const picture = () => {
-            waitForRendering(plot);
+        const picture = (item = plot) => {
+            waitForRendering(item);
             return grabImage(window.contentItem);
         };
         let image = picture();
@@ -478,8 +478,13 @@ TestCase {
             verify(written.length > 10, "the value beside the arrow");
         }
         // At the ends of both axes, the whole handle is in the plot and on no label, and the bubble is beside it.
-        openEqualiser(360, 600);
+        open(360, 600, advanced);
+        play("> U1O1B1LS-9F1000\n> U1APPQ1");
+        show("equaliser");
         const small = find("plot");
+        image = picture(small);
+        verify(isDrawn(image, small, small.grid.x + 0.04 * small.grid.width, small.grid.y + small.yOf(-9, small.grid.height), Theme.text));
+        verify([...Array(60).keys()].some(x => isDrawn(image, small, x, small.height - 6, small.textColor, 0.1)), "labels");
         const within = (item, other) => Qt.rect(...Object.values(item.mapToItem(other, 0, 0)).slice(0, 2), item.width, item.height);
         for (const setting of ["P15F20", "P-15F20", "P15F20000", "P-15F20000"]) {
             play("> U1O1B1" + setting);
