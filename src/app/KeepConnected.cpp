@@ -22,39 +22,40 @@ KeepConnected::KeepConnected(Surroundings surroundings)
           if (with_.status.status() != ScreenStatus::Current)
               return;
           // The alert of the failure that began it must not stay over a panel that nobody touches.
-          if (std::exchange(attempts_, 0) > 0)
+          if (attempts_ && std::exchange(*attempts_, 0) > 0)
               with_.alerts.withdraw();
           with_.alerts.setMuted(false);
       })) {}
 
 void KeepConnected::setActive(bool active) {
-    isActive_ = active;
+    attempts_ = active ? std::optional<std::size_t>(0) : std::nullopt;
     userConnects(); // the screen on show connects when the user comes back
 }
 
 void KeepConnected::userConnects() {
-    attempts_ = 0;
+    if (attempts_)
+        attempts_ = 0;
     with_.alerts.setMuted(false);
     due_.reset();
     schedule();
 }
 
 void KeepConnected::schedule() {
-    if (!isActive_ || with_.link.linkState() != LinkState::Closed) {
+    if (!attempts_ || with_.link.linkState() != LinkState::Closed) {
         due_.reset();
         return;
     }
     if (due_)
         return; // the address has changed
     due_ = std::make_shared<char>();
-    with_.queue.postAfter(DELAYS[std::min(attempts_, DELAYS.size() - 1)], [this, due = std::weak_ptr(due_)] {
+    with_.queue.postAfter(DELAYS[std::min(*attempts_, DELAYS.size() - 1)], [this, due = std::weak_ptr(due_)] {
         if (!due.expired())
             attempt();
     });
 }
 
 void KeepConnected::attempt() {
-    ++attempts_;
+    ++*attempts_;
     with_.alerts.setMuted(true);
     due_.reset();
     with_.connect();

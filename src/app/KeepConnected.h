@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace lumbra {
 
@@ -37,8 +38,8 @@ private:
     void attempt();
 
     Surroundings with_;
-    bool isActive_ = false;
-    std::size_t attempts_ = 0;  ///< since a screen was current
+    std::optional<std::size_t>
+        attempts_;              ///< since a screen was current; none while the application is inactive
     std::shared_ptr<char> due_; ///< the next attempt; null if none is due
     Subscription links_;
     Subscription statuses_;

@@ -27,8 +27,9 @@ void StatusMonitor::screenChanged() {
 }
 
 void StatusMonitor::linkChanged() {
-    if (const bool isOpen = link_.isConnected(); isOpen != std::exchange(wasOpen_, isOpen))
-        queryIsDue_ = isOpen && link_.polling;
+    const bool wasOpen = status_ != ScreenStatus::Offline;
+    if (link_.isConnected() != wasOpen) // else only the address has changed
+        queryIsDue_ = !wasOpen && link_.polling;
     update();
 }
 

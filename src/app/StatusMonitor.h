@@ -55,7 +55,6 @@ private:
     MainQueue& queue_;
     ScreenStatus status_ = ScreenStatus::Offline;
     std::shared_ptr<ActivityIndicator> spinner_;
-    bool wasOpen_ = false;
     bool queryIsDue_ = false;    ///< the screen is about to send its query
     std::shared_ptr<char> wait_; ///< the present wait for an answer; null outside one
     Signal<> changed_;

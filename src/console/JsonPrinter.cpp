@@ -18,7 +18,7 @@ namespace lumbra::console {
 
 namespace {
 
-/// Writes the members of one object; every string is made valid UTF-8.
+/// Writes the members of one object.
 class Json {
 public:
     explicit Json(rapidjson::StringBuffer& buffer) : writer_(buffer) {}
@@ -56,10 +56,7 @@ public:
         return *this;
     }
     void text(std::string_view value) {
-        if (isUtf8(value))
-            writer_.String(value.data(), static_cast<rapidjson::SizeType>(value.size()));
-        else
-            text(toValidUtf8(value));
+        writer_.String(value.data(), static_cast<rapidjson::SizeType>(value.size()));
     }
 
 private:

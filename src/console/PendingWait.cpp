@@ -13,14 +13,12 @@ PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds longest, Con
     : queue_(queue), condition_(std::move(condition)), ended_(std::move(ended)) {
     change_ = condition_.observe([this] { check(); });
     check();
-    if (!isMet_)
-        queue_.postAfter(longest, whileAlive(&PendingWait::timeOut));
+    queue_.postAfter(longest, whileAlive(&PendingWait::timeOut));
 }
 
 void PendingWait::check() {
-    if (isMet_ || !condition_.isMet())
+    if (!condition_.isMet())
         return;
-    isMet_ = true;
     // Work that the application has posted by now runs before the next command, such as the query of a link
     // that has just opened.
     queue_.post(whileAlive(&PendingWait::endWell));
@@ -39,8 +37,8 @@ void PendingWait::endWell() {
 }
 
 void PendingWait::timeOut() {
-    if (isMet_)
-        return;
+    if (condition_.isMet())
+        return; // the good end is posted
     const auto ended = std::move(ended_);
     ended(Failed{condition_.explain()});
 }

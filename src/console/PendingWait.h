@@ -22,7 +22,7 @@ public:
         /// The error message if the time is up.
         std::function<std::string()> explain;
     };
-    /// Receives the outcome, once, in a turn of its own. It may destroy the wait.
+    /// Receives the outcome, once, in a turn of its own. It destroys the wait.
     using Ended = std::function<void(const Outcome&)>;
 
     /// Waits for `time` and succeeds. `queue` outlives the wait.
@@ -39,7 +39,6 @@ private:
     MainQueue& queue_;
     Condition condition_;
     Ended ended_;
-    bool isMet_ = false;
     Subscription change_;
     std::shared_ptr<const char> life_ = std::make_shared<const char>();
 };

@@ -68,14 +68,6 @@ bool isUtf8(std::string_view text) {
     return valid;
 }
 
-std::string toValidUtf8(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    decode(
-        text, [&](unsigned, std::string_view bytes) { result += bytes; }, [&] { result += REPLACEMENT; });
-    return result;
-}
-
 std::string escapedForTerminal(std::string_view text) {
     return escaped(text, {});
 }
@@ -94,7 +86,7 @@ std::string escapedInJson(std::string_view json) {
             else
                 result += bytes;
         },
-        [] {});
+        [&] { result += REPLACEMENT; });
     return result;
 }
 

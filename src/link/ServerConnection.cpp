@@ -1,5 +1,7 @@
 #include "link/ServerConnection.h"
 
+#include <utility>
+
 namespace lumbra {
 
 ServerConnection::ServerConnection(MainQueue& queue, StreamFactory& streams, const Reachability& reachability)
@@ -34,11 +36,9 @@ void ServerConnection::adopt(std::uint64_t attempt, StreamPair pair) {
     if (attempt <= settledAttempts_)
         return;
     settledAttempts_ = attempt;
-    iStream_ = std::move(pair.input);
-    oStream_ = std::move(pair.output);
-    // The new pair has not reported anything yet.
-    isOpen_ = outputStreamIsOpen_ = inputStreamIsOpen_ = sendFailed_ = false;
-    for (Stream* stream : {static_cast<Stream*>(iStream_.get()), static_cast<Stream*>(oStream_.get())}) {
+    pair_ = {std::move(pair.input), std::move(pair.output)};
+    for (Stream* stream :
+         {static_cast<Stream*>(pair_.input.get()), static_cast<Stream*>(pair_.output.get())}) {
         stream->setDelegate(this);
         stream->open();
         stream->scheduleOnMainQueue();
@@ -47,45 +47,42 @@ void ServerConnection::adopt(std::uint64_t attempt, StreamPair pair) {
 }
 
 LinkState ServerConnection::linkState() const {
-    if (isOpen_)
+    if (isConnected())
         return LinkState::Open;
-    return iStream_ || oStream_ ? LinkState::Opening : LinkState::Closed;
+    return pair_.input ? LinkState::Opening : LinkState::Closed;
 }
 
 std::int64_t ServerConnection::sendData(std::span<const std::uint8_t> bytes) {
-    if (!outputStreamIsOpen_)
+    if (!pair_.outputIsOpen)
         return 0;
-    const auto written = oStream_->write(bytes);
-    sendFailed_ |= written < 0;
+    const auto written = pair_.output->write(bytes);
+    pair_.sendFailed |= written < 0;
     return written;
 }
 
 void ServerConnection::closeConnection() {
     settledAttempts_ = createdAttempts_;
-    const auto release = [](auto& stream, bool& isOpen) {
-        if (!stream)
-            return;
+    const auto release = [](auto stream) {
         stream->removeFromMainQueue();
         stream->close();
         stream->setDelegate(nullptr);
-        stream.reset();
-        isOpen = false;
     };
-    release(oStream_, outputStreamIsOpen_);
-    release(iStream_, inputStreamIsOpen_);
-    isOpen_ = false;
+    if (auto pair = std::exchange(pair_, {}); pair.input) {
+        release(std::move(pair.output));
+        release(std::move(pair.input));
+    }
     announceLinkState();
 }
 
 void ServerConnection::handleEvent(Stream& stream, StreamEvent event) {
     // The delegate's work inside an event may drop the last other reference to the connection.
     const auto self = shared_from_this();
-    const bool isOutput = &stream == oStream_.get();
-    if (!isOutput && &stream != iStream_.get())
+    const bool isOutput = &stream == pair_.output.get();
+    if (!isOutput && &stream != pair_.input.get())
         return;
     switch (event) {
     case StreamEvent::OpenCompleted:
-        openCompleted(isOutput ? outputStreamIsOpen_ : inputStreamIsOpen_);
+        openCompleted(isOutput ? pair_.outputIsOpen : pair_.inputIsOpen);
         break;
     case StreamEvent::HasBytesAvailable:
         if (!isOutput)
@@ -104,9 +101,8 @@ void ServerConnection::handleEvent(Stream& stream, StreamEvent event) {
 
 void ServerConnection::openCompleted(bool& streamIsOpen) {
     streamIsOpen = true;
-    if (!inputStreamIsOpen_ || !outputStreamIsOpen_)
+    if (!isConnected())
         return;
-    isOpen_ = true;
     postToDelegate(&ServerConnectionDelegate::serverConnected);
     announceLinkState();
 }
@@ -117,9 +113,9 @@ void ServerConnection::fail() {
 }
 
 void ServerConnection::readAvailable() {
-    while (iStream_ && iStream_->hasBytesAvailable()) {
+    while (pair_.input && pair_.input->hasBytesAvailable()) {
         ReceiveBuffer buffer{};
-        const auto count = iStream_->read(buffer);
+        const auto count = pair_.input->read(buffer);
         if (count <= 0)
             closeConnection();
         if (count < 0)

@@ -95,9 +95,9 @@ public:
     bool open(const OpenAttempt& attempt);
 
     /// True once both streams have completed their open.
-    bool isConnected() const { return isOpen_; }
+    bool isConnected() const { return pair_.inputIsOpen && pair_.outputIsOpen; }
     /// True once a write to the present pair has failed: what the pair reports next closes it.
-    bool hasFailedToSend() const { return sendFailed_; }
+    bool hasFailedToSend() const { return pair_.sendFailed; }
     LinkState linkState() const;
 
     /// Writes `bytes` with one call. Returns the number of bytes that the network took, 0 while the output
@@ -126,14 +126,16 @@ private:
     StreamFactory& streams_;
     const Reachability& reachability_;
 
-    std::unique_ptr<InputStream> iStream_;
-    std::unique_ptr<OutputStream> oStream_;
+    struct Pair {
+        std::unique_ptr<InputStream> input;
+        std::unique_ptr<OutputStream> output;
+        bool inputIsOpen = false;
+        bool outputIsOpen = false;
+        bool sendFailed = false;
+    };
+    Pair pair_; ///< no streams while the link is closed
     std::shared_ptr<ServerConnectionDelegate> delegate_;
     std::string ip_address_ = DEFAULT_IP_ADDRESS;
-    bool isOpen_ = false;
-    bool outputStreamIsOpen_ = false;
-    bool inputStreamIsOpen_ = false;
-    bool sendFailed_ = false;
 
     std::uint64_t createdAttempts_ = 0;
     std::uint64_t settledAttempts_ = 0; ///< attempts up to this one are adopted, outdated or cancelled

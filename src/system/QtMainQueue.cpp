@@ -77,26 +77,18 @@ void QtMainQueue::drop() {
     std::exchange(delayed_, {}).clear();
 }
 
-bool QtMainQueue::runsLater(const Delayed& a, const Delayed& b) {
-    return a.due != b.due ? a.due > b.due : a.sequence > b.sequence;
-}
-
 void QtMainQueue::postAfter(std::chrono::nanoseconds delay, Work work) {
     assert(QThread::currentThread() == timer_.thread());
     delay = std::clamp<std::chrono::nanoseconds>(delay, std::chrono::nanoseconds::zero(), LONGEST_DELAY);
-    delayed_.push_back({Clock::now() + delay, sequence_++, std::move(work)});
-    std::push_heap(delayed_.begin(), delayed_.end(), runsLater);
+    delayed_.emplace(Clock::now() + delay, std::move(work));
     armTimer();
 }
 
 void QtMainQueue::runDue() {
-    const auto now = Clock::now();
-    const auto last = sequence_; // work added meanwhile waits for the next turn
-    while (!delayed_.empty() && delayed_.front().due <= now && delayed_.front().sequence < last) {
-        std::pop_heap(delayed_.begin(), delayed_.end(), runsLater);
-        const auto work = std::move(delayed_.back().work);
-        delayed_.pop_back();
-        work();
+    const auto now = Clock::now(); // work added meanwhile waits for the next turn
+    while (!delayed_.empty() && delayed_.begin()->first <= now) {
+        const auto next = delayed_.extract(delayed_.begin());
+        next.mapped()();
     }
     armTimer();
 }
@@ -106,7 +98,7 @@ void QtMainQueue::armTimer() {
         timer_.stop();
         return;
     }
-    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(delayed_.front().due - Clock::now());
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(delayed_.begin()->first - Clock::now());
     timer_.start(
         std::clamp<std::chrono::milliseconds>(wait, std::chrono::milliseconds::zero(), LONGEST_TIMER));
 }

@@ -6,10 +6,9 @@
 #include <QTimer>
 
 #include <chrono>
-#include <cstdint>
 #include <deque>
+#include <map>
 #include <mutex>
-#include <vector>
 
 namespace lumbra {
 
@@ -37,13 +36,6 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    struct Delayed {
-        Clock::time_point due;
-        std::uint64_t sequence;
-        Work work;
-    };
-    static bool runsLater(const Delayed& a, const Delayed& b);
-
     void runPosted();
     void runDue();
     void armTimer();
@@ -55,8 +47,7 @@ private:
     const int wakeDescriptor_;
     QSocketNotifier wakeNotifier_;
 
-    std::vector<Delayed> delayed_; ///< a heap, the next one due first
-    std::uint64_t sequence_ = 0;
+    std::multimap<Clock::time_point, Work> delayed_; ///< by the time when it is due, and then by the call
     QTimer timer_;
 };
 

@@ -96,9 +96,8 @@ void TraceFile::write() {
             written += static_cast<std::size_t>(count);
         } else if (errno != EINTR) {
             const auto reason = systemError();
-            const auto whole = written == 0 ? 0 : lines.rfind('\n', written - 1) + 1;
             // Half a line is left where that is refused; readers know of it.
-            static_cast<void>(::ftruncate(file_, size_ + static_cast<std::int64_t>(whole)) == 0);
+            static_cast<void>(::ftruncate(file_, size_) == 0);
             {
                 const std::lock_guard lock(mutex_);
                 isOver_ = true;

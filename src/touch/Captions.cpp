@@ -28,10 +28,8 @@ QString toQString(std::string_view text) {
 
 /// The number at the end of a caption is not part of the text to translate.
 QString translatedWords(const char* context, std::string_view text) {
-    const auto blank = text.rfind(' ');
-    const bool numbered = blank != std::string_view::npos && blank + 1 < text.size() &&
-                          text.find_first_not_of("0123456789", blank + 1) == std::string_view::npos;
-    const auto words = numbered ? text.substr(0, blank) : text;
+    const auto head = text.substr(0, text.find_last_not_of("0123456789") + 1);
+    const auto words = head.ends_with(' ') ? head.substr(0, head.size() - 1) : text;
     return QCoreApplication::translate(context, std::string(words).c_str()) +
            toQString(text.substr(words.size()));
 }

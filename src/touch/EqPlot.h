@@ -39,8 +39,8 @@ public:
 
     /// A label's room along its axis, in pixels.
     struct Stretch {
-        double from = 0;
-        double to = 0;
+        double from;
+        double to;
     };
 
     explicit EqPlot(QQuickItem* parent = nullptr);

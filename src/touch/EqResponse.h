@@ -30,9 +30,9 @@ public:
     enum class Type : std::uint8_t { Bypass, HighPass, HighShelf, LowPass, LowShelf, Parametric };
 
     struct Band {
-        Type type = Type::Bypass;
-        double frequency = 1000; ///< Hz, 20 to 20,000
-        double gain = 0;         ///< dB; high-pass and low-pass have none
+        Type type;
+        double frequency; ///< Hz, 20 to 20,000
+        double gain;      ///< dB; high-pass and low-pass have none
 
         bool operator==(const Band&) const = default;
     };
@@ -47,8 +47,8 @@ public:
     const Curve& sum() const { return sum_; }
 
     struct Extreme {
-        std::size_t point = 0;
-        double decibels = 0;
+        std::size_t point;
+        double decibels;
     };
     /// The highest and the lowest point of the sum; of equal ones the first.
     Extreme highest() const;
@@ -61,7 +61,7 @@ public:
 
 private:
     struct Section {
-        Band band;
+        Band band{};
         Curve decibels{};
     };
     void addUp();

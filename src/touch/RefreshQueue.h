@@ -20,7 +20,7 @@ public:
     static constexpr std::chrono::microseconds FRAME{16'667};
 
     /// `queue` outlives this object. Work that is still queued after that does nothing.
-    explicit RefreshQueue(MainQueue& queue) : queue_(queue), alive_(std::make_shared<int>(0)) {}
+    explicit RefreshQueue(MainQueue& queue) : queue_(queue) {}
     RefreshQueue(const RefreshQueue&) = delete;
     RefreshQueue& operator=(const RefreshQueue&) = delete;
 
@@ -34,7 +34,7 @@ private:
     void frameOver();
     template <class Step>
     auto guarded(Step step) {
-        return [alive = std::weak_ptr<int>(alive_), step] {
+        return [alive = std::weak_ptr(life_), step] {
             if (!alive.expired())
                 step();
         };
@@ -43,7 +43,7 @@ private:
     MainQueue& queue_;
     std::vector<QPointer<Adapter>> marked_;
     bool waiting_ = false; ///< a refresh is posted, or the frame is not over
-    std::shared_ptr<int> alive_;
+    std::shared_ptr<char> life_ = std::make_shared<char>();
 };
 
 } // namespace lumbra

@@ -19,7 +19,7 @@ TEST(Utf8, WhatIsNoneIsReplacedByteByByte) {
         {"\xf4\x90\x80\x80", "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd"}, // beyond Unicode
     };
     for (const auto& [bytes, valid] : cases) {
-        EXPECT_EQ(toValidUtf8(bytes), valid);
+        EXPECT_EQ(escapedInJson(bytes), valid);
         EXPECT_EQ(isUtf8(bytes), std::string(bytes) == valid);
     }
 }

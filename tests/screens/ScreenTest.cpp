@@ -188,7 +188,7 @@ TEST(OutputScreen, FrequencyScaleRoundTripsEveryHertz) {
 TEST(OtherScreens, PlayTheirOwn) {
     const Scenario groups[] = {
         {"power follows the unit and is sent", R"(
-            > U1G1P0 ; > U1G0P0 ; > U1G11P0 ; show powerSwitch off ; switch powerSwitch on ; sent [U1G1P1]
+            > U1G1P0 ; > U1G2P1 ; > U1G0P0 ; > U1G11P0 ; show powerSwitch off ; switch powerSwitch on ; sent [U1G1P1]
             pick groupPicker 1 ; show powerSwitch on ; pick groupPicker 0 ; show powerSwitch off)"},
         {"names reload and keep the row", R"(
             show groupPicker 0 Group 1 of 10 ; pick groupPicker 2 ; show groupPicker 2 Group 3 of 10

@@ -1,3 +1,4 @@
+#include "Limited.h"
 #include "ManualQueue.h"
 #include "Process.h"
 #include "system/TraceFile.h"
@@ -25,8 +26,26 @@ TEST(Trace, TakesNothingAwayThatIsNoTrace) {
     EXPECT_NE(error("old").find("another program"), std::string::npos);
 }
 
+TEST(Trace, KeepsWholeLinesOnAFullDisk) {
+    const Folder folder;
+    ManualQueue queue;
+    std::string told;
+    std::signal(SIGXFSZ, SIG_IGN);
+    const Limited disk(RLIMIT_FSIZE, 400);
+    TraceFile file(queue, folder / "full", [&](const std::string& sentence) { told += sentence; });
+    file.start({});
+    for (int link = 1; link < 20; ++link) {
+        file.add({.kind = TraceEntry::Kind::Attempt, .link = link, .text = "a", .port = 23});
+        queue.runTurn();
+    }
+    EXPECT_EQ(told, "The trace in " + (folder / "full") + " ends here: File too large.");
+    std::ifstream text(folder / "full");
+    const std::string all(std::istreambuf_iterator<char>(text), {});
+    EXPECT_TRUE(all.size() > 200 && all.ends_with("}\n")) << all;
+}
+
 TEST(Trace, WhatIsNoneIsToldWithItsLine) {
-    const auto attempt = R"({"time":1,"link":1,"event":"attempt","host":"a","port":23})"s;
+    const auto attempt = R"({"time":1,"link":1,"event":"attempt","host":"a","port":1})"s;
     const std::pair<std::string, const char*> lines[] = {
         {"", "no JSON object"},
         {R"({"time":0.9,"link":1,"event":"opened"})", "earlier"},
