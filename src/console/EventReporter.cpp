@@ -48,7 +48,6 @@ void EventReporter::followItems() {
     list_ = watchesItems_ ? application_.items() : nullptr;
     if (!list_)
         return;
-    items_.reserve(list_->rowCount());
     for (std::size_t row = 0; row < list_->rowCount(); ++row)
         items_.push_back(list_->row(row));
     itemChange_ = list_->onRowChange([this](std::optional<std::size_t> row) {

@@ -43,7 +43,6 @@ void appendEscape(std::string& text, const char* format, unsigned codePoint) {
 
 std::string escaped(std::string_view text, std::string_view alsoEscaped) {
     std::string result;
-    result.reserve(text.size());
     decode(
         text,
         [&](unsigned codePoint, std::string_view bytes) {
@@ -77,7 +76,6 @@ std::string escapedInJson(std::string_view json) {
     if (std::all_of(json.begin(), json.end(), [](char c) { return static_cast<unsigned char>(c) < 0x7F; }))
         return std::string(json);
     std::string result;
-    result.reserve(json.size());
     decode(
         json,
         [&](unsigned codePoint, std::string_view bytes) {

@@ -31,7 +31,7 @@ public:
 
 private:
     std::vector<int> signals_;
-    std::array<int, 2> ends_{-1, -1};
+    std::array<int, 2> ends_{};
 };
 
 } // namespace lumbra

@@ -58,8 +58,6 @@ void SocketConnection::open() {
     state_ = State::Connecting;
     deadline_ = std::chrono::steady_clock::now() + timeToConnect_;
     attemptTimer_ = std::make_unique<QTimer>();
-    attemptTimer_->setSingleShot(true);
-    attemptTimer_->setTimerType(Qt::PreciseTimer);
     QObject::connect(attemptTimer_.get(), &QTimer::timeout, [this] { connectNext(); });
     const auto name = asciiHost(host_);
     if (!isPossibleHost(name)) {
@@ -140,9 +138,7 @@ void SocketConnection::connectSettled() {
         return;
     }
     state_ = State::Connected;
-    lookup_.reset();
     attemptTimer_.reset();
-    addresses_.clear();
     received_ = std::make_unique<std::array<std::uint8_t, RECEIVE_BUFFER_SIZE>>();
     if (!input_.closed) {
         readNotifier_ = std::make_unique<QSocketNotifier>(socket_, QSocketNotifier::Read);
@@ -161,8 +157,6 @@ void SocketConnection::fail() {
 }
 
 void SocketConnection::receive() {
-    if (state_ != State::Connected || input_.closed || lastEvent_)
-        return;
     if (receivedBegin_ > 0) {
         std::memmove(received_->data(), received_->data() + receivedBegin_, unread());
         receivedEnd_ = unread();
@@ -325,7 +319,6 @@ void SocketConnection::release() {
     dropSocket();
     lookup_.reset();
     attemptTimer_.reset();
-    addresses_.clear();
 }
 
 } // namespace lumbra

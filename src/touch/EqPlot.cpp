@@ -174,7 +174,6 @@ void EqPlot::drawLabels(QPainter& painter) const {
     const QFontMetricsF metrics(painter.font());
     painter.setPen(textColor_);
     std::vector<Stretch> rooms;
-    rooms.reserve(std::size(FREQUENCIES));
     for (const auto& mark : FREQUENCIES) {
         const double half = metrics.horizontalAdvance(QString::fromLatin1(mark.text)) / 2;
         rooms.push_back({xOf(mark.frequency) - half, xOf(mark.frequency) + half});
@@ -201,7 +200,6 @@ void EqPlot::drawLabels(QPainter& painter) const {
 
 QPolygonF EqPlot::line(const EqResponse::Curve& curve) const {
     QPolygonF line;
-    line.reserve(static_cast<qsizetype>(curve.size()) + 2);
     // Values far outside the grid need no exact position; clamping keeps huge numbers from the painter.
     for (std::size_t point = 0; point < curve.size(); ++point)
         line << QPointF(pointX(point),

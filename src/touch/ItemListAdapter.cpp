@@ -55,7 +55,6 @@ void ItemListModel::update(const ItemList& list) {
         }
     if (has > rows_.size()) {
         beginInsertRows({}, static_cast<int>(rows_.size()), static_cast<int>(has) - 1);
-        rows_.reserve(has);
         while (rows_.size() < has)
             rows_.push_back(list.row(rows_.size()));
         endInsertRows();

@@ -27,7 +27,8 @@ TEST(Words, AreSplitAtBlanksAndQuotes) {
 // Lines come in pieces of any size; what ends them is no part of them.
 TEST(Console, CutsLinesWhereverTheBytesAreSplit) {
     const std::string longest = "tab 0" + std::string(LineBuffer::MAX_LINE - 5, ' ');
-    const std::string bytes = longest + "\n" + longest + "x\n\r\ntab 0\r\n" + longest + longest + "\ntab 0\r";
+    const std::string bytes =
+        "\n" + longest + "\n" + longest + "x\n\r\ntab 0\r\n" + longest + longest + "\ntab 0\r";
     for (const std::size_t piece : {7U, 4096U, 16384U}) {
         Session session;
         session.start();

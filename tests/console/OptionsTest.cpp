@@ -4,6 +4,7 @@
 #include "program/TouchModulePath.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -57,6 +58,9 @@ TEST(ApplicationHost, AsksForTheUnitOnlyWhereNoneIsKnown) {
 
 // Whoever starts the program in a folder of somebody else's must not load what lies there.
 TEST(TouchModulePath, IsNeverInTheWorkingFolder) {
+    const QTemporaryDir folder;
+    QDir::setCurrent(folder.path());
+    EXPECT_TRUE(QFile(QStringLiteral("lumbra-touch.so")).open(QIODevice::WriteOnly));
     for (const auto* program : {"", "lumbra-remote", "./lumbra-remote", "/nowhere/lumbra-remote"}) {
         const auto path = touchModulePath(QString::fromLatin1(program));
         EXPECT_TRUE(path.startsWith(QLatin1Char('/')) &&

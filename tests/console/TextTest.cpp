@@ -30,9 +30,12 @@ TEST(Utf8, NothingReachesIntoTheTerminal) {
         {"\x1b[2J\a\r\n", R"("\x1b[2J\x07\x0d\x0a")"},
         {"\xc2\x9b"
          "31m",
-         R"("\x9b31m")"},                // the one-byte form of ESC [
-        {"\xe2\x80\xae", R"("\u202e")"}, // turns the direction of writing
-        {"\xe2\x80\xa8\xe2\x81\xa6", R"("\u2028\u2066")"},
+         R"("\x9b31m")"}, // the one-byte form of ESC [
+        // What turns the direction of writing, ends a line or has no width, and what is beside it in Unicode.
+        {"\u061c\u200b\u200f\u2028\u202e\u2060\u2069\ufeff",
+         R"("\u061c\u200b\u200f\u2028\u202e\u2060\u2069\ufeff")"},
+        {"\u061b\u200a\u2010\u2027\u202f\u205f\u206a\u00a0",
+         "\"\u061b\u200a\u2010\u2027\u202f\u205f\u206a\u00a0\""},
         {"\xff", "\"\xef\xbf\xbd\""},
     };
     for (const auto& [text, shown] : cases)
