@@ -77,6 +77,8 @@ TEST(Text, PlaysItsTranscript) {
         <~ loudnessSwitch ; <~ bassSlider ; <~ bassLabel ; <~ trebleSlider ; <~ trebleLabel ; <~ stopped
         < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
         < status: offline ; < items:
+        $ tab group ; <... ; $ watch on ; < ok ; ~ network on ; $ app away ; $ app back ; ~ connect ; <...
+        ~ > U1G2M1 ; <~ muted ; ~ > U1G2M0 ; <~ "Group 2" ; ~ > U1G3P0 ; <~ power off
         $ dismiss ; < ok ; $ quit ; < ok ; exit 1)"),
               "");
 }

@@ -29,7 +29,18 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
     const Folder folder;
     const auto empty = folder / "empty.jsonl";
     std::ofstream(empty) << "{\"trace\":1}\n";
+    const auto window = [](const char* limit, const std::string& program, const std::string& more) {
+        return std::vector<std::string>{
+            "/bin/sh", "-c", std::string(limit) + "; export QT_QPA_PLATFORM=offscreen; exec \"$0\" " + more,
+            program};
+    };
+    fs::copy(REMOTE_PROGRAM, folder / "alone");
     const std::tuple<int, std::string, std::vector<std::string>> cases[] = {
+        {1, "too few file descriptors; see", window("ulimit -n 14", REMOTE_PROGRAM, "--console --demo")},
+        {1, "--console needs less", window("ulimit -n 40", REMOTE_PROGRAM, "--demo")},
+        {1, "The touch screens can't be loaded", window(":", folder / "alone", "--demo")},
+        {1, "/nowhere/a: No such file",
+         window(":", REMOTE_PROGRAM, "--trace /nowhere/a --settings " + folder / "none")},
         {2, "fly", {REMOTE_PROGRAM, "--fly", "--flap\nflop"}},
         {0, "", {REMOTE_PROGRAM, "--help"}},
         {2, "--port takes a whole number from 0 to 65535", {SIMULATOR_PROGRAM, "--port", "65536"}},

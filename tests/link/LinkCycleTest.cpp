@@ -64,7 +64,8 @@ TEST(LinkCycle, RunsAsPlayed) {
         {"inactive without background: closed, and not opened on return", R"(
             connect ; resign ; link closed ; activate ; link closed ; alerts 0 ; tab group ; link opening)"},
         {"after the first background every activation reconnects", R"(
-            connect ; away ; link closed ; back ; connect ; sent [U1SERIAL0] [U1APPQ0] [U1SERIAL0] [U1APPQ0]
+            connect ; tab group ; tab zone ; sent [U1SERIAL0] [U1APPQ0] [U1APPQ4] [U1APPQ0]
+            away ; link closed ; back ; connect ; sent [U1SERIAL0] [U1APPQ0]
             resign ; activate ; link opening ; sockets 1 ; connect ; sent [U1SERIAL0] [U1APPQ0]
             activate ; sent [U1APPQ0])"},
         {"resigning before the worker begins, and before it hands over, leaves nothing alive", R"(

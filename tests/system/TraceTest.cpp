@@ -1,7 +1,8 @@
 #include "Limited.h"
 #include "ManualQueue.h"
 #include "Process.h"
-#include "system/TraceFile.h"
+#include "ScriptedStreams.h"
+#include "system/TracingStreamFactory.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +40,10 @@ TEST(Trace, KeepsWholeLinesOnAFullDisk) {
         queue.runTurn();
     }
     EXPECT_EQ(told, "The trace in " + (folder / "full") + " ends here: File too large.");
+    ScriptedStreamFactory scripted;
+    scripted.withoutInput = scripted.withoutOutput = true;
+    const auto none = TracingStreamFactory(scripted, file).createPair("a", 1);
+    EXPECT_FALSE(none.input || none.output);
     std::ifstream text(folder / "full");
     const std::string all(std::istreambuf_iterator<char>(text), {});
     EXPECT_TRUE(all.size() > 200 && all.ends_with("}\n")) << all;
