@@ -13,7 +13,6 @@ AppAdapter::AppAdapter(Application& application, WindowLife& life, const QString
       settings_(new SettingsAdapter(application, life, refreshQueue_, this)),
       screenChange_(application.tabs().onScreenChange([this] { updateTabs(); })),
       alertChange_(application.alerts().onChange([this] { cancelGrabs(); })) {
-    QObject::connect(settings_, &Adapter::changed, this, &AppAdapter::cancelGrabs);
     updateTabs();
 }
 
