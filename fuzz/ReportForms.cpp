@@ -16,7 +16,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input(data, size);
     while (!input.empty()) {
         const auto text = input.until(')').substr(0, ReportBuffer::CAPACITY);
-        check(oracle::agree(text), "the forms and the expressions read differently", text);
+        for (const char screen : oracle::SCREENS)
+            check(oracle::byForms(screen, text) == oracle::byExpressions(screen, text),
+                  "the forms and the expressions read differently", text);
     }
     return 0;
 }

@@ -20,7 +20,7 @@ namespace lumbra {
 class EqPlot : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(lumbra::ScreenAdapter* screen READ screen WRITE setScreen NOTIFY screenChanged)
+    Q_PROPERTY(lumbra::ScreenAdapter* screen MEMBER screen_ WRITE setScreen NOTIFY screenChanged)
     Q_PROPERTY(int edited READ edited WRITE setEdited NOTIFY editedChanged)
     Q_PROPERTY(QRectF grid READ grid NOTIFY gridChanged)
     Q_PROPERTY(qreal handleRadius MEMBER handleRadius_ NOTIFY lookChanged)
@@ -45,7 +45,6 @@ public:
 
     explicit EqPlot(QQuickItem* parent = nullptr);
 
-    ScreenAdapter* screen() const { return screen_; }
     void setScreen(ScreenAdapter* screen);
     /// The edited band, 0-based; -1 for none.
     int edited() const { return edited_; }

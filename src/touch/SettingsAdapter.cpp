@@ -43,8 +43,7 @@ QString SettingsAdapter::address() const {
 }
 
 void SettingsAdapter::setAddress(const QString& address) {
-    if (address != this->address() || !application_.settings().value(IP_ADDRESS_PREFERENCE))
-        store(IP_ADDRESS_PREFERENCE, address.toStdString());
+    store(IP_ADDRESS_PREFERENCE, address.toStdString());
 }
 
 QString SettingsAdapter::addressHint() const {
@@ -114,8 +113,6 @@ QString SettingsAdapter::caption(const QString& key) {
 }
 
 void SettingsAdapter::store(std::string_view key, SettingValue value) {
-    if (application_.settings().value(key) == value)
-        return;
     application_.settings().setValue(key, std::move(value));
     Q_EMIT changed();
 }

@@ -72,11 +72,7 @@ TEST(Program, playsATraceBack) {
 {"time":1002,"link":3,"sent":"[U1A]"}
 {"time":1002,"link":3,"event":"error"}
 )-";
-    struct Row {
-        const char *sends, *gets, *told;
-        bool fast;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, const char*, bool> rows[] = {
         {"[U1A][U1B][U1C]", "(0\xe9)(1)(2)FIN", "1 ! closed, all is played", true},
         {"[U1A][U1B]", "(0\xe9)(1)", "1 ! closed by the remote, 3 lines of the trace are left (line 11)",
          false},

@@ -130,10 +130,4 @@ inline std::string byExpressions(char screen, std::string_view text) {
     return "";
 }
 
-/// Whether every screen's forms read a text as the expressions do.
-inline bool agree(std::string_view text) {
-    return std::all_of(SCREENS.begin(), SCREENS.end(),
-                       [&](char screen) { return byForms(screen, text) == byExpressions(screen, text); });
-}
-
 } // namespace lumbra::oracle

@@ -55,12 +55,8 @@ TEST_F(Adapters, ABurstOfReportsIsOneNotificationAFrame) {
 // A hand and the unit on one slider. A number moves by that much, as a key does; "v" and "^" put a finger down and lift it,
 // "=-30" drags it there; "." lets 100 ms pass; a report arrives; "x" is another tab; "frequency" takes another slider.
 TEST_F(Adapters, AHoldEndsWithTheUsersValueOrWithSomebodyElses) {
-    struct {
-        const char* what;
-        const char* script;
-        const char* shown; ///< at the end of the script
-        const char* sent;  ///< in all, with what follows
-    } const cases[] = {
+    // What happens, the script, what the slider shows at its end, and what is sent in all.
+    const char* const cases[][4] = {
         {"a key", "+11", "-29", "[U1Z1V-29]"},
         {"the echo of an earlier step", "+11 . U1Z1V-35", "-29", "[U1Z1V-29]"},
         {"of the value at the start", "-3 +8 . U1Z1V-40 U1Z1V-43", "-35", "[U1Z1V-35]"},
@@ -81,14 +77,14 @@ TEST_F(Adapters, AHoldEndsWithTheUsersValueOrWithSomebodyElses) {
          ""},
     };
     SliderGrab finger;
-    for (const auto& c : cases) {
-        const bool isOutput = std::string_view(c.script).find("frequency") != std::string_view::npos;
+    for (const auto& [what, steps, shown, sent] : cases) {
+        const bool isOutput = std::string_view(steps).find("frequency") != std::string_view::npos;
         remote.settings.setValue(ADVANCED_MODE_PREFERENCE, isOutput);
         ASSERT_EQ(remote.play("away ; back ; connect ; > U1Z1V-40 ; wait 5"), "");
         remote.sent();
         finger.setSlider(
             screen().slider(isOutput ? QStringLiteral("filterFreq1") : QStringLiteral("volumeSlider")));
-        std::istringstream script(c.script);
+        std::istringstream script(steps);
         for (std::string word; script >> word;) {
             if (word[0] == 'U')
                 remote.report(word);
@@ -105,9 +101,9 @@ TEST_F(Adapters, AHoldEndsWithTheUsersValueOrWithSomebodyElses) {
             else if (word != "frequency")
                 finger.slider()->moveBy(std::stod(word));
         }
-        EXPECT_NEAR(finger.slider()->value(), std::stod(c.shown), 0.01) << c.what;
-        EXPECT_EQ(remote.play(std::string("wait 5\nsent ").append(c.sent)), "") << c.what;
-        EXPECT_FALSE(finger.slider()->isHeld()) << c.what;
+        EXPECT_NEAR(finger.slider()->value(), std::stod(shown), 0.01) << what;
+        EXPECT_EQ(remote.play(std::string("wait 5\nsent ").append(sent)), "") << what;
+        EXPECT_FALSE(finger.slider()->isHeld()) << what;
     }
 }
 
@@ -185,12 +181,7 @@ TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
 
 // What the sliders stand for, to the hertz and as it is sent, however coarse the labels are.
 TEST(BandText, IsExactInEveryLanguage) {
-    struct {
-        const char* locale;
-        double hertz, gain;
-        bool hasGain;
-        const char *shown, *spoken;
-    } const cases[] = {
+    const std::tuple<const char*, double, double, bool, const char*, const char*> cases[] = {
         {"en", 20, -15, true, "20 Hz, -15 dB", "20 hertz, -15 decibels"},
         {"en", 999.6, 0.9, true, "1 kHz, 0 dB", "1 kilohertz, 0 decibels"},
         {"en", 1000, 11.8, true, "1 kHz, +11 dB", "1 kilohertz, 11 decibels"},
@@ -199,11 +190,11 @@ TEST(BandText, IsExactInEveryLanguage) {
         {"de", 19'900, 15, true, "19,9 kHz, +15 dB", "19,9 kilohertz, 15 decibels"},
         {"es", 20'000, 15, false, "20 kHz", "20 kilohertz"},
     };
-    for (const auto& c : cases) {
-        QLocale::setDefault(QLocale(QLatin1String(c.locale)));
-        const double slider = 1000 * std::log10(c.hertz);
-        EXPECT_EQ(BandText::shown(slider, c.gain, c.hasGain).toStdString(), c.shown);
-        EXPECT_EQ(BandText::spoken(slider, c.gain, c.hasGain).toStdString(), c.spoken);
+    for (const auto& [locale, hertz, gain, hasGain, shown, spoken] : cases) {
+        QLocale::setDefault(QLocale(QLatin1String(locale)));
+        const double slider = 1000 * std::log10(hertz);
+        EXPECT_EQ(BandText::shown(slider, gain, hasGain).toStdString(), shown);
+        EXPECT_EQ(BandText::spoken(slider, gain, hasGain).toStdString(), spoken);
     }
     QLocale::setDefault(QLocale::c());
 }

@@ -8,12 +8,7 @@ using Type = EqResponse::Type;
 
 // Where a section's response is known without its formula: far from its frequency, at it, and half way.
 TEST(EqResponse, SectionsAnswerAsTheirTypesMust) {
-    struct {
-        const char* what;
-        EqResponse::Band band;
-        double frequency;
-        double decibels;
-    } const cases[] = {
+    const std::tuple<const char*, EqResponse::Band, double, double> cases[] = {
         {"a bypassed band is flat", {Type::Bypass, 1000, 12}, 1000, 0},
         {"a high-pass is down by 3 dB at its frequency", {Type::HighPass, 1000, 0}, 1000, -3.01},
         {"and falls by 12 dB an octave", {Type::HighPass, 1000, 0}, 125, -36.1},
@@ -24,8 +19,8 @@ TEST(EqResponse, SectionsAnswerAsTheirTypesMust) {
         {"a parametric band has its gain at its frequency", {Type::Parametric, 1000, 15}, 1000, 15},
         {"half of it half an octave away", {Type::Parametric, 1000, 6}, 1414.2, 3},
     };
-    for (const auto& c : cases)
-        EXPECT_NEAR(EqResponse::decibels(c.band, c.frequency), c.decibels, 0.12) << c.what;
+    for (const auto& [what, band, frequency, decibels] : cases)
+        EXPECT_NEAR(EqResponse::decibels(band, frequency), decibels, 0.12) << what;
 }
 
 TEST(EqResponse, CurvesSpanTheAxisAndAddUp) {
@@ -47,19 +42,15 @@ TEST(EqResponse, CurvesSpanTheAxisAndAddUp) {
 }
 
 TEST(EqPlot, LabelsThatCollideGiveWayToThoseBefore) {
-    struct {
-        const char* what;
-        std::vector<EqPlot::Stretch> labels;
-        std::vector<bool> shown;
-    } const cases[] = {
+    const std::tuple<const char*, std::vector<EqPlot::Stretch>, std::vector<bool>> cases[] = {
         {"far apart", {{0, 10}, {90, 100}, {40, 50}}, {true, true, true}},
         {"on the first", {{0, 10}, {90, 100}, {8, 18}}, {true, true, false}},
         {"just clear of both", {{0, 10}, {24, 34}, {12, 22}}, {true, true, true}},
         {"too near to the second", {{0, 10}, {23, 33}, {12, 22}}, {true, true, false}},
         {"one that is not shown is in nobody's way", {{0, 10}, {5, 20}, {15, 25}}, {true, false, true}},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(EqPlot::shownLabels(c.labels, 2), c.shown) << c.what;
+    for (const auto& [what, labels, shown] : cases)
+        EXPECT_EQ(EqPlot::shownLabels(labels, 2), shown) << what;
 }
 
 } // namespace lumbra::test

@@ -135,6 +135,14 @@ public:
         return true;
     }
 
+public Q_SLOTS:
+    void qmlEngineAvailable(QQmlEngine* engine) {
+        // What a finger must do to be a long one.
+        QGuiApplication::styleHints()->setMousePressAndHoldInterval(150);
+        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        engine->rootContext()->setContextProperty(QStringLiteral("harness"), this);
+    }
+
 Q_SIGNALS:
     void appChanged();
 
@@ -174,21 +182,7 @@ private:
 
 } // namespace lumbra
 
-class Setup : public QObject {
-    Q_OBJECT
-
-public Q_SLOTS:
-    void qmlEngineAvailable(QQmlEngine* engine) {
-        // What a finger must do to be a long one.
-        QGuiApplication::styleHints()->setMousePressAndHoldInterval(150);
-        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
-        engine->rootContext()->setContextProperty(QStringLiteral("harness"), &harness_);
-    }
-
-private:
-    lumbra::Harness harness_;
-};
-
+using Setup = lumbra::Harness;
 QUICK_TEST_MAIN_WITH_SETUP(touch, Setup)
 
 #include "main.moc"

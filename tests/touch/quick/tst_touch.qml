@@ -306,7 +306,7 @@ TestCase {
             play("error");
             compare(find("linkState").text, "Not connected");
             const message = find("alertMessage").text;
-            compare(message, "Failed to connect to IP address 192.168.1.50.");
+            compare([message, find("alertButton").text].join(), "Failed to connect to IP address 192.168.1.50.,OK");
             verify(harness.accessible(window).includes("AlertMessage; Error, " + message));
             mouseClick(find("reconnectButton"));
             play("link closed");
