@@ -38,8 +38,8 @@ private:
     void attempt();
 
     Surroundings with_;
-    std::optional<std::size_t>
-        attempts_;              ///< since a screen was current; none while the application is inactive
+    /// Since a screen was current; nothing while the application is inactive.
+    std::optional<std::size_t> attempts_;
     std::shared_ptr<char> due_; ///< the next attempt; null if none is due
     Subscription links_;
     Subscription statuses_;

@@ -12,6 +12,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace lumbra {
@@ -115,6 +116,14 @@ public:
     }
 
 private:
+    struct Pair {
+        std::unique_ptr<InputStream> input;
+        std::unique_ptr<OutputStream> output;
+        bool inputIsOpen = false;
+        bool outputIsOpen = false;
+        bool sendFailed = false;
+    };
+
     void adopt(std::uint64_t attempt, StreamPair pair);
     void openCompleted(bool& streamIsOpen);
     void fail();
@@ -126,13 +135,6 @@ private:
     StreamFactory& streams_;
     const Reachability& reachability_;
 
-    struct Pair {
-        std::unique_ptr<InputStream> input;
-        std::unique_ptr<OutputStream> output;
-        bool inputIsOpen = false;
-        bool outputIsOpen = false;
-        bool sendFailed = false;
-    };
     Pair pair_; ///< no streams while the link is closed
     std::shared_ptr<ServerConnectionDelegate> delegate_;
     std::string ip_address_ = DEFAULT_IP_ADDRESS;
