@@ -13,7 +13,8 @@ PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds longest, Con
     : queue_(queue), condition_(std::move(condition)), ended_(std::move(ended)) {
     change_ = condition_.observe([this] { check(); });
     check();
-    queue_.postAfter(longest, whileAlive(&PendingWait::timeOut));
+    if (!condition_.isMet())
+        queue_.postAfter(longest, whileAlive(&PendingWait::timeOut));
 }
 
 void PendingWait::check() {
