@@ -23,16 +23,12 @@ SettingsAdapter::SettingsAdapter(Application& application, WindowLife& life, Ref
     : Adapter(queue, parent), application_(application), life_(life) {}
 
 void SettingsAdapter::open() {
-    if (open_)
-        return;
     open_ = true;
     life_.setSettingsOpen(true);
     Q_EMIT changed();
 }
 
 void SettingsAdapter::close() {
-    if (!open_)
-        return;
     open_ = false;
     life_.setSettingsOpen(false);
     Q_EMIT changed();

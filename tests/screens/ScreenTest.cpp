@@ -97,7 +97,7 @@ TEST(ZoneScreen, PlaysItsOwn) {
             > U1O17Z2 ; > U1O1Z17 ; > U1O0Z3 ; > U1O1Z0 ; show zonePicker 0 Kitchen of 2
             > U1O2Z6 ; pick zonePicker 1 ; switch muteSwitch on ; sent [U1Z6M1])"},
         {"the current zone may be hidden and stays meant", R"(
-            pick zonePicker 3 ; > U1O1Z9 ; show zonePicker 0 Zone 9 of 1
+            pick zonePicker 3 ; > U1O1Z9 ; > U1O2Z11 ; show zonePicker 0 Zone 9 of 2
             > U1Z4V-12 ; show volumeSlider -12 ; switch loudnessSwitch on ; sent [U1Z4LD1]
             pick zonePicker 0 ; show volumeSlider -40)"},
         {"loudness, bass and treble of the picked zone", R"(
@@ -131,7 +131,7 @@ TEST(OutputScreen, PlaysItsOwn) {
             > U1O1MNTO-10 ; > U1O1MXTO-30 ; > U1O1P1 ; show volumeSlider -30)"},
         {"limits above the maximum or below -80 are refused", R"(
             > U1O1MV-30 ; > U1O1MXTO-20 ; > U1O1MNTO-20 ; > U1O1MXTO-81
-            > U1O1V-35 ; > U1O1P1 ; show volumeSlider -35
+            > U1O1V-35 ; > U1O1P1 ; show volumeSlider -35 ; > U1O1MNTO-30 ; > U1O1P1 ; show volumeSlider -30
             > U1O1MXTO-80 ; > U1O1P1 ; show volumeSlider -80)"},
         {"power off disables mute and keeps volume and mute", R"(
             > U1O1M1 ; > U1O1P0 ; show powerSwitch off ; show muteSwitch - on ; show volumeSlider -40

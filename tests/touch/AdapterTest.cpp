@@ -129,6 +129,12 @@ TEST_F(Adapters, OnASlowNetworkTheLastValueArrives) {
         }
 }
 
+TEST_F(Adapters, TheAddressIsWhereConnectionsGo) {
+    const AppAdapter other(remote.application, life, QStringLiteral("unit:23"));
+    EXPECT_TRUE(other.link()->isRedirected() && !app.link()->isRedirected());
+    EXPECT_EQ(other.link()->address(), QStringLiteral("unit:23"));
+}
+
 // What a window's fingers seldom do; the others are played in the window.
 TEST_F(Adapters, OddHandsMoveNoSlider) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));
