@@ -20,7 +20,6 @@ public:
 
 protected:
     void processCommand(std::string_view report) override;
-    std::int64_t maxVolume(std::size_t) const override { return Groups::max_volume; }
     void showItem() override;
 
 private:

@@ -109,7 +109,12 @@ protected:
           muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {}
 
     /// The highest volume that a report may set for the item, in dB.
-    virtual std::int64_t maxVolume(std::size_t item) const = 0;
+    std::int64_t maxVolume(std::size_t item) const {
+        if constexpr (requires { model_.max_volume[item]; })
+            return model_.max_volume[item];
+        else
+            return Model::max_volume;
+    }
 
     /// Shows the current item in all controls. Sends nothing.
     virtual void showItem() {

@@ -29,7 +29,6 @@ public:
 
 protected:
     void processCommand(std::string_view report) override;
-    std::int64_t maxVolume(std::size_t item) const override { return output().max_volume[item]; }
     void showItem() override;
 
 private:

@@ -23,7 +23,6 @@ public:
 
 protected:
     void processCommand(std::string_view report) override;
-    std::int64_t maxVolume(std::size_t item) const override { return zone().max_volume[item]; }
     void showItem() override;
 
 private:

@@ -154,10 +154,10 @@ TEST(OutputScreen, PlaysItsOwn) {
             > U1O1B2P-15F20000 ; show filterType2 5 ; show gainLabel2 -15 dB ; show freqLabel2 20 kHz
             > U1O1B2HPF1 ; show filterFreq2 1301.03 ; show freqLabel2 1 Hz)"},
         {"a hidden output's bands show when it is picked, gain in dB", R"(
-            > U1O5B3LPF12500 ; > U1O5B4LS4F100 ; show filterType3 0 ; show gainLabel4 0 dB
-            pick outputPicker 4 ; show filterType3 3 ; show freqLabel3 12 kHz
-            show gainLabel3 0 dB ; show filterGain3 - 0 ; show gainLabel4 4 dB ; show filterGain4 4
-            pick outputPicker 0 ; show filterType3 0 ; show filterFreq3 - 3000)"},
+            > U1O5B7LPF12500 ; > U1O5B1LS4F100 ; show filterType7 0 ; show gainLabel1 0 dB
+            pick outputPicker 4 ; show filterType7 3 ; show freqLabel7 12 kHz
+            show gainLabel7 0 dB ; show filterGain7 - 0 ; show gainLabel1 4 dB ; show filterGain1 4
+            pick outputPicker 0 ; show filterType7 0 ; show filterFreq7 - 3000)"},
         {"a type sends the whole band at once and moves no other control", R"(
             > U1O1B2HS-6F8000 ; segment filterType2 1 ; sent [U1O1B2HPF8000]
             segment filterType2 4 ; sent [U1O1B2LS-6F8000] ; show filterGain2 -6
