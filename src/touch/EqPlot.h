@@ -21,7 +21,7 @@ class EqPlot : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(lumbra::ScreenAdapter* screen MEMBER screen_ WRITE setScreen NOTIFY screenChanged)
-    Q_PROPERTY(int edited READ edited WRITE setEdited NOTIFY editedChanged)
+    Q_PROPERTY(int edited MEMBER edited_ WRITE setEdited NOTIFY editedChanged)
     Q_PROPERTY(QRectF grid READ grid NOTIFY gridChanged)
     Q_PROPERTY(qreal handleRadius MEMBER handleRadius_ NOTIFY lookChanged)
     Q_PROPERTY(QColor sumColor MEMBER sumColor_ NOTIFY lookChanged)
@@ -47,7 +47,6 @@ public:
 
     void setScreen(ScreenAdapter* screen);
     /// The edited band, 0-based; -1 for none.
-    int edited() const { return edited_; }
     void setEdited(int band);
     /// The grid in the item: 20 Hz is left, 20 kHz right, +18 dB above and -18 dB below. Around it there is
     /// room for a whole handle of radius `handleRadius`, at each frequency and gain that a band can have.

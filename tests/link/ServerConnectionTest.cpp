@@ -58,9 +58,13 @@ TEST_F(ServerConnectionTest, ReadsInChunksInsideTheEventUntilItIsClosed) {
     streams.last().feed(sent);
     EXPECT_EQ(delegate->calls, "256 256 88 ");
     EXPECT_EQ(delegate->bytes, sent);
+    streams.last().readResults = {0};
+    streams.last().fireInput(StreamEvent::HasBytesAvailable);
+    EXPECT_EQ(delegate->calls, "256 256 88 0 ") << "the end is told as no bytes";
+    open();
     delegate->onData = [this] { connection->closeConnection(); };
     streams.last().feed(sent);
-    EXPECT_EQ(delegate->calls, "256 256 88 256 ");
+    EXPECT_EQ(delegate->calls, "256 256 88 0 256 ");
     EXPECT_EQ(streams.liveStreams(), 0);
 }
 

@@ -11,7 +11,6 @@ TEST(CommandReader, cutsCommandsOutOfAnyBytes) {
         {"[U1SERIAL0][U1APPQ0]", "1 SERIAL0;1 APPQ0;"},
         {"x]\r\n[U4Z3V-35]\r\n]x", "4 Z3V-35;"},
         {"[U1Z3V-[[U1Z4M1]]", "1 Z4M1;"},
-        {"U1Z3V-35][U1Z3V-35", ""},
         {"[U1][][U][V1APPQ0][UxAPPQ0][U12Z3M1]", "1 ;-1 ;-1 U;-1 V1APPQ0;-1 UxAPPQ0;1 2Z3M1;"},
         {std::string("[U1\0\xFF]", 6), std::string("1 \0\xFF;", 5)},
         {"[" + longest + "][" + longest + "x]", "-1 " + longest + ";"},

@@ -12,9 +12,8 @@ TEST(EqResponse, SectionsAnswerAsTheirTypesMust) {
         {"a bypassed band is flat", {Type::Bypass, 1000, 12}, 1000, 0},
         {"a high-pass is down by 3 dB at its frequency", {Type::HighPass, 1000, 0}, 1000, -3.01},
         {"and falls by 12 dB an octave", {Type::HighPass, 1000, 0}, 125, -36.1},
-        {"and lets the lows pass, whatever its gain", {Type::LowPass, 5000, 15}, 50, 0},
-        {"a high shelf has its whole gain above", {Type::HighShelf, 200, 9}, 15'000, 9},
-        {"half of it at its frequency", {Type::HighShelf, 1000, 9}, 1000, 4.5},
+        {"a low-pass lets the lows pass, whatever its gain", {Type::LowPass, 5000, 15}, 50, 0},
+        {"a high shelf has half its gain at its frequency", {Type::HighShelf, 1000, 9}, 1000, 4.5},
         {"a low shelf has its whole gain below", {Type::LowShelf, 5000, -12}, 30, -12},
         {"a parametric band has its gain at its frequency", {Type::Parametric, 1000, 15}, 1000, 15},
         {"half of it half an octave away", {Type::Parametric, 1000, 6}, 1414.2, 3},
@@ -43,7 +42,6 @@ TEST(EqResponse, CurvesSpanTheAxisAndAddUp) {
 
 TEST(EqPlot, LabelsThatCollideGiveWayToThoseBefore) {
     const std::tuple<const char*, std::vector<EqPlot::Stretch>, std::vector<bool>> cases[] = {
-        {"far apart", {{0, 10}, {90, 100}, {40, 50}}, {true, true, true}},
         {"on the first", {{0, 10}, {90, 100}, {8, 18}}, {true, true, false}},
         {"just clear of both", {{0, 10}, {24, 34}, {12, 22}}, {true, true, true}},
         {"too near to the second", {{0, 10}, {23, 33}, {12, 22}}, {true, true, false}},
