@@ -64,7 +64,6 @@ TEST(Completion, OffersWhatMayStandThere) {
         {"tab ", {"zone", "group", "override", "scene"}},
         {"set polling_preference ", {"true", "false"}},
         {"set start_tab_preference ", {}},
-        {"set ip_address_preference ", {}},
         {"watch ", {"on", "off"}},
         {"app b", {"become-active", "back"}},
         {"tab zone zone ", {}},

@@ -87,7 +87,6 @@ TEST(Completion, OffersInEveryShellWhatTheProgramTakes) {
         {"lumbra-remote --settings p", "plain.json "},
         {"lumbra-remote --settings=t", "--settings=two\\ words.json "},
         {"lumbra-remote --connect-to ", ""},
-        {"lumbra-remote p", "p"},
         {"lumbra-unit-sim --reset-after 5 --e", "--e"},
         {"lumbra-unit-sim --unit ", "1 2 3 4 "},
         {"lumbra-unit-sim --unit 2 --u", "--u"},

@@ -34,7 +34,6 @@ TEST(Unit, reportsWhatCommandsLeadTo) {
         // An output alone. Turned on: unmuted and within the turn-on range; left alone when it was on.
         {"O3I7 O3M1 O3P0", "(U1O3I7)(U1O3M1)(U1O3P0)"},
         {"O16M1 O16V-60 O16M1 O16P1", "(U1O16M1)(U1O16V-60)(U1O16M1)(U1O16P1)(U1O16V-50)"},
-        {"O16P1 O9P1", "(U1O16P1)(U1O16V-25)(U1O9P1)(U1O9V-28)(U1O9M1)"},
         // Bands: what a filter's command does not carry stays.
         {"O3B2HPF80 O3B2LPF20000 O3B2HS-6F8000", "(U1O3B2HPF80)(U1O3B2LPF20000)(U1O3B2HS-6F8000)"},
         {"O3B7LS15F1 O3B2P-15F1000 O3B2BYPASS", "(U1O3B7LS15F1)(U1O3B2P-15F1000)(U1O3B2BYPASS)"},

@@ -53,6 +53,7 @@ TEST(Trace, WhatIsNoneIsToldWithItsLine) {
     const auto attempt = R"({"time":1,"link":1,"event":"attempt","host":"a","port":1})"s;
     const std::pair<std::string, const char*> lines[] = {
         {"", "no JSON object"},
+        {R"({"link":1,"event":"opened"})", "no \"time\""},
         {R"({"time":0.9,"link":1,"event":"opened"})", "earlier"},
         {R"({"time":1,"event":"opened"})", "no \"link\""},
         {R"({"time":1,"link":2,"sent":"a"})", "no attempt is known"},

@@ -57,7 +57,7 @@ TEST(FirstRun, TellsWhatWasAnswered) {
         FirstRun first([&](const auto& unit) {
             answers.push_back(unit ? unit->address + " " + std::to_string(unit->unit) : "demo");
         });
-        ASSERT_TRUE(first.show(false));
+        ASSERT_TRUE(first.show(false) && QGuiApplication::topLevelWindows().constFirst()->isVisible());
         const auto press = [](const char* name, const char* property = nullptr, const QVariant& value = {}) {
             for (auto* const window : QGuiApplication::topLevelWindows())
                 if (auto* const item = window->findChild<QObject*>(QString::fromLatin1(name)))
