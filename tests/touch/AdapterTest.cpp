@@ -182,6 +182,9 @@ TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
         if (translator.load(QStringLiteral(":/i18n/lumbra_%1.qm").arg(QLatin1String(language))))
             QCoreApplication::installTranslator(&translator);
         EXPECT_EQ(spokenName(QString::fromUtf8(where), caption).toStdString(), spoken) << language;
+        const auto alert = translatedText("Failed to connect to IP address 10.0.0.9.").toStdString();
+        EXPECT_TRUE(alert.starts_with("Failed") == (*language == 'e' && language[1] == 'n') &&
+                    alert.ends_with("10.0.0.9."));
     }
 }
 
@@ -206,7 +209,7 @@ TEST(BandText, IsExactInEveryLanguage) {
 }
 
 TEST(AddressHint, TellsWhatIsOddAndNothingElse) {
-    for (const char* fine : {"192.168.1.50", "0.0.0.0", "unit.local", "lumbra", "fe80::1%eth0", "::1"})
+    for (const char* fine : {"192.168.1.50", "0.0.0.0", "unit.local", "lumbra", "fe80::1%eth0", "::a"})
         EXPECT_TRUE(addressHint(QString::fromLatin1(fine)).isEmpty()) << fine;
     for (const char* odd : {"", "192.168.1", "192.168.1.256", "192.168.1.0050", "192.168..50", "1.2.3.4.5",
                             "192.168.1.50 ", "192.168.1.50:23", "unit:23", "http//x"})
