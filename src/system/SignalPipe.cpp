@@ -21,11 +21,9 @@ std::array<Handled, NSIG> handled;
 void handleSignal(int signal) {
     const int error = errno;
     const auto& entry = handled[static_cast<std::size_t>(signal)];
-    if (entry.once)
-        for (int other = 1; other < NSIG; ++other)
-            if (const auto& same = handled[static_cast<std::size_t>(other)];
-                same.once && same.pipe == entry.pipe)
-                ::signal(other, SIG_DFL); // NOLINT: the system's macro
+    for (int other = 1; other < NSIG; ++other)
+        if (const auto& same = handled[static_cast<std::size_t>(other)]; same.once && same.pipe == entry.pipe)
+            ::signal(other, SIG_DFL); // NOLINT: the system's macro
     const auto byte = static_cast<unsigned char>(signal);
     // If the pipe is full, enough signals are pending.
     [[maybe_unused]] const auto written = ::write(entry.pipe, &byte, 1);
