@@ -52,16 +52,13 @@ public:
             ::fcntl(output_[1], F_SETPIPE_SZ, 4096);
         else
             useFile();
-        console_.emplace(remote.application, watcher_,
-                         ConsoleOptions{.json = json,
-                                        .input = input_[0],
-                                        .output = output_[1],
-                                        .endSignals = signals_[0],
-                                        .windowSignals = -1},
-                         [this](int status) {
-                             check(!exitStatus, "the program ended twice");
-                             exitStatus = status;
-                         });
+        console_.emplace(
+            remote.application, watcher_,
+            ConsoleOptions{.json = json, .input = input_[0], .output = output_[1], .endSignals = signals_[0]},
+            [this](int status) {
+                check(!exitStatus, "the program ended twice");
+                exitStatus = status;
+            });
         console_->start();
         settle();
     }

@@ -18,11 +18,11 @@ namespace lumbra {
 
 /// The caller owns the descriptors, which outlive the front end.
 struct ConsoleOptions {
-    bool json; ///< JSON Lines instead of text
+    bool json = false; ///< JSON Lines instead of text
     int input = 0;
     int output = 1;
-    int endSignals;    ///< readable once the program should end; -1: never
-    int windowSignals; ///< non-blocking, readable once the terminal's window has changed; -1: never
+    int endSignals = -1;    ///< readable once the program should end; -1: never
+    int windowSignals = -1; ///< non-blocking, readable once the terminal's window has changed; -1: never
 };
 
 /// The console front end: shows the application's controls as text and operates them by commands. Main thread

@@ -76,13 +76,10 @@ public:
             ::pipe2(signals_.data(), O_CLOEXEC) != 0)
             std::abort();
         ::fcntl(output_[0], F_SETFL, O_NONBLOCK);
-        console.emplace(remote.application, watcher,
-                        ConsoleOptions{.json = json,
-                                       .input = input_[0],
-                                       .output = output_[1],
-                                       .endSignals = signals_[0],
-                                       .windowSignals = -1},
-                        [this](int status) { exitStatus = status; });
+        console.emplace(
+            remote.application, watcher,
+            ConsoleOptions{.json = json, .input = input_[0], .output = output_[1], .endSignals = signals_[0]},
+            [this](int status) { exitStatus = status; });
     }
     ~Session() {
         console.reset();
