@@ -35,7 +35,8 @@ Application::Application(const Platform& platform, Reconnection reconnection)
     : platform_(platform),
       tabs_(buildTabs(platform, activated_, alerts_)),
       delegate_(tabs_, platform.settings),
-      status_(*tabs_, link(), platform.queue) {
+      status_(*tabs_, link(), platform.queue),
+      hands_(link(), platform.queue) {
     if (reconnection != Reconnection::Automatic)
         return;
     keepConnected_.emplace(

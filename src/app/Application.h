@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/Hands.h"
 #include "app/KeepConnected.h"
 #include "app/NetworkTabController.h"
 #include "app/StatusMonitor.h"
@@ -63,6 +64,10 @@ public:
     }
     ServerConnection& link() { return *tabs_->serverConn(); }
     StatusMonitor& status() { return status_; }
+    Hands& hands() { return hands_; }
+    /// True for a control that can't be operated now: its command would be lost, because the link is not open. What
+    /// only chooses what is shown is never locked.
+    bool isLocked(const View::Item& item) const { return item.sends && !tabs_->serverConn()->isConnected(); }
     /// The rows of the current screen's item picker. Null on a screen without items.
     const ItemList* items() const;
     /// True if a closed link is opened again without the user.
@@ -80,6 +85,7 @@ private:
     std::shared_ptr<NetworkTabController> tabs_;
     AppDelegate delegate_;
     StatusMonitor status_;
+    Hands hands_;
     std::optional<KeepConnected> keepConnected_;
     Subscription screens_;
 };

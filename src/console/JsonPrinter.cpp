@@ -86,7 +86,8 @@ void tabs(Json& json, const TabBarController& tabs) {
 }
 
 void alertFields(Json& json, const Alert& alert) {
-    json.field("title", alert.title).field("message", alert.message).field("button", alert.button);
+    json.field("title", alert.title.english()).field("message", alert.message.english());
+    json.field("button", alert.button.english());
 }
 
 void itemFields(Json& json, std::size_t row, const ItemRow& item) {

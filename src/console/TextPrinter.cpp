@@ -124,8 +124,8 @@ std::string tabsOf(const TabBarController& tabs) {
 }
 
 std::string textOf(const Alert& alert) {
-    return escapedForTerminal(alert.title) + ": " + escapedForTerminal(alert.message) + " [" +
-           escapedForTerminal(alert.button) + "]";
+    return escapedForTerminal(alert.title.english()) + ": " + escapedForTerminal(alert.message.english()) +
+           " [" + escapedForTerminal(alert.button.english()) + "]";
 }
 
 std::string textOf(const std::optional<SettingValue>& value) {

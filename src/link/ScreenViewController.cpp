@@ -78,9 +78,11 @@ void ScreenViewController::dataReceived(const ReceiveBuffer& buffer, std::size_t
 }
 
 void ScreenViewController::displayConnectionError() {
-    context_.queue.post([self = shared(this),
-                         message = "Failed to connect to IP address " + serverConn_->ip_address() + "."] {
-        self->context_.alerts.present({LUMBRA_TEXT("System", "Error"), message, LUMBRA_TEXT("System", "OK")});
+    context_.queue.post([self = shared(this), address = serverConn_->ip_address()] {
+        self->context_.alerts.present(
+            {.title = {LUMBRA_TEXT("System", "Error")},
+             .message = {LUMBRA_TEXT("System", "Failed to connect to IP address %1."), {address}},
+             .button = {LUMBRA_TEXT("System", "OK")}});
     });
 }
 

@@ -12,6 +12,7 @@
 #include "toolkit/Slider.h"
 #include "toolkit/Switch.h"
 
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -82,6 +83,12 @@ public:
     void muteSwitchChange(Switch& sender) { send(setMute(kind_, model_.current, sender.isOn())); }
 
     std::size_t rowCount() const override { return itemNames().size(); }
+    const std::shared_ptr<Slider>& volumeOf(std::size_t row) const override {
+        return volumes_[static_cast<std::size_t>(itemForRow(static_cast<int>(row)))];
+    }
+    const std::shared_ptr<Switch>& muteOf(std::size_t row) const override {
+        return mutes_[static_cast<std::size_t>(itemForRow(static_cast<int>(row)))];
+    }
     ItemRow row(std::size_t row) const override {
         const auto item = static_cast<std::size_t>(itemForRow(static_cast<int>(row)));
         ItemRow shown{.name = itemNames()[row],
@@ -89,7 +96,11 @@ public:
                       .volume = model_.volume[item],
                       .level = volumeReading_(model_.volume[item]),
                       .mute = model_.mute[item],
-                      .power = {}};
+                      .power = {},
+                      .known = {},
+                      .askedVolume = {},
+                      .askedLevel = {},
+                      .askedInput = {}};
         if constexpr (requires { model_.power; })
             shown.power = model_.power[item];
         return shown;
@@ -106,7 +117,13 @@ protected:
           sourcePicker_(this->view().template outlet<Picker>("sourcePicker")),
           volumeSlider_(this->view().template outlet<Slider>("volumeSlider")),
           volumeLabel_(this->view().template outlet<Label>("volumeLabel")),
-          muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {}
+          muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {
+        for (std::size_t item = 0; item < volumes_.size(); ++item) {
+            volumes_[item] = std::make_shared<Slider>(volumeSlider_->minimum(), volumeSlider_->maximum(),
+                                                      static_cast<float>(model_.volume[item]));
+            mutes_[item] = std::make_shared<Switch>(model_.mute[item]);
+        }
+    }
 
     /// The highest volume that a report may set for the item, in dB.
     std::int64_t maxVolume(std::size_t item) const {
@@ -273,6 +290,8 @@ private:
     std::vector<std::string> sourcePickerData_;
     Model model_;
     Sources source_;
+    std::array<std::shared_ptr<Slider>, static_cast<std::size_t>(Model::size)> volumes_;
+    std::array<std::shared_ptr<Switch>, static_cast<std::size_t>(Model::size)> mutes_;
 };
 
 } // namespace lumbra

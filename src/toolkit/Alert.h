@@ -1,19 +1,19 @@
 #pragma once
 
 #include "toolkit/Signal.h"
+#include "toolkit/Text.h"
 
 #include <functional>
 #include <optional>
-#include <string>
 #include <utility>
 
 namespace lumbra {
 
-/// A message with one button, whose only effect is to close it. Texts are UTF-8.
+/// A message with one button, whose only effect is to close it.
 struct Alert {
-    std::string title;
-    std::string message;
-    std::string button;
+    Text title;
+    Text message;
+    Text button;
 };
 
 /// Holds the alert that is shown. Presenting another one replaces it. Main thread only.

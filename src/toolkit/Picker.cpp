@@ -55,4 +55,8 @@ bool Picker::pickByUser(int row) {
     return true;
 }
 
+bool Picker::pickByUser(int row, std::string_view text) {
+    return has(row) && rows_[static_cast<std::size_t>(row)] == text && pickByUser(row);
+}
+
 } // namespace lumbra

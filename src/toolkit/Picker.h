@@ -73,6 +73,8 @@ public:
     /// The user turns the wheel to `row`, which may be selected already: one event. Returns false and does
     /// nothing if disabled or if there is no such row.
     bool pickByUser(int row);
+    /// The same, and also false if the text of the row is no longer `text`, which is what the user saw there.
+    bool pickByUser(int row, std::string_view text);
 
 private:
     bool has(int row) const { return row >= 0 && row < static_cast<int>(rows_.size()); }

@@ -212,7 +212,7 @@ private:
             {"alerts", [&] { return std::to_string(std::exchange(alertCount_, 0)); }},
             {"alert",
              [&] {
-                 return application.alerts().shown().value_or(Alert{{}, "none", {}}).message;
+                 return application.alerts().shown().value_or(Alert{{}, {"none"}, {}}).message.english();
              }},
             {"sockets", [&] { return std::to_string(streams.liveStreams() / 2); }},
             {"show", [&] { return name + " " + shown(name); }},
