@@ -15,7 +15,7 @@
 #include "Input.h"
 #include "Invariants.h"
 #include "Session.h"
-#include "console/JsonPrinter.h"
+#include "script/JsonPrinter.h"
 
 #include <rapidjson/document.h>
 
@@ -119,10 +119,10 @@ public:
     std::string state() {
         const auto before = printed().size();
         console::DescriptorOutput output(output_[1], -1, remote.queue, nullptr);
-        console::JsonPrinter(output).state(
-            "state", {remote.application.tabs(), remote.application.alerts().shown(),
-                      remote.application.link().linkState(), remote.application.status().status(),
-                      remote.application.items()});
+        script::JsonPrinter(output).state("state",
+                                          {remote.application.tabs(), remote.application.alerts().shown(),
+                                           remote.application.link().linkState(),
+                                           remote.application.status().status(), remote.application.items()});
         output.finish();
         return printed().substr(before);
     }
@@ -317,7 +317,7 @@ void readText(std::string_view line, Replies& replies, std::size_t& rows) {
     } else if (line.starts_with("  ")) {
         if (rows == 0 || rows == std::string_view::npos) {
             const auto& command = replies.next(line);
-            rows = command.word() == "help" ? console::CommandInterpreter::commands().size()
+            rows = command.word() == "help" ? script::CommandInterpreter::commands().size()
                    : command.isOneWord()    ? 6
                                             : 1;
             replies.add(line, true);

@@ -1,14 +1,16 @@
 #include "console/Completion.h"
 
 #include "app/Settings.h"
-#include "console/CommandInterpreter.h"
-#include "console/CommandWords.h"
-#include "console/Words.h"
+#include "script/CommandInterpreter.h"
+#include "script/CommandWords.h"
+#include "script/Words.h"
 
 #include <algorithm>
 #include <optional>
 
 namespace lumbra::console {
+
+using namespace script;
 
 namespace {
 

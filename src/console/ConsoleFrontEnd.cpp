@@ -1,8 +1,8 @@
 #include "console/ConsoleFrontEnd.h"
 
 #include "console/Completion.h"
-#include "console/JsonPrinter.h"
 #include "console/TextPrinter.h"
+#include "script/JsonPrinter.h"
 
 #include <array>
 #include <cerrno>
@@ -16,6 +16,7 @@
 namespace lumbra {
 
 using namespace console;
+using namespace script;
 
 namespace {
 
@@ -138,10 +139,7 @@ void ConsoleFrontEnd::pump() {
 }
 
 void ConsoleFrontEnd::pumpLater() {
-    auto work = [this, weak = std::weak_ptr(life_)] {
-        if (!weak.expired())
-            pump();
-    };
+    auto work = life_.guard([this] { pump(); });
     if (output_.isFull())
         application_.queue().postAfter(FULL_OUTPUT_PAUSE, std::move(work));
     else

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "app/Application.h"
-#include "console/CommandInterpreter.h"
 #include "console/DescriptorOutput.h"
-#include "console/EventReporter.h"
 #include "console/LineBuffer.h"
 #include "console/LineEditor.h"
-#include "console/Printer.h"
 #include "platform/DescriptorWatch.h"
+#include "platform/Lifetime.h"
+#include "script/CommandInterpreter.h"
+#include "script/EventReporter.h"
+#include "script/Printer.h"
 
 #include <deque>
 #include <functional>
@@ -45,7 +46,7 @@ private:
     void readWindowSignals();
     void pump();
     void pumpLater();
-    std::optional<console::Line> nextLine();
+    std::optional<script::Line> nextLine();
     void end(bool atOnce);
 
     Application& application_;
@@ -56,18 +57,18 @@ private:
 
     std::unique_ptr<console::LineEditor> editor_; ///< on a terminal only
     console::DescriptorOutput output_;
-    std::unique_ptr<console::Printer> printer_;
-    console::EventReporter events_;
-    console::CommandInterpreter interpreter_;
+    std::unique_ptr<script::Printer> printer_;
+    script::EventReporter events_;
+    script::CommandInterpreter interpreter_;
 
     console::LineBuffer lines_;
-    std::deque<console::Line> typed_;
+    std::deque<script::Line> typed_;
     bool inputEnded_ = false;
     bool ended_ = false;
     std::unique_ptr<DescriptorWatch> inputWatch_;
     std::unique_ptr<DescriptorWatch> endWatch_;
     std::unique_ptr<DescriptorWatch> windowWatch_;
-    std::shared_ptr<char> life_ = std::make_shared<char>();
+    Lifetime life_;
 };
 
 } // namespace lumbra

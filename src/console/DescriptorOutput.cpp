@@ -33,12 +33,10 @@ void DescriptorOutput::write(std::string_view lines) {
 
 void DescriptorOutput::scheduleFlush(bool later) {
     scheduled_ = true;
-    auto work = [this, weak = std::weak_ptr(life_)] {
-        if (weak.expired())
-            return;
+    auto work = life_.guard([this] {
         scheduled_ = false;
         flush();
-    };
+    });
     if (later)
         queue_.postAfter(OFFER_INTERVAL, std::move(work));
     else
@@ -50,8 +48,8 @@ void DescriptorOutput::flush() {
     const bool wasBehind = std::exchange(behind_, !pending_.empty());
     if (behind_ && !scheduled_)
         scheduleFlush(true);
-    if (wasBehind && !behind_ && caughtUp_)
-        caughtUp_();
+    if (wasBehind && !behind_)
+        announceCaughtUp();
 }
 
 void DescriptorOutput::finish() {

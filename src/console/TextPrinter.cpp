@@ -1,8 +1,8 @@
 #include "console/TextPrinter.h"
 
-#include "console/ConsoleCommand.h"
-#include "console/Numbers.h"
-#include "console/Utf8.h"
+#include "script/Command.h"
+#include "script/Numbers.h"
+#include "script/Utf8.h"
 #include "toolkit/Controls.h"
 
 #include <algorithm>
@@ -13,6 +13,8 @@
 #include <vector>
 
 namespace lumbra::console {
+
+using namespace script;
 
 namespace {
 
@@ -184,7 +186,7 @@ void TextPrinter::settings(std::string_view, std::span<const StoredSetting> sett
     output_.write(table.text());
 }
 
-void TextPrinter::help(std::string_view, std::span<const ConsoleCommand> commands) {
+void TextPrinter::help(std::string_view, std::span<const Command> commands) {
     Table<2> table;
     for (const auto& command : commands)
         table.add({std::string(command.usage), std::string(command.help)});

@@ -1,12 +1,12 @@
 #include "Session.h"
-#include "console/Utf8.h"
+#include "script/Utf8.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace lumbra;
-using namespace lumbra::console;
+using namespace lumbra::script;
 
 TEST(Utf8, WhatIsNoneIsReplacedByteByByte) {
     const std::pair<const char*, const char*> cases[] = {

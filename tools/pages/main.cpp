@@ -1,8 +1,8 @@
 // Prints what the tables of the programs tell about their options and commands: a manual page, from a template that
 // holds the other sections, or the completions of a shell.
 
-#include "console/CommandInterpreter.h"
 #include "program/Options.h"
+#include "script/CommandInterpreter.h"
 #include "simulator/Options.h"
 
 #include <QFile>
@@ -96,7 +96,7 @@ QString manualOptions(const CommandLine& line) {
 
 QString manualCommands() {
     QString page;
-    for (const auto& command : console::CommandInterpreter::commands()) {
+    for (const auto& command : script::CommandInterpreter::commands()) {
         auto usage =
             roff(QString::fromLatin1(command.usage.data(), static_cast<qsizetype>(command.usage.size())));
         usage.replace(QRegularExpression(QStringLiteral("\\b([A-Z]+)\\b")), italic(QStringLiteral("\\1")));

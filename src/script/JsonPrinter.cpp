@@ -1,8 +1,8 @@
-#include "console/JsonPrinter.h"
+#include "script/JsonPrinter.h"
 
-#include "console/ConsoleCommand.h"
-#include "console/Numbers.h"
-#include "console/Utf8.h"
+#include "script/Command.h"
+#include "script/Numbers.h"
+#include "script/Utf8.h"
 #include "toolkit/Controls.h"
 
 #include <rapidjson/stringbuffer.h>
@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 namespace {
 
@@ -180,10 +180,10 @@ void JsonPrinter::settings(std::string_view command, std::span<const StoredSetti
     });
 }
 
-void JsonPrinter::help(std::string_view command, std::span<const ConsoleCommand> commands) {
+void JsonPrinter::help(std::string_view command, std::span<const Command> commands) {
     line([&](Json& json) {
         json.field("reply", command).field("ok", true);
-        json.array("commands", commands, [](Json& array, const ConsoleCommand& entry) {
+        json.array("commands", commands, [](Json& array, const Command& entry) {
             array.element([&](Json& fields) {
                 fields.field("name", entry.name()).field("usage", entry.usage).field("help", entry.help);
             });
@@ -221,4 +221,4 @@ void JsonPrinter::itemChanged(const View& screen, std::size_t row, const ItemRow
     });
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

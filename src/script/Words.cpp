@@ -1,10 +1,10 @@
-#include "console/Words.h"
+#include "script/Words.h"
 
-#include "console/Utf8.h"
+#include "script/Utf8.h"
 
 #include <cstddef>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 namespace {
 
@@ -48,4 +48,4 @@ Words splitWords(std::string_view line) {
     return result;
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

@@ -14,9 +14,9 @@
 #include <span>
 #include <string_view>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
-struct ConsoleCommand;
+struct Command;
 
 /// A setting, which may be absent.
 struct StoredSetting {
@@ -33,7 +33,7 @@ struct State {
     const ItemList* items; ///< null on a screen without items
 };
 
-/// Prints the console's replies and events. There is one implementation for programs and one for people. Main
+/// Prints replies and events. There is one implementation for programs and one for people. Main
 /// thread only.
 class Printer {
 public:
@@ -45,7 +45,7 @@ public:
     virtual void failed(std::string_view command, std::string_view error) = 0;
     virtual void state(std::string_view command, const State& state) = 0;
     virtual void settings(std::string_view command, std::span<const StoredSetting> settings) = 0;
-    virtual void help(std::string_view command, std::span<const ConsoleCommand> commands) = 0;
+    virtual void help(std::string_view command, std::span<const Command> commands) = 0;
 
     // Events.
     virtual void screenChanged(const TabBarController& tabs) = 0;
@@ -56,4 +56,4 @@ public:
     virtual void itemChanged(const View& screen, std::size_t row, const ItemRow& item) = 0;
 };
 
-} // namespace lumbra::console
+} // namespace lumbra::script

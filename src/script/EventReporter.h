@@ -1,14 +1,14 @@
 #pragma once
 
 #include "app/Application.h"
-#include "console/DescriptorOutput.h"
-#include "console/Printer.h"
+#include "script/Output.h"
+#include "script/Printer.h"
 #include "toolkit/Signal.h"
 
 #include <cstddef>
 #include <vector>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 /// Prints the events of the application: the current screen, visible changes of its controls and, if wanted,
 /// of its items, alerts, the link and the screen's status. While the reader of the output is behind, changes
@@ -18,7 +18,7 @@ class EventReporter {
 public:
     /// Create it before the application is launched, so that it misses no event. All three outlive the
     /// reporter.
-    EventReporter(Application& application, Printer& printer, DescriptorOutput& output);
+    EventReporter(Application& application, Printer& printer, Output& output);
 
     /// Begins or ends the events of items.
     void watchItems(bool watches);
@@ -33,7 +33,7 @@ private:
 
     Application& application_;
     Printer& printer_;
-    DescriptorOutput& output_;
+    Output& output_;
     LinkState link_;
     const View* view_ = nullptr; ///< of the current screen
     /// Indices of changed items of the view, in the order of their first change.
@@ -45,8 +45,9 @@ private:
     Subscription alerts_;
     Subscription links_;
     Subscription statuses_;
+    Subscription caughtUp_;
     Subscription itemChange_;
     std::vector<Subscription> controls_; ///< of the view
 };
 
-} // namespace lumbra::console
+} // namespace lumbra::script

@@ -1,21 +1,21 @@
 #pragma once
 
-#include "console/DescriptorOutput.h"
-#include "console/Printer.h"
+#include "script/Output.h"
+#include "script/Printer.h"
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 /// Prints replies and events for programs: JSON Lines, one object a line, in UTF-8.
 class JsonPrinter final : public Printer {
 public:
     /// `output` outlives the printer.
-    explicit JsonPrinter(DescriptorOutput& output) : output_(output) {}
+    explicit JsonPrinter(Output& output) : output_(output) {}
 
     void done(std::string_view command) override;
     void failed(std::string_view command, std::string_view error) override;
     void state(std::string_view command, const State& state) override;
     void settings(std::string_view command, std::span<const StoredSetting> settings) override;
-    void help(std::string_view command, std::span<const ConsoleCommand> commands) override;
+    void help(std::string_view command, std::span<const Command> commands) override;
 
     void screenChanged(const TabBarController& tabs) override;
     void controlChanged(const View& screen, const View::Item& item) override;
@@ -28,7 +28,7 @@ private:
     template <class Write>
     void line(Write write);
 
-    DescriptorOutput& output_;
+    Output& output_;
 };
 
-} // namespace lumbra::console
+} // namespace lumbra::script

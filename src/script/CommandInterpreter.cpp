@@ -1,9 +1,9 @@
-#include "console/CommandInterpreter.h"
+#include "script/CommandInterpreter.h"
 
 #include "app/Settings.h"
-#include "console/CommandWords.h"
-#include "console/Numbers.h"
-#include "console/Words.h"
+#include "script/CommandWords.h"
+#include "script/Numbers.h"
+#include "script/Words.h"
 #include "toolkit/Controls.h"
 
 #include <algorithm>
@@ -12,12 +12,12 @@
 #include <optional>
 #include <utility>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 struct CommandTable {
     using I = CommandInterpreter;
     using A = Argument;
-    static constexpr std::array<ConsoleCommand, 16> COMMANDS{{
+    static constexpr std::array<Command, 16> COMMANDS{{
         {"help", "lists the commands", 0, 0, {}, &I::help},
         {"state", "shows the screen's controls, items and status, alert and link", 0, 0, {}, &I::state},
         {"tab NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
@@ -94,13 +94,13 @@ Failed noSuchSetting(const std::string& key) {
 CommandInterpreter::CommandInterpreter(Application& application, Printer& printer, Delegate delegate)
     : application_(application), printer_(printer), delegate_(std::move(delegate)) {}
 
-std::span<const ConsoleCommand> CommandInterpreter::commands() {
+std::span<const Command> CommandInterpreter::commands() {
     return CommandTable::COMMANDS;
 }
 
-const ConsoleCommand* CommandInterpreter::find(std::string_view name) {
+const Command* CommandInterpreter::find(std::string_view name) {
     const auto found = std::find_if(commands().begin(), commands().end(),
-                                    [&](const ConsoleCommand& known) { return known.name() == name; });
+                                    [&](const Command& known) { return known.name() == name; });
     return found == commands().end() ? nullptr : &*found;
 }
 
@@ -115,8 +115,7 @@ void CommandInterpreter::execute(const Line& line) {
     const auto* command = find(command_);
     const auto arguments = Arguments(words).subspan(words.empty() ? 0 : 1);
     if (line.tooLong)
-        answer(command_,
-               Failed{"a line may have at most " + std::to_string(LineBuffer::MAX_LINE) + " bytes"});
+        answer(command_, Failed{"a line may have at most " + std::to_string(Line::MAX_LENGTH) + " bytes"});
     else if (!error.empty())
         answer(command_, Failed{error});
     else if (!command)
@@ -349,4 +348,4 @@ Outcome CommandInterpreter::quit(Arguments) {
     return Done{};
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

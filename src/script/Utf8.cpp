@@ -1,4 +1,4 @@
-#include "console/Utf8.h"
+#include "script/Utf8.h"
 
 #include <rapidjson/encodings.h>
 #include <rapidjson/memorystream.h>
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 namespace {
 
@@ -92,4 +92,4 @@ std::string quotedForTerminal(std::string_view text) {
     return '"' + escaped(text, "\"\\") + '"';
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

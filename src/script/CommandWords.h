@@ -6,7 +6,7 @@
 #include <array>
 #include <string_view>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 // The keywords of arguments. The commands parse them, completion offers them.
 
@@ -33,4 +33,4 @@ constexpr bool contains(const std::array<std::string_view, COUNT>& words, std::s
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

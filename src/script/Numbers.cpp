@@ -1,4 +1,4 @@
-#include "console/Numbers.h"
+#include "script/Numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 #include <limits>
 #include <system_error>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::string decimalOf(float value) {
     return text;
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 /// The words of a command line. If there is an error, the last word is the one that has it.
 struct Words {
@@ -16,4 +16,4 @@ struct Words {
 /// `\"` is a quote and `\\` a backslash.
 Words splitWords(std::string_view line);
 
-} // namespace lumbra::console
+} // namespace lumbra::script

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "app/Application.h"
-#include "console/ConsoleCommand.h"
+#include "platform/Lifetime.h"
+#include "script/Command.h"
 #include "toolkit/Signal.h"
 
 #include <chrono>
 #include <functional>
-#include <memory>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 /// A `wait` command from its start to its outcome. Destroying it cancels it: no observer or posted work of it
 /// runs afterwards. Main thread only.
@@ -32,7 +32,6 @@ public:
 
 private:
     void check();
-    std::function<void()> whileAlive(void (PendingWait::*step)());
     void endWell();
     void timeOut();
 
@@ -40,7 +39,7 @@ private:
     Condition condition_;
     Ended ended_;
     Subscription change_;
-    std::shared_ptr<const char> life_ = std::make_shared<const char>();
+    Lifetime life_;
 };
 
-} // namespace lumbra::console
+} // namespace lumbra::script

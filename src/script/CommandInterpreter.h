@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/Application.h"
-#include "console/ConsoleCommand.h"
-#include "console/LineBuffer.h"
-#include "console/PendingWait.h"
-#include "console/Printer.h"
+#include "script/Command.h"
+#include "script/Line.h"
+#include "script/PendingWait.h"
+#include "script/Printer.h"
 
 #include <functional>
 #include <optional>
@@ -12,9 +12,9 @@
 #include <string>
 #include <string_view>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
-/// Executes the console's commands one after another and gives each exactly one reply. Main thread only.
+/// Executes commands one after another and gives each exactly one reply. Main thread only.
 class CommandInterpreter {
 public:
     struct Delegate {
@@ -29,9 +29,9 @@ public:
     CommandInterpreter(Application& application, Printer& printer, Delegate delegate);
 
     /// All commands, in the order of the help.
-    static std::span<const ConsoleCommand> commands();
+    static std::span<const Command> commands();
     /// The command with that name, or null.
-    static const ConsoleCommand* find(std::string_view name);
+    static const Command* find(std::string_view name);
 
     /// Executes one line. Empty lines and comments do nothing. Must not be called while `isHeld` or after
     /// `hasQuit`.
@@ -85,4 +85,4 @@ private:
     bool hasQuit_ = false;
 };
 
-} // namespace lumbra::console
+} // namespace lumbra::script

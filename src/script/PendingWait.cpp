@@ -1,12 +1,12 @@
-#include "console/PendingWait.h"
+#include "script/PendingWait.h"
 
 #include <utility>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds time, Ended ended)
     : queue_(queue), ended_(std::move(ended)) {
-    queue_.postAfter(time, whileAlive(&PendingWait::endWell));
+    queue_.postAfter(time, life_.guard([this] { endWell(); }));
 }
 
 PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds longest, Condition condition, Ended ended)
@@ -14,7 +14,7 @@ PendingWait::PendingWait(MainQueue& queue, std::chrono::nanoseconds longest, Con
     change_ = condition_.observe([this] { check(); });
     check();
     if (!condition_.isMet())
-        queue_.postAfter(longest, whileAlive(&PendingWait::timeOut));
+        queue_.postAfter(longest, life_.guard([this] { timeOut(); }));
 }
 
 void PendingWait::check() {
@@ -22,14 +22,7 @@ void PendingWait::check() {
         return;
     // Work that the application has posted by now runs before the next command, such as the query of a link
     // that has just opened.
-    queue_.post(whileAlive(&PendingWait::endWell));
-}
-
-std::function<void()> PendingWait::whileAlive(void (PendingWait::*step)()) {
-    return [this, step, weak = std::weak_ptr(life_)] {
-        if (!weak.expired())
-            (this->*step)();
-    };
+    queue_.post(life_.guard([this] { endWell(); }));
 }
 
 void PendingWait::endWell() {
@@ -44,4 +37,4 @@ void PendingWait::timeOut() {
     ended(Failed{condition_.explain()});
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

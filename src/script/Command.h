@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 class CommandInterpreter;
 
@@ -44,7 +44,7 @@ struct Held {};
 using Outcome = std::variant<Done, Failed, Answered, Held>;
 
 /// The definition of a command: its name, its arguments and its function.
-struct ConsoleCommand {
+struct Command {
     std::string_view usage; ///< name and arguments, as help shows them
     std::string_view help;
     std::size_t fewest; ///< the smallest number of arguments
@@ -55,4 +55,4 @@ struct ConsoleCommand {
     constexpr std::string_view name() const { return usage.substr(0, usage.find(' ')); }
 };
 
-} // namespace lumbra::console
+} // namespace lumbra::script

@@ -1,11 +1,11 @@
-#include "console/EventReporter.h"
+#include "script/EventReporter.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
-EventReporter::EventReporter(Application& application, Printer& printer, DescriptorOutput& output)
+EventReporter::EventReporter(Application& application, Printer& printer, Output& output)
     : application_(application),
       printer_(printer),
       output_(output),
@@ -21,9 +21,8 @@ EventReporter::EventReporter(Application& application, Printer& printer, Descrip
               printer_.linkChanged(link_ = link);
       })),
       statuses_(
-          application.status().onChange([this] { printer_.statusChanged(application_.status().status()); })) {
-    output_.onCaughtUp([this] { printGathered(); });
-}
+          application.status().onChange([this] { printer_.statusChanged(application_.status().status()); })),
+      caughtUp_(output.onCaughtUp([this] { printGathered(); })) {}
 
 void EventReporter::screenChanged() {
     printGathered();
@@ -79,4 +78,4 @@ void EventReporter::printGathered() {
         rowsChanged(0, list_->rowCount());
 }
 
-} // namespace lumbra::console
+} // namespace lumbra::script

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace lumbra::console {
+namespace lumbra::script {
 
 /// Parses a decimal integer with an optional sign; nothing if `text` is none or does not fit.
 std::optional<std::int64_t> parseWhole(std::string_view text);
@@ -22,4 +22,4 @@ std::optional<std::chrono::nanoseconds> parseSeconds(std::string_view text);
 /// does not look like an integer: "-40.0", "1301.03".
 std::string decimalOf(float value);
 
-} // namespace lumbra::console
+} // namespace lumbra::script
