@@ -26,16 +26,22 @@ void GroupViewController::processCommand(std::string_view report) {
 
 void GroupViewController::showItem() {
     ItemViewController::showItem();
+    showPower();
+}
+
+void GroupViewController::showPower() {
     powerSwitch_->setOn(ofCurrent(group().power));
+    setKnown(told(group().current).power, powerSwitch_);
 }
 
 void GroupViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
-    model().power[static_cast<std::size_t>(report.item)] = report.on;
+    ofItem(model().power, report.item) = report.on;
+    told(report.item).power = true;
     announceItem(report.item);
     if (isCurrent(report.item))
-        powerSwitch_->setOn(report.on);
+        showPower();
 }
 
 } // namespace lumbra

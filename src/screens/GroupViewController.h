@@ -26,6 +26,8 @@ private:
     using ItemViewController::handle;
     void handle(const reports::Power& report);
 
+    void showPower();
+
     Outlet<Switch> powerSwitch_;
 };
 

@@ -6,6 +6,7 @@
 #include "model/Sources.h"
 #include "protocol/Command.h"
 #include "protocol/ItemReports.h"
+#include "screens/ItemTold.h"
 #include "toolkit/ItemList.h"
 #include "toolkit/Label.h"
 #include "toolkit/Picker.h"
@@ -21,7 +22,6 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 namespace lumbra {
 
@@ -33,76 +33,89 @@ inline constexpr std::chrono::milliseconds DEFERRED_STEP{750};
 ///
 /// Model is Zones, Outputs or Groups: `size`, `current`, and by item `name`, `source`, `volume` and `mute`.
 template <class Model>
-class ItemViewController : public ScreenViewController,
-                           public PickerDataSource,
-                           public PickerDelegate,
-                           public ItemList {
+class ItemViewController : public ScreenViewController, public ItemList {
 public:
     void viewDidLoad() override {
         ScreenViewController::viewDidLoad();
-        itemPickerData_.assign(itemNames().begin(), itemNames().end());
-        sourcePickerData_ = source_.name_hide_str;
-        const auto self = shared(this);
-        for (const auto& picker : {itemPicker_, sourcePicker_}) {
-            picker->setDelegate(self);
-            picker->setDataSource(self);
-        }
-        volumeSlider_->setReading(
-            [reading = volumeReading_](float value) { return reading(truncated(value)); });
-        volumeSlider_->valueChanged.set(std::weak_ptr(self), &ItemViewController::volumeSliderChange);
-        muteSwitch_->valueChanged.set(std::weak_ptr(self), &ItemViewController::muteSwitchChange);
-    }
-
-    // Any picker other than the item picker is the input picker.
-    int numberOfRows(const Picker& picker) const override { return static_cast<int>(dataOf(picker).size()); }
-    std::string_view titleForRow(const Picker& picker, int row) const override {
-        return dataOf(picker).at(static_cast<std::size_t>(row));
-    }
-    AttributedText attributedTitleForRow(const Picker& picker, int row) const override {
-        return {titleForRow(picker, row), Color::White};
-    }
-    void didSelectRow(Picker& picker, int row) override {
-        if (itemPicker_.is(picker)) {
-            model_.current = itemForRow(row);
-            showItem();
-        } else {
-            ofCurrent(model_.source) = source_.name_hide_ref.at(static_cast<std::size_t>(row));
-            announceItem(model_.current);
-            send(selectInput(kind_, model_.current, ofCurrent(model_.source)));
+        itemPicker_->setRows(itemNames());
+        sourcePicker_->setRows(source_.name_hide_str);
+        const std::weak_ptr self = shared(this);
+        itemPicker_->picked.set(self, &ItemViewController::itemPick);
+        sourcePicker_->picked.set(self, &ItemViewController::sourcePick);
+        const auto reading = [volume = volumeReading_](float value) { return volume(truncated(value)); };
+        volumeSlider_->setReading(reading);
+        volumeSlider_->valueChanged.set(self, &ItemViewController::volumeSliderChange);
+        muteSwitch_->valueChanged.set(self, &ItemViewController::muteSwitchChange);
+        for (std::int64_t item = 0; item < Model::size; ++item) {
+            const auto& [told, volume, mute, isMoved] = ofItem(items_, item);
+            volume->setReading(reading);
+            volume->valueChanged.set(self, [item](auto& screen, Slider&) { screen.rowVolumeChange(item); });
+            mute->valueChanged.set(self, [item](auto& screen, Switch&) { screen.rowMuteChange(item); });
         }
     }
 
-    void volumeSliderChange(Slider&) {
-        defer(volumeSlider_, [this](float value) {
-            settle(truncated(value), ofCurrent(model_.volume), [&] {
-                announceItem(model_.current);
-                send(setVolume(kind_, model_.current, ofCurrent(model_.volume)));
-            });
+    void itemPick(Picker& sender) {
+        const auto left = std::exchange(model_.current, itemForRow(sender.selected()));
+        showRow(left);
+        showRow(model_.current);
+        showItem();
+    }
+    void sourcePick(Picker& sender) {
+        ofCurrent(model_.source) = ofItem(source_.name_hide_ref, sender.selected());
+        ask(model_.current, &ItemTold::input, ofCurrent(model_.source), selectInput);
+    }
+
+    // A move of the slider goes to the item that is current when its step runs, not to the one that was moved.
+    // That is meant: a pick puts the picked item's volume on the slider, so the step then finds nothing to do.
+    void volumeSliderChange(Slider& sender) {
+        ofCurrent(items_).volume->setValue(sender.value());
+        defer(volumeSlider_, [this](float value) { settleVolume(model_.current, value); });
+    }
+    void muteSwitchChange(Switch& sender) {
+        ofCurrent(items_).mute->setOn(sender.isOn());
+        send(setMute(kind_, model_.current, sender.isOn()));
+    }
+    // A move of a row goes to that row's item, whichever is current when the step runs.
+    void rowVolumeChange(std::int64_t item) {
+        auto& moved = ofItem(items_, item);
+        moved.isMoved = true;
+        if (isCurrent(item))
+            volumeSlider_->setValue(moved.volume->value());
+        defer(moved.volume, [this, item](float value) {
+            if (std::exchange(ofItem(items_, item).isMoved, false))
+                settleVolume(item, value);
         });
     }
-    void muteSwitchChange(Switch& sender) { send(setMute(kind_, model_.current, sender.isOn())); }
+    void rowMuteChange(std::int64_t item) {
+        const bool on = ofItem(items_, item).mute->isOn();
+        if (isCurrent(item))
+            muteSwitch_->flipByUser(on);
+        else
+            send(setMute(kind_, item, on));
+    }
 
     std::size_t rowCount() const override { return itemNames().size(); }
-    const std::shared_ptr<Slider>& volumeOf(std::size_t row) const override {
-        return volumes_[static_cast<std::size_t>(itemForRow(static_cast<int>(row)))];
-    }
-    const std::shared_ptr<Switch>& muteOf(std::size_t row) const override {
-        return mutes_[static_cast<std::size_t>(itemForRow(static_cast<int>(row)))];
-    }
+    const std::shared_ptr<Slider>& volumeOf(std::size_t row) const override { return itemOf(row).volume; }
+    const std::shared_ptr<Switch>& muteOf(std::size_t row) const override { return itemOf(row).mute; }
     ItemRow row(std::size_t row) const override {
-        const auto item = static_cast<std::size_t>(itemForRow(static_cast<int>(row)));
+        const auto item = itemForRow(static_cast<int>(row));
+        const auto& told = ofItem(items_, item).told;
         ItemRow shown{.name = itemNames()[row],
-                      .input = source_.name[static_cast<std::size_t>(model_.source[item])],
-                      .volume = model_.volume[item],
-                      .level = volumeReading_(model_.volume[item]),
-                      .mute = model_.mute[item],
+                      .input = ofItem(source_.name, told.input.reported),
+                      .volume = told.volume.reported,
+                      .level = volumeReading_(told.volume.reported),
+                      .mute = ofItem(model_.mute, item),
                       .power = {},
-                      .known = {},
-                      .askedVolume = {},
+                      .known = told.known(),
+                      .askedVolume = told.volume.asked,
                       .askedLevel = {},
                       .askedInput = {}};
         if constexpr (requires { model_.power; })
-            shown.power = model_.power[item];
+            shown.power = ofItem(model_.power, item);
+        if (told.volume.asked)
+            shown.askedLevel = volumeReading_(*told.volume.asked);
+        if (told.input.asked)
+            shown.askedInput = ofItem(source_.name, *told.input.asked);
         return shown;
     }
 
@@ -118,17 +131,23 @@ protected:
           volumeSlider_(this->view().template outlet<Slider>("volumeSlider")),
           volumeLabel_(this->view().template outlet<Label>("volumeLabel")),
           muteSwitch_(this->view().template outlet<Switch>("muteSwitch")) {
-        for (std::size_t item = 0; item < volumes_.size(); ++item) {
-            volumes_[item] = std::make_shared<Slider>(volumeSlider_->minimum(), volumeSlider_->maximum(),
-                                                      static_cast<float>(model_.volume[item]));
-            mutes_[item] = std::make_shared<Switch>(model_.mute[item]);
+        for (std::int64_t item = 0; item < Model::size; ++item) {
+            auto& [told, volume, mute, isMoved] = ofItem(items_, item);
+            told.volume.reported = ofItem(model_.volume, item);
+            told.input.reported = ofItem(model_.source, item);
+            volume = std::make_shared<Slider>(volumeSlider_->minimum(), volumeSlider_->maximum(),
+                                              static_cast<float>(ofItem(model_.volume, item)));
+            volume->setKnown(false);
+            mute = std::make_shared<Switch>(ofItem(model_.mute, item));
+            mute->setKnown(false);
+            showLimit(item);
         }
     }
 
     /// The highest volume that a report may set for the item, in dB.
-    std::int64_t maxVolume(std::size_t item) const {
-        if constexpr (requires { model_.max_volume[item]; })
-            return model_.max_volume[item];
+    std::int64_t maxVolume(std::int64_t item) const {
+        if constexpr (requires { model_.max_volume[0]; })
+            return ofItem(model_.max_volume, item);
         else
             return Model::max_volume;
     }
@@ -137,21 +156,59 @@ protected:
     virtual void showItem() {
         showSource();
         showVolume();
-        muteSwitch_->setOn(ofCurrent(model_.mute));
+        volumeSlider_->setLimit(static_cast<float>(maxVolume(model_.current)));
+        showMute();
+    }
+    /// Shows an item that is picked or left in its row's controls. A move that is not sent yet stays.
+    virtual void showRow(std::int64_t item) {
+        const auto& row = ofItem(items_, item);
+        if (!row.isMoved)
+            row.volume->setValue(static_cast<float>(ofItem(model_.volume, item)));
+        row.mute->setOn(ofItem(model_.mute, item));
     }
 
     Model& model() { return model_; }
     const Model& model() const { return model_; }
     ItemKind itemKind() const { return kind_; }
     Switch& muteSwitch() { return *muteSwitch_.operator->(); }
-    /// The current item's element of one of the model's fields.
+    Switch& rowMute(std::int64_t item) { return *ofItem(items_, item).mute; }
+    ItemTold& told(std::int64_t item) { return ofItem(items_, item).told; }
+    /// An item's element of one of the model's fields.
+    template <class Field>
+    static auto& ofItem(Field& field, std::int64_t item) {
+        return field[static_cast<std::size_t>(item)];
+    }
     template <class Field>
     auto& ofCurrent(Field& field) const {
-        return field[static_cast<std::size_t>(model_.current)];
+        return ofItem(field, model_.current);
     }
-    void showVolume() {
-        volumeSlider_->setValue(static_cast<float>(ofCurrent(model_.volume)));
-        volumeLabel_->setReading(volumeReading_(ofCurrent(model_.volume)));
+
+    // Call after a report has given the value: it is shown in the item's row and, if the item is current, on the
+    // card.
+    void volumeReported(std::int64_t item) {
+        auto& row = ofItem(items_, item);
+        row.isMoved = false;
+        row.volume->setValue(static_cast<float>(ofItem(model_.volume, item)));
+        row.volume->setKnown(row.told.volume.known);
+        if (isCurrent(item))
+            showVolume();
+    }
+    void muteReported(std::int64_t item) {
+        auto& row = ofItem(items_, item);
+        row.mute->setOn(ofItem(model_.mute, item));
+        row.mute->setKnown(row.told.mute);
+        if (isCurrent(item))
+            showMute();
+    }
+    void showLimit(std::int64_t item) {
+        const auto limit = static_cast<float>(maxVolume(item));
+        ofItem(items_, item).volume->setLimit(limit);
+        if (isCurrent(item))
+            volumeSlider_->setLimit(limit);
+    }
+    template <class... Controls>
+    static void setKnown(bool known, const Outlet<Controls>&... controls) {
+        (controls->setKnown(known), ...);
     }
 
     // The deferred slider step. Each value-changed event schedules one step 0.75 s later, which reads the
@@ -174,27 +231,25 @@ protected:
     }
 
     static bool isItem(int item) { return item >= 0 && item < Model::size; }
-    bool isCurrent(int item) const { return item == model_.current; }
+    bool isCurrent(std::int64_t item) const { return item == model_.current; }
     static bool isInput(int input) { return input >= 0 && input < Sources::size; }
 
     void handle(const reports::Volume& report) {
-        if (!isItem(report.item))
+        if (!isItem(report.item) || report.level < Model::min_volume || report.level > maxVolume(report.item))
             return;
-        const auto item = static_cast<std::size_t>(report.item);
-        if (report.level < Model::min_volume || report.level > maxVolume(item))
-            return;
-        model_.volume[item] = report.level;
-        model_.mute[item] = false;
+        ofItem(model_.volume, report.item) = report.level;
+        ofItem(model_.mute, report.item) = false;
+        told(report.item).volume.report(report.level);
+        told(report.item).mute = true;
         announceItem(report.item);
-        if (!isCurrent(report.item))
-            return;
-        showVolume();
-        muteSwitch_->setOn(false);
+        volumeReported(report.item);
+        muteReported(report.item);
     }
     void handle(const reports::Input& report) {
         if (!isItem(report.item) || !isInput(report.input))
             return;
-        model_.source[static_cast<std::size_t>(report.item)] = report.input;
+        ofItem(model_.source, report.item) = report.input;
+        told(report.item).input.report(report.input);
         announceItem(report.item);
         if (isCurrent(report.item))
             showSource();
@@ -202,38 +257,39 @@ protected:
     void handle(const reports::Mute& report) {
         if (!isItem(report.item))
             return;
-        model_.mute[static_cast<std::size_t>(report.item)] = report.on;
+        ofItem(model_.mute, report.item) = report.on;
+        told(report.item).mute = true;
         announceItem(report.item);
-        if (isCurrent(report.item))
-            muteSwitch_->setOn(report.on);
+        muteReported(report.item);
     }
     void handle(const reports::ItemName& report) {
         if (!isItem(report.item))
             return;
-        model_.name[static_cast<std::size_t>(report.item)] = report.name.view();
+        ofItem(model_.name, report.item) = report.name.view();
+        told(report.item).name = true;
         itemsChanged();
     }
     void handle(const reports::InputName& report) {
         if (!isInput(report.input))
             return;
-        source_.name[static_cast<std::size_t>(report.input)] = report.name.view();
+        ofItem(source_.name, report.input) = report.name.view();
         inputsChanged();
         announceRows();
     }
     void handle(const reports::InputStereo& report) {
         if (!isInput(report.input))
             return;
-        source_.stereo[static_cast<std::size_t>(report.input)] = report.on;
+        ofItem(source_.stereo, report.input) = report.on;
         inputsChanged();
     }
     void handle(const reports::EndOfState&) { spinner().stopAnimating(); }
 
-    /// Call after an item's name, or a value that decides whether it is listed, has changed.
+    /// Call after an item's name, or a value that decides whether it is listed, has changed. An item that is no
+    /// longer listed stays current and the target of all commands until another is picked. That is meant.
     void itemsChanged() {
         if constexpr (hasHideLists)
             model_.rebuildHideLists();
-        itemPickerData_.assign(itemNames().begin(), itemNames().end());
-        itemPicker_->reloadAllComponents();
+        itemPicker_->setRows(itemNames());
         itemPicker_->selectRow(rowForItem(model_.current));
         announceRows();
     }
@@ -265,16 +321,44 @@ private:
         return static_cast<int>(item);
     }
 
-    const std::vector<std::string>& dataOf(const Picker& picker) const {
-        return itemPicker_.is(picker) ? itemPickerData_ : sourcePickerData_;
+    struct Item {
+        ItemTold told{.volume = {0}, .input = {0}};
+        std::shared_ptr<Slider> volume; ///< of the item's row
+        std::shared_ptr<Switch> mute;
+        bool isMoved = false; ///< the user has moved `volume`, and neither a step nor a report has come since
+    };
+    const Item& itemOf(std::size_t row) const { return ofItem(items_, itemForRow(static_cast<int>(row))); }
+
+    /// Sends what `command` makes of `value`. That is asked for if bytes have left.
+    void ask(std::int64_t item, Told ItemTold::*number, std::int64_t value,
+             std::string (*command)(ItemKind, std::int64_t, std::int64_t)) {
+        if (send(command(kind_, item, value)) <= 0)
+            return;
+        (told(item).*number).asked = value;
+        announceItem(item);
+    }
+    void settleVolume(std::int64_t item, float value) {
+        auto& volume = ofItem(model_.volume, item);
+        settle(truncated(value), volume, [&] { ask(item, &ItemTold::volume, volume, setVolume); });
+    }
+
+    // The current item's controls.
+    void showVolume() {
+        volumeSlider_->setValue(ofCurrent(items_).volume->value());
+        volumeLabel_->setReading(volumeReading_(ofCurrent(model_.volume)));
+        setKnown(ofCurrent(items_).told.volume.known, volumeSlider_, volumeLabel_);
+    }
+    void showMute() {
+        muteSwitch_->setOn(ofCurrent(model_.mute));
+        setKnown(ofCurrent(items_).told.mute, muteSwitch_);
     }
     void showSource() {
         sourcePicker_->selectRow(static_cast<int>(source_.hideRowForRef(ofCurrent(model_.source))));
+        setKnown(ofCurrent(items_).told.input.known, sourcePicker_);
     }
     void inputsChanged() {
         source_.rebuildHideLists();
-        sourcePickerData_ = source_.name_hide_str;
-        sourcePicker_->reloadAllComponents();
+        sourcePicker_->setRows(source_.name_hide_str);
         showSource();
     }
 
@@ -285,13 +369,9 @@ private:
     Outlet<Slider> volumeSlider_;
     Outlet<Label> volumeLabel_;
     Outlet<Switch> muteSwitch_;
-    // The pickers show these copies, never the models.
-    std::vector<std::string> itemPickerData_;
-    std::vector<std::string> sourcePickerData_;
     Model model_;
     Sources source_;
-    std::array<std::shared_ptr<Slider>, static_cast<std::size_t>(Model::size)> volumes_;
-    std::array<std::shared_ptr<Switch>, static_cast<std::size_t>(Model::size)> mutes_;
+    std::array<Item, static_cast<std::size_t>(Model::size)> items_;
 };
 
 } // namespace lumbra

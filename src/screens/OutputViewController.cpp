@@ -86,14 +86,29 @@ void OutputViewController::processCommand(std::string_view report) {
 
 void OutputViewController::showItem() {
     ItemViewController::showItem();
-    powerSwitch_->setOn(ofCurrent(output().power));
+    showPower();
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
         const auto gain = ofCurrent(output().filter_gain)[band];
         filterGain_[band]->setValue(static_cast<float>(gain));
         filterGainLabel_[band]->setReading(decibels(gain));
         showFrequency(band);
         showType(band);
+        showKnown(band);
     }
+}
+
+void OutputViewController::showRow(std::int64_t item) {
+    ItemViewController::showRow(item);
+    enableRowMute(item);
+}
+
+void OutputViewController::enableRowMute(std::int64_t item) {
+    rowMute(item).setEnabled(ofItem(output().power, item) && (!isCurrent(item) || muteSwitch().isEnabled()));
+}
+
+void OutputViewController::showPower() {
+    powerSwitch_->setOn(ofCurrent(output().power));
+    setKnown(told(output().current).power, powerSwitch_);
 }
 
 void OutputViewController::showType(std::size_t band) {
@@ -101,6 +116,13 @@ void OutputViewController::showType(std::size_t band) {
     filterType_[band]->setSelected(static_cast<int>(type));
     filterFreq_[band]->setEnabled(type != Outputs::FILTER_BYPASS);
     filterGain_[band]->setEnabled(hasGain(type));
+}
+
+void OutputViewController::showKnown(std::size_t band) {
+    const auto& known = told(output().current).bands[band];
+    setKnown(known.type, filterType_[band]);
+    setKnown(known.frequency, filterFreq_[band], filterFreqLabel_[band]);
+    setKnown(known.gain, filterGain_[band], filterGainLabel_[band]);
 }
 
 void OutputViewController::showFrequency(std::size_t band) {
@@ -112,22 +134,33 @@ void OutputViewController::showFrequency(std::size_t band) {
 void OutputViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
-    const auto item = static_cast<std::size_t>(report.item);
     auto& outputs = model();
-    outputs.power[item] = report.on;
+    auto& reported = told(report.item);
+    ofItem(outputs.power, report.item) = report.on;
+    reported.power = true;
     if (report.on) {
-        outputs.mute[item] = false;
-        outputs.volume[item] = std::max(outputs.volume[item], outputs.min_to_volume[item]);
-        outputs.volume[item] = std::min(outputs.volume[item], outputs.max_to_volume[item]);
+        const auto turnedOn = [&](std::int64_t volume) {
+            return std::min(std::max(volume, ofItem(outputs.min_to_volume, report.item)),
+                            ofItem(outputs.max_to_volume, report.item));
+        };
+        ofItem(outputs.mute, report.item) = false;
+        reported.mute = true;
+        auto& volume = ofItem(outputs.volume, report.item);
+        volume = turnedOn(volume);
+        // A volume that no report has given stays unknown.
+        if (reported.volume.known)
+            reported.volume.reported = turnedOn(reported.volume.reported);
     }
     announceItem(report.item);
-    if (!isCurrent(report.item))
-        return;
-    powerSwitch_->setOn(report.on);
-    muteSwitch().setEnabled(report.on);
+    if (isCurrent(report.item)) {
+        showPower();
+        // Nothing else sets this: a mute that is locked stays so when another output is picked. That is meant.
+        muteSwitch().setEnabled(report.on);
+    }
+    enableRowMute(report.item);
     if (report.on) {
-        muteSwitch().setOn(false);
-        showVolume();
+        muteReported(report.item);
+        volumeReported(report.item);
     }
 }
 
@@ -138,13 +171,16 @@ void OutputViewController::handle(const outputs::Band& report) {
         return;
     if (report.gain && (*report.gain < Outputs::GAIN_MIN || *report.gain > Outputs::GAIN_MAX))
         return;
-    const auto item = static_cast<std::size_t>(report.item);
     const auto band = static_cast<std::size_t>(report.band);
-    model().filter_type[item][band] = report.type;
+    auto& known = told(report.item).bands[band];
+    ofItem(model().filter_type, report.item)[band] = report.type;
+    known.type = true;
     if (report.frequency)
-        model().filter_freq[item][band] = *report.frequency;
+        ofItem(model().filter_freq, report.item)[band] = *report.frequency;
     if (report.gain)
-        model().filter_gain[item][band] = *report.gain;
+        ofItem(model().filter_gain, report.item)[band] = *report.gain;
+    known.frequency |= report.frequency.has_value();
+    known.gain |= report.gain.has_value();
     if (!isCurrent(report.item))
         return;
     showType(band);
@@ -157,31 +193,34 @@ void OutputViewController::handle(const outputs::Band& report) {
     }
     if (report.gain)
         filterGain_[band]->setValue(static_cast<float>(*report.gain));
+    showKnown(band);
 }
 
 bool OutputViewController::isLimit(int item, int level) const {
-    return isItem(item) && level >= Outputs::min_volume && level <= maxVolume(static_cast<std::size_t>(item));
+    return isItem(item) && level >= Outputs::min_volume && level <= maxVolume(item);
 }
 
 void OutputViewController::handle(const reports::MaxVolume& report) {
-    if (isLimit(report.item, report.level))
-        model().max_volume[static_cast<std::size_t>(report.item)] = report.level;
+    if (!isLimit(report.item, report.level))
+        return;
+    ofItem(model().max_volume, report.item) = report.level;
+    showLimit(report.item);
 }
 
 void OutputViewController::handle(const outputs::MaxTurnOnVolume& report) {
     if (isLimit(report.item, report.level))
-        model().max_to_volume[static_cast<std::size_t>(report.item)] = report.level;
+        ofItem(model().max_to_volume, report.item) = report.level;
 }
 
 void OutputViewController::handle(const outputs::MinTurnOnVolume& report) {
     if (isLimit(report.item, report.level))
-        model().min_to_volume[static_cast<std::size_t>(report.item)] = report.level;
+        ofItem(model().min_to_volume, report.item) = report.level;
 }
 
 void OutputViewController::handle(const outputs::Stereo& report) {
     if (!isItem(report.item))
         return;
-    model().stereo[static_cast<std::size_t>(report.item)] = report.on;
+    ofItem(model().stereo, report.item) = report.on;
     itemsChanged();
 }
 

@@ -30,6 +30,7 @@ public:
 protected:
     void processCommand(std::string_view report) override;
     void showItem() override;
+    void showRow(std::int64_t item) override;
 
 private:
     using ItemViewController::handle;
@@ -42,9 +43,13 @@ private:
 
     /// True if `item` is an output and `level` (dB) is allowed as one of its limits.
     bool isLimit(int item, int level) const;
+    void showPower();
+    /// A row's mute can't be flipped while the output is off, nor, if it is current, while the card's can't.
+    void enableRowMute(std::int64_t item);
     /// Shows the type of a band of the current output, and enables the sliders that the type has.
     void showType(std::size_t band);
     void showFrequency(std::size_t band);
+    void showKnown(std::size_t band);
     /// Sends the complete setting of a band of the current output.
     void sendFilterCommand(std::size_t band);
 

@@ -50,39 +50,49 @@ void ZoneViewController::processCommand(std::string_view report) {
 
 void ZoneViewController::showItem() {
     ItemViewController::showItem();
-    loudnessSwitch_->setOn(ofCurrent(zone().loudness));
+    showLoudness();
     showBass();
     showTreble();
+}
+
+void ZoneViewController::showLoudness() {
+    loudnessSwitch_->setOn(ofCurrent(zone().loudness));
+    setKnown(told(zone().current).loudness, loudnessSwitch_);
 }
 
 void ZoneViewController::showBass() {
     bassSlider_->setValue(static_cast<float>(ofCurrent(zone().bass)));
     bassLabel_->setReading(percentOfTone(ofCurrent(zone().bass)));
+    setKnown(told(zone().current).bass, bassSlider_, bassLabel_);
 }
 
 void ZoneViewController::showTreble() {
     trebleSlider_->setValue(static_cast<float>(ofCurrent(zone().treble)));
     trebleLabel_->setReading(percentOfTone(ofCurrent(zone().treble)));
+    setKnown(told(zone().current).treble, trebleSlider_, trebleLabel_);
 }
 
 void ZoneViewController::handle(const reports::MaxVolume& report) {
-    if (isItem(report.item) && report.level >= Zones::min_volume &&
-        report.level <= Zones::max_possible_volume)
-        model().max_volume[static_cast<std::size_t>(report.item)] = report.level;
+    if (!isItem(report.item) || report.level < Zones::min_volume || report.level > Zones::max_possible_volume)
+        return;
+    ofItem(model().max_volume, report.item) = report.level;
+    showLimit(report.item);
 }
 
 void ZoneViewController::handle(const zones::Loudness& report) {
     if (!isItem(report.item))
         return;
-    model().loudness[static_cast<std::size_t>(report.item)] = report.on;
+    ofItem(model().loudness, report.item) = report.on;
+    told(report.item).loudness = true;
     if (isCurrent(report.item))
-        loudnessSwitch_->setOn(report.on);
+        showLoudness();
 }
 
 void ZoneViewController::handle(const zones::Bass& report) {
     if (!isItem(report.item) || report.level < Zones::min_bass || report.level > Zones::max_bass)
         return;
-    model().bass[static_cast<std::size_t>(report.item)] = report.level;
+    ofItem(model().bass, report.item) = report.level;
+    told(report.item).bass = true;
     if (isCurrent(report.item))
         showBass();
 }
@@ -90,7 +100,8 @@ void ZoneViewController::handle(const zones::Bass& report) {
 void ZoneViewController::handle(const zones::Treble& report) {
     if (!isItem(report.item) || report.level < Zones::min_treble || report.level > Zones::max_treble)
         return;
-    model().treble[static_cast<std::size_t>(report.item)] = report.level;
+    ofItem(model().treble, report.item) = report.level;
+    told(report.item).treble = true;
     if (isCurrent(report.item))
         showTreble();
 }
@@ -98,7 +109,7 @@ void ZoneViewController::handle(const zones::Treble& report) {
 void ZoneViewController::handle(const zones::OutputAssignment& report) {
     if (!isItem(report.item) || report.output < 0 || report.output >= Outputs::size)
         return;
-    model().hasMembership[static_cast<std::size_t>(report.item)] = true;
+    ofItem(model().hasMembership, report.item) = true;
     itemsChanged();
 }
 

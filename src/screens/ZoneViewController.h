@@ -33,6 +33,7 @@ private:
     void handle(const zones::Treble& report);
     void handle(const zones::OutputAssignment& report);
 
+    void showLoudness();
     void showBass();
     void showTreble();
 
