@@ -22,7 +22,6 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 namespace lumbra {
 
@@ -34,52 +33,36 @@ inline constexpr std::chrono::milliseconds DEFERRED_STEP{750};
 ///
 /// Model is Zones, Outputs or Groups: `size`, `current`, and by item `name`, `source`, `volume` and `mute`.
 template <class Model>
-class ItemViewController : public ScreenViewController,
-                           public PickerDataSource,
-                           public PickerDelegate,
-                           public ItemList {
+class ItemViewController : public ScreenViewController, public ItemList {
 public:
     void viewDidLoad() override {
         ScreenViewController::viewDidLoad();
-        itemPickerData_.assign(itemNames().begin(), itemNames().end());
-        sourcePickerData_ = source_.name_hide_str;
-        const auto self = shared(this);
-        for (const auto& picker : {itemPicker_, sourcePicker_}) {
-            picker->setDelegate(self);
-            picker->setDataSource(self);
-        }
+        itemPicker_->setRows(itemNames());
+        sourcePicker_->setRows(source_.name_hide_str);
+        const std::weak_ptr self = shared(this);
+        itemPicker_->picked.set(self, &ItemViewController::itemPick);
+        sourcePicker_->picked.set(self, &ItemViewController::sourcePick);
         const auto reading = [volume = volumeReading_](float value) { return volume(truncated(value)); };
         volumeSlider_->setReading(reading);
-        volumeSlider_->valueChanged.set(std::weak_ptr(self), &ItemViewController::volumeSliderChange);
-        muteSwitch_->valueChanged.set(std::weak_ptr(self), &ItemViewController::muteSwitchChange);
+        volumeSlider_->valueChanged.set(self, &ItemViewController::volumeSliderChange);
+        muteSwitch_->valueChanged.set(self, &ItemViewController::muteSwitchChange);
         for (std::int64_t item = 0; item < Model::size; ++item) {
             const auto& [told, volume, mute, isMoved] = ofItem(items_, item);
             volume->setReading(reading);
-            volume->valueChanged.set(std::weak_ptr(self),
-                                     [item](auto& screen, Slider&) { screen.rowVolumeChange(item); });
-            mute->valueChanged.set(std::weak_ptr(self),
-                                   [item](auto& screen, Switch&) { screen.rowMuteChange(item); });
+            volume->valueChanged.set(self, [item](auto& screen, Slider&) { screen.rowVolumeChange(item); });
+            mute->valueChanged.set(self, [item](auto& screen, Switch&) { screen.rowMuteChange(item); });
         }
     }
 
-    // Any picker other than the item picker is the input picker.
-    int numberOfRows(const Picker& picker) const override { return static_cast<int>(dataOf(picker).size()); }
-    std::string_view titleForRow(const Picker& picker, int row) const override {
-        return dataOf(picker).at(static_cast<std::size_t>(row));
+    void itemPick(Picker& sender) {
+        const auto left = std::exchange(model_.current, itemForRow(sender.selected()));
+        showRow(left);
+        showRow(model_.current);
+        showItem();
     }
-    AttributedText attributedTitleForRow(const Picker& picker, int row) const override {
-        return {titleForRow(picker, row), Color::White};
-    }
-    void didSelectRow(Picker& picker, int row) override {
-        if (itemPicker_.is(picker)) {
-            const auto left = std::exchange(model_.current, itemForRow(row));
-            showRow(left);
-            showRow(model_.current);
-            showItem();
-        } else {
-            ofCurrent(model_.source) = source_.name_hide_ref.at(static_cast<std::size_t>(row));
-            ask(model_.current, &ItemTold::input, ofCurrent(model_.source), selectInput);
-        }
+    void sourcePick(Picker& sender) {
+        ofCurrent(model_.source) = ofItem(source_.name_hide_ref, sender.selected());
+        ask(model_.current, &ItemTold::input, ofCurrent(model_.source), selectInput);
     }
 
     // A move of the slider goes to the item that is current when its step runs, not to the one that was moved.
@@ -305,8 +288,7 @@ protected:
     void itemsChanged() {
         if constexpr (hasHideLists)
             model_.rebuildHideLists();
-        itemPickerData_.assign(itemNames().begin(), itemNames().end());
-        itemPicker_->reloadAllComponents();
+        itemPicker_->setRows(itemNames());
         itemPicker_->selectRow(rowForItem(model_.current));
         announceRows();
     }
@@ -338,9 +320,6 @@ private:
         return static_cast<int>(item);
     }
 
-    const std::vector<std::string>& dataOf(const Picker& picker) const {
-        return itemPicker_.is(picker) ? itemPickerData_ : sourcePickerData_;
-    }
     struct Item {
         ItemTold told{.volume = {0}, .input = {0}};
         std::shared_ptr<Slider> volume; ///< of the item's row
@@ -378,8 +357,7 @@ private:
     }
     void inputsChanged() {
         source_.rebuildHideLists();
-        sourcePickerData_ = source_.name_hide_str;
-        sourcePicker_->reloadAllComponents();
+        sourcePicker_->setRows(source_.name_hide_str);
         showSource();
     }
 
@@ -390,9 +368,6 @@ private:
     Outlet<Slider> volumeSlider_;
     Outlet<Label> volumeLabel_;
     Outlet<Switch> muteSwitch_;
-    // The pickers show these copies, never the models.
-    std::vector<std::string> itemPickerData_;
-    std::vector<std::string> sourcePickerData_;
     Model model_;
     Sources source_;
     std::array<Item, static_cast<std::size_t>(Model::size)> items_;
