@@ -76,10 +76,7 @@ void TraceFile::append(const std::function<std::string()>& line) {
         return;
     pending_ += line(); // inside the lock, so that the times ascend
     if (!std::exchange(posted_, true))
-        queue_.post([this, weak = std::weak_ptr(life_)] {
-            if (!weak.expired())
-                write();
-        });
+        queue_.post(life_.guard([this] { write(); }));
 }
 
 void TraceFile::write() {
