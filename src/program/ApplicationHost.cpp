@@ -115,8 +115,8 @@ bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
 }
 
 ApplicationHost::~ApplicationHost() {
-    // Work on the worker uses the connection, the streams and the reachability. Posted work may hold the last
-    // references to screens and sockets.
+    // What the worker runs uses the stream factories and the reachability. A pair of streams that it has handed
+    // over waits in the queue, and must not outlive its factory.
     worker_.stop();
     application_.reset();
     queue_.drop();

@@ -34,6 +34,19 @@ std::string runSteps(std::string_view script, Run run) {
     return problems;
 }
 
+struct SwitchableReachability final : Reachability {
+    bool reachable = true;
+    bool isReachable() const override { return reachable; }
+};
+
+/// What remotes may share, and what outlives them.
+struct House {
+    ManualQueue queue;
+    ManualWorker worker;
+    ScriptedStreamFactory streams;
+    SwitchableReachability reachability;
+};
+
 /// The whole application on virtual time and scripted streams, driven and looked at by short steps of text, so that a
 /// test can be a table of them:
 ///
@@ -64,23 +77,22 @@ std::string runSteps(std::string_view script, Run run) {
 ///
 /// `play` gives what went wrong, or an empty text.
 class Remote {
-public:
-    struct SwitchableReachability final : Reachability {
-        bool reachable = true;
-        bool isReachable() const override { return reachable; }
-    };
+    const std::shared_ptr<House> house_;
 
-    ManualQueue queue;
-    ManualWorker worker;
-    ScriptedStreamFactory streams;
-    SwitchableReachability reachability;
+public:
+    ManualQueue& queue = house_->queue;
+    ManualWorker& worker = house_->worker;
+    ScriptedStreamFactory& streams = house_->streams;
+    SwitchableReachability& reachability = house_->reachability;
     MemorySettingsStore settings;
     Application application;
 
     /// The application uses what `around` makes of the scripted streams.
     explicit Remote(Reconnection reconnection = Reconnection::ByUser, MemorySettingsStore stored = {},
-                    const std::function<StreamFactory&(StreamFactory&)>& around = std::identity())
-        : settings(std::move(stored)),
+                    const std::function<StreamFactory&(StreamFactory&)>& around = std::identity(),
+                    std::shared_ptr<House> house = std::make_shared<House>())
+        : house_(std::move(house)),
+          settings(std::move(stored)),
           application({queue, worker, around(streams), reachability, settings}, reconnection) {}
 
     /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is forgotten.
