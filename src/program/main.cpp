@@ -115,6 +115,7 @@ int runConsole(int& argc, char** argv, const Options& options) {
     const SignalPipe windowSignals({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every);
     ConsoleFrontEnd console(host.application(), watcher,
                             {.json = options.json,
+                             .place = options.connectTo ? formatHostPort(*options.connectTo) : std::string(),
                              .endSignals = endSignals.descriptor(),
                              .windowSignals = windowSignals.descriptor()},
                             &QCoreApplication::exit);
