@@ -12,9 +12,9 @@
 
 #include "Check.h"
 #include "Commands.h"
-#include "Input.h"
 #include "Invariants.h"
 #include "Session.h"
+#include "Target.h"
 #include "script/CommandInterpreter.h"
 #include "script/JsonPrinter.h"
 #include "script/Words.h"
@@ -345,10 +345,9 @@ void readText(std::string_view line, Replies& replies, std::size_t& rows) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size > LONGEST_SCRIPT)
-        return 0;
-    Input input(data, size);
+FUZZ_TARGET(console)(Input input) {
+    if (input.size() > LONGEST_SCRIPT)
+        return;
     const auto kind = input.until('\n');
     const bool json = !kind.starts_with("text");
     const bool slow = kind.ends_with(" slow");
@@ -375,7 +374,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     while (!program.exitStatus) {
         if (program.remote.queue.now() > 4'000'000'000s) // The waits reach beyond the clock's range.
-            return 0;
+            return;
         check(program.remote.queue.runNext(), "the program neither ends nor waits");
         program.settle();
     }
@@ -403,5 +402,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (json && !isCut)
         jsonLines.checkControls(program.state());
     checkCommands(program.remote.sent());
-    return 0;
 }

@@ -5,14 +5,13 @@
 
 #include "Check.h"
 #include "Commands.h"
-#include "Input.h"
 #include "Invariants.h"
 #include "Remote.h"
+#include "Target.h"
 #include "toolkit/Controls.h"
 
 #include <chrono>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 
 using namespace lumbra;
@@ -35,8 +34,7 @@ void moveByHand(Control& control) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Input input(data, size);
+FUZZ_TARGET(reports)(Input input) {
     const int screen = input.number(5);
     const int unit = 1 + (input.number(4) + 3) % 4;
     const auto piece = std::size_t{input.byte()} + 1;
@@ -65,5 +63,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkCommands(remote.sent());
     broken = brokenInvariant(remote);
     check(broken.empty(), broken);
-    return 0;
 }

@@ -1,5 +1,7 @@
 #include "touch/Captions.h"
 
+#include "app/DefaultName.h"
+
 #include <QCoreApplication>
 
 #include <cctype>
@@ -42,6 +44,11 @@ QString translatedText(std::string_view text) {
 QString translatedText(const Text& text) {
     const auto words = QCoreApplication::translate(CONTEXT, std::string(text.pattern).c_str());
     return QString::fromStdString(text.filled(words.toStdString()));
+}
+
+QString shownName(std::string_view name) {
+    const auto given = defaultName(name);
+    return given ? translatedText(*given) : toQString(name);
 }
 
 QString spokenText(const Label& label) {
