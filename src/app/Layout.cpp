@@ -168,6 +168,8 @@ std::shared_ptr<Control> build(const Line& line) {
         break;
     }
     control->setEnabled(line.enabled);
+    if (line.sends && line.kind != Kind::ActivityIndicator && line.kind != Kind::Button)
+        control->setKnown(false);
     return control;
 }
 

@@ -41,11 +41,6 @@ std::size_t columnsOf(std::string_view text) {
     return columns;
 }
 
-void print(std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
-}
-
 char* offer(const char*, int state) {
     const auto index = static_cast<std::size_t>(state);
     return index < offered.size() ? ::strdup(offered[index].c_str()) : nullptr;
@@ -67,6 +62,20 @@ LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
         offered = editor->delegate_.completions(line + text);
         return rl_completion_matches(text, offer);
     };
+    // The library writes to a stream of ours, because a write to a terminal that is stopped would block. It keeps it.
+    static std::FILE* const stream =
+        ::fopencookie(nullptr, "w",
+                      {.read = nullptr,
+                       .write = [](void*, const char* text, std::size_t size) -> ssize_t {
+                           if (editor)
+                               editor->delegate_.print({text, size});
+                           return static_cast<ssize_t>(size);
+                       },
+                       .seek = nullptr,
+                       .close = nullptr});
+    if (stream)
+        std::setvbuf(stream, nullptr, _IONBF, 0);
+    rl_outstream = stream;
     rl_initialize();
     using_history();
     stifle_history(1000);
@@ -103,7 +112,7 @@ void LineEditor::take(char* line) {
     prompting_ = false;
     rl_callback_handler_remove();
     if (!line) {
-        print("\n");
+        delegate_.print("\n");
         delegate_.ended();
         return;
     }
@@ -124,8 +133,8 @@ void LineEditor::hide() {
     const auto row =
         (columnsOf(prompt_) + columnsOf(before)) / static_cast<std::size_t>(std::max(1, columns));
     if (row > 0)
-        print("\x1b[" + std::to_string(row) + "A");
-    print("\r\x1b[J");
+        delegate_.print("\x1b[" + std::to_string(row) + "A");
+    delegate_.print("\r\x1b[J");
 }
 
 void LineEditor::show() {

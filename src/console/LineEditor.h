@@ -7,14 +7,15 @@
 
 namespace lumbra::console {
 
-/// Line editing with history and completion, on the terminal that is standard input and output. The terminal
-/// library keeps its state in globals, so only one editor may exist at a time. Main thread only.
+/// Line editing with history and completion, on the terminal that is standard input. The terminal library keeps its state in globals, so only one editor may exist at a time. Main thread only.
 class LineEditor {
 public:
     struct Delegate {
         std::function<void(std::string line)> entered;
         std::function<void()> ended; ///< the user has ended the input
         std::function<std::vector<std::string>(std::string_view line)> completions;
+        /// Prints the prompt, the echo of keys and what moves the cursor. It never waits for the terminal.
+        std::function<void(std::string_view text)> print;
     };
 
     explicit LineEditor(Delegate delegate);

@@ -115,6 +115,7 @@ int runConsole(int& argc, char** argv, const Options& options) {
     const SignalPipe windowSignals({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every);
     ConsoleFrontEnd console(host.application(), watcher,
                             {.json = options.json,
+                             .place = options.connectTo ? formatHostPort(*options.connectTo) : std::string(),
                              .endSignals = endSignals.descriptor(),
                              .windowSignals = windowSignals.descriptor()},
                             &QCoreApplication::exit);
@@ -158,8 +159,10 @@ int main(int argc, char** argv) {
         return USAGE_ERROR;
     }
     if (const auto* request = std::get_if<InformationRequest>(&parsed)) {
-        std::fputs(request->text.toLocal8Bit().constData(), stdout);
-        return 0;
+        const auto problem = print(*request);
+        if (!problem.isEmpty())
+            complain(problem);
+        return problem.isEmpty() ? 0 : FAILURE;
     }
     const auto& options = std::get<Options>(parsed);
     try {

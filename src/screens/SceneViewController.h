@@ -13,9 +13,7 @@ namespace lumbra {
 
 /// The Scene screen: picks one of ten scenes, recalls it, or stores the unit's current setting in it. Main
 /// thread only.
-class SceneViewController final : public ScreenViewController,
-                                  public PickerDataSource,
-                                  public PickerDelegate {
+class SceneViewController final : public ScreenViewController {
 public:
     static constexpr int QUERY_NUMBER = 2;
 
@@ -23,11 +21,7 @@ public:
 
     void viewDidLoad() override;
 
-    int numberOfRows(const Picker& picker) const override;
-    std::string_view titleForRow(const Picker& picker, int row) const override;
-    AttributedText attributedTitleForRow(const Picker& picker, int row) const override;
-    void didSelectRow(Picker& picker, int row) override;
-
+    void scenePick(Picker& sender);
     void loadScenePress(Button& sender);
     void saveScenePress(Button& sender);
 

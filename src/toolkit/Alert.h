@@ -1,19 +1,19 @@
 #pragma once
 
 #include "toolkit/Signal.h"
+#include "toolkit/Text.h"
 
 #include <functional>
 #include <optional>
-#include <string>
 #include <utility>
 
 namespace lumbra {
 
-/// A message with one button, whose only effect is to close it. Texts are UTF-8.
+/// A message with one button, whose only effect is to close it.
 struct Alert {
-    std::string title;
-    std::string message;
-    std::string button;
+    Text title;
+    Text message;
+    Text button;
 };
 
 /// Holds the alert that is shown. Presenting another one replaces it. Main thread only.
@@ -31,7 +31,10 @@ public:
         changed_.emit();
     }
     /// The program closes the alert, which is no longer true.
-    void withdraw() { dismissByUser(); }
+    void withdraw() {
+        if (dismissByUser())
+            withdrawn_.emit();
+    }
     /// The user presses the button of the alert. False if none is shown.
     bool dismissByUser() {
         if (!shown_)
@@ -41,13 +44,18 @@ public:
         return true;
     }
 
-    /// Calls `observer` each time an alert is presented or dismissed.
+    /// Calls `observer` each time an alert is presented, dismissed or withdrawn.
     Subscription onChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
+    /// Calls `observer` each time an alert that was shown has been withdrawn.
+    Subscription onWithdrawal(std::function<void()> observer) {
+        return withdrawn_.subscribe(std::move(observer));
+    }
 
 private:
     std::optional<Alert> shown_;
     bool muted_ = false;
     Signal<> changed_;
+    Signal<> withdrawn_;
 };
 
 } // namespace lumbra

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace lumbra {
@@ -28,6 +29,10 @@ public:
     bool isEnabled() const { return enabled_; }
     void setEnabled(bool enabled) { change(enabled_, enabled); }
 
+    /// Whether the unit has reported the value that is shown; nothing for a control that shows none of its values.
+    std::optional<bool> known() const { return known_; }
+    void setKnown(bool known) { change(known_, std::optional(known)); }
+
     /// Calls `observer` after every visible change.
     Subscription onChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
 
@@ -47,6 +52,7 @@ protected:
 private:
     Kind kind_;
     bool enabled_ = true;
+    std::optional<bool> known_;
     Signal<> changed_;
 };
 

@@ -44,6 +44,10 @@ public:
     }
     void setReading(std::function<Reading(float)> reading) { reading_ = std::move(reading); }
 
+    /// The highest value that the unit allows, as last reported; nothing for a slider that has no such limit.
+    std::optional<float> limit() const { return limit_; }
+    void setLimit(float limit) { change(limit_, std::optional(clamped(limit))); }
+
     TargetAction<Slider> valueChanged;
 
 private:
@@ -52,6 +56,7 @@ private:
     float minimum_;
     float maximum_;
     float value_;
+    std::optional<float> limit_;
     std::function<Reading(float)> reading_;
 };
 

@@ -12,7 +12,7 @@ void AlertAdapter::dismiss() {
         Q_EMIT changed();
 }
 
-QString AlertAdapter::text(std::string Alert::*field) const {
+QString AlertAdapter::text(Text Alert::*field) const {
     return presenter_.shown() ? translatedText(*presenter_.shown().*field) : QString();
 }
 

@@ -31,7 +31,7 @@ public:
     Q_INVOKABLE void dismiss();
 
 private:
-    QString text(std::string Alert::*field) const;
+    QString text(Text Alert::*field) const;
 
     AlertPresenter& presenter_;
     Subscription subscription_;

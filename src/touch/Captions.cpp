@@ -1,5 +1,7 @@
 #include "touch/Captions.h"
 
+#include "app/DefaultName.h"
+
 #include <QCoreApplication>
 
 #include <cctype>
@@ -20,7 +22,6 @@ constexpr const char* CONTEXT = "System";
     QT_TRANSLATE_NOOP("Sentence", "treble"),    QT_TRANSLATE_NOOP("Sentence", "type"),
     QT_TRANSLATE_NOOP("Sentence", "frequency"), QT_TRANSLATE_NOOP("Sentence", "gain"),
 };
-constexpr const char* CONNECTION_ALERT = QT_TRANSLATE_NOOP("System", "Failed to connect to IP address %1.");
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -37,12 +38,17 @@ QString translatedWords(const char* context, std::string_view text) {
 } // namespace
 
 QString translatedText(std::string_view text) {
-    constexpr std::string_view pattern = CONNECTION_ALERT;
-    constexpr auto prefix = pattern.substr(0, pattern.find('%'));
-    if (text.starts_with(prefix) && text.ends_with('.') && text.size() > prefix.size())
-        return QCoreApplication::translate(CONTEXT, CONNECTION_ALERT)
-            .arg(toQString(text.substr(prefix.size(), text.size() - prefix.size() - 1)));
     return translatedWords(CONTEXT, text);
+}
+
+QString translatedText(const Text& text) {
+    const auto words = QCoreApplication::translate(CONTEXT, std::string(text.pattern).c_str());
+    return QString::fromStdString(text.filled(words.toStdString()));
+}
+
+QString shownName(std::string_view name) {
+    const auto given = defaultName(name);
+    return given ? translatedText(*given) : toQString(name);
 }
 
 QString spokenText(const Label& label) {

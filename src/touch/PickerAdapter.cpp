@@ -17,11 +17,7 @@ QString PickerAdapter::selectedText() const {
 }
 
 bool PickerAdapter::pick(int row, const QString& text) {
-    const auto& rows = control_->rows();
-    if (!isEnabled() || row < 0 || row >= static_cast<int>(rows.size()) ||
-        QString::fromStdString(rows[static_cast<std::size_t>(row)]) != text)
-        return false;
-    return control_->pickByUser(row);
+    return isEnabled() && control_->pickByUser(row, text.toStdString());
 }
 
 void PickerAdapter::refresh() {
