@@ -1,5 +1,5 @@
 #include "Remote.h"
-#include "screens/FrequencyScale.h"
+#include "model/FrequencyScale.h"
 
 #include <gtest/gtest.h>
 
