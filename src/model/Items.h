@@ -15,6 +15,7 @@ class Items : public HideLists {
 public:
     static constexpr std::int64_t min_volume = -80;        ///< dB
     static constexpr std::int64_t max_possible_volume = 0; ///< dB
+    static constexpr std::int64_t FIRST_VOLUME = -40;      ///< dB, before the unit has reported any
 
     std::vector<bool> mute;
     std::vector<std::int64_t> source; ///< 0-based input
@@ -26,7 +27,7 @@ public:
 
 protected:
     Items(std::int64_t size, const std::string& kind)
-        : HideLists(size, kind), mute(name.size()), source(name.size()), volume(name.size(), -40) {}
+        : HideLists(size, kind), mute(name.size()), source(name.size()), volume(name.size(), FIRST_VOLUME) {}
 };
 
 /// An item's element of one of a model's fields.

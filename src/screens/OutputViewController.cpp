@@ -1,6 +1,6 @@
 #include "screens/OutputViewController.h"
 
-#include "screens/FrequencyScale.h"
+#include "model/FrequencyScale.h"
 #include "screens/Readings.h"
 
 #include <algorithm>
@@ -14,15 +14,10 @@ namespace {
 /// The controls NAME1 ... NAME7.
 template <class Control>
 auto outletsOf(const View& view, const std::string& name) {
-    std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)> outlets;
+    Outputs::PerBand<Outlet<Control>> outlets;
     for (std::size_t band = 0; band < outlets.size(); ++band)
         outlets[band] = view.outlet<Control>(name + std::to_string(band + 1));
     return outlets;
-}
-
-bool hasGain(std::int64_t type) {
-    return type == Outputs::FILTER_HIGHSHELF || type == Outputs::FILTER_LOWSHELF ||
-           type == Outputs::FILTER_PARAMETRIC;
 }
 
 } // namespace
@@ -59,7 +54,7 @@ void OutputViewController::powerSwitchChange(Switch& sender) {
 }
 
 void OutputViewController::filterTypeChange(std::size_t band) {
-    ofCurrent(output_.filter_type)[band] = filterType_[band]->selected();
+    ofCurrent(output_.filter_type)[band] = static_cast<FilterType>(filterType_[band]->selected());
     sendFilterCommand(band);
 }
 
@@ -117,8 +112,9 @@ void OutputViewController::showPower() {
 void OutputViewController::showType(std::size_t band) {
     const auto type = ofCurrent(output_.filter_type)[band];
     filterType_[band]->setSelected(static_cast<int>(type));
-    filterFreq_[band]->setEnabled(type != Outputs::FILTER_BYPASS);
-    filterGain_[band]->setEnabled(hasGain(type));
+    const auto& has = FILTERS[static_cast<std::size_t>(type)];
+    filterFreq_[band]->setEnabled(has.frequency);
+    filterGain_[band]->setEnabled(has.gain);
 }
 
 void OutputViewController::showKnown(std::size_t band) {

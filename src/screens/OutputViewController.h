@@ -5,7 +5,6 @@
 #include "screens/ItemViewController.h"
 #include "toolkit/SegmentedControl.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -55,7 +54,7 @@ private:
     void sendFilterCommand(std::size_t band);
 
     template <class Control>
-    using PerBand = std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)>;
+    using PerBand = Outputs::PerBand<Outlet<Control>>;
 
     Outputs& output_;
     Outlet<Switch> powerSwitch_;

@@ -15,7 +15,7 @@ SceneViewController::SceneViewController(const ScreenContext& context, std::shar
 
 void SceneViewController::viewDidLoad() {
     ScreenViewController::viewDidLoad();
-    scenePickerData_ = defaultNames(10, "Scene");
+    scenePickerData_ = defaultNames(size, "Scene");
     scenePicker_->setRows(scenePickerData_);
     const std::weak_ptr self = shared(this);
     scenePicker_->picked.set(self, &SceneViewController::scenePick);

@@ -241,10 +241,7 @@ private:
             {"known", [&] { return joined(controls(true)); }},
             {"unknown", [&] { return joined(controls(false)); }},
             {"limit",
-             [&] {
-                 const auto limit = control<Slider>(name).limit();
-                 return name + (limit ? " " + std::to_string(std::lround(*limit)) : "");
-             }},
+             [&] { return name + " " + std::to_string(std::lround(control<Slider>(name).limit().value())); }},
             {"stored", [&] { return name + " " + told(settings.value(name)); }},
         };
         if (const auto look = looks.find(words.first); look != looks.end()) {
@@ -255,23 +252,30 @@ private:
         return doing == doings.end() ? "no such step" : doing->second() ? "" : "refused";
     }
 
+    /// As the list last announced the row.
     std::string row(std::size_t number) {
-        const auto& list = *application.items();
-        const auto row = list.row(number);
-        const auto& volume = *list.volumeOf(number);
-        const auto reading = [&](std::int64_t level) { return volume.readingOf(static_cast<float>(level)); };
-        if (row.known.volume != volume.known() || row.known.mute != list.muteOf(number)->known() ||
-            row.level != reading(row.volume) ||
+        const auto* const list = application.items();
+        if (std::exchange(list_, list) != list) {
+            announced_.clear();
+            rowChanges_ = list->onRowChange(
+                [this](auto row) { row ? announced_.erase(*row) : (announced_.clear(), 0); });
+        }
+        const auto& row = announced_.try_emplace(number, list->row(number)).first->second;
+        const auto reading = [&](std::int64_t level) {
+            return list->volumeOf(number)->readingOf(static_cast<float>(level));
+        };
+        if (row.known.volume != list->volumeOf(number)->known() ||
+            row.known.mute != list->muteOf(number)->known() || row.level != reading(row.volume) ||
             (row.askedVolume && row.askedLevel != reading(*row.askedVolume)))
             return "is not what its controls tell";
-        const auto value = [](const std::string& text, bool known) { return text + (known ? "" : "?"); };
-        const auto onOff = [](bool on) { return on ? "on" : "off"; };
-        return value(row.name, row.known.name) + ", " + value(row.input, row.known.input) + ", " +
-               value(std::to_string(row.volume), row.known.volume) + ", " +
-               value(onOff(row.mute), row.known.mute) +
-               (row.power ? ", " + value(onOff(*row.power), row.known.power) : "") +
-               (row.askedInput ? ", asked " + *row.askedInput : "") +
-               (row.askedVolume ? ", asked " + std::to_string(*row.askedVolume) : "");
+        const auto value = [](const std::string& text, bool known) { return text + (known ? ", " : "?, "); };
+        const auto text = value(row.name, row.known.name) + value(row.input, row.known.input) +
+                          value(std::to_string(row.volume), row.known.volume) +
+                          value(row.mute ? "on" : "off", row.known.mute) +
+                          (row.power ? value(*row.power ? "on" : "off", row.known.power) : "") +
+                          (row.askedInput ? "asked " + *row.askedInput + ", " : "") +
+                          (row.askedVolume ? "asked " + std::to_string(*row.askedVolume) + ", " : "");
+        return text.substr(0, text.size() - 2);
     }
     std::vector<std::string> controls(bool known) {
         std::vector<std::string> names;
@@ -317,6 +321,9 @@ private:
 
     bool held_ = false;
     int alertCount_ = 0;
+    const ItemList* list_ = nullptr;
+    std::map<std::size_t, ItemRow> announced_;
+    Subscription rowChanges_;
     Subscription alerts_ =
         application.alerts().onChange([this] { alertCount_ += application.alerts().shown() ? 1 : 0; });
 };
