@@ -18,9 +18,15 @@ using namespace lumbra;
 
 namespace {
 
-void moveByHand(Control& control) {
+void moveByHand(Control& control, Remote& remote) {
     visit(control,
-          Overloads{[](Picker& picker) { picker.pickByUser(static_cast<int>(picker.rows().size()) - 1); },
+          Overloads{[&remote](Picker& picker) { // each item shows its values
+                        for (int row = 0; row < static_cast<int>(picker.rows().size()); ++row) {
+                            picker.pickByUser(row);
+                            const auto broken = brokenInvariant(remote);
+                            check(broken.empty(), broken);
+                        }
+                    },
                     [](Slider& slider) {
                         slider.slideByUser(slider.maximum() - slider.value() + slider.minimum());
                     },
@@ -56,7 +62,7 @@ FUZZ_TARGET(reports)(Input input) {
     check(remote.application.link().isConnected(), "a report ended the link");
 
     for (const auto& item : remote.application.tabs().selectedViewController()->view().items()) {
-        moveByHand(*item.control);
+        moveByHand(*item.control, remote);
         remote.settle();
     }
     remote.queue.advance(std::chrono::seconds(1));
