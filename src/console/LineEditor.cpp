@@ -48,6 +48,26 @@ char* offer(const char*, int state) {
 
 } // namespace
 
+/// The library's output, which it keeps. It writes to a stream of ours, because a write to a terminal that is stopped
+/// would block.
+std::FILE* LineEditor::openOutput() {
+    constexpr cookie_io_functions_t PRINT{.read = nullptr,
+                                          .write = [](void*, const char* text, std::size_t size) -> ssize_t {
+                                              if (editor)
+                                                  editor->delegate_.print({text, size});
+                                              return static_cast<ssize_t>(size);
+                                          },
+                                          .seek = nullptr,
+                                          .close = nullptr};
+    auto* const stream = ::fopencookie(nullptr, "w", PRINT);
+    if (!stream)
+        return stdout;
+    std::setvbuf(stream, nullptr, _IONBF, 0);
+    // It edits nothing where its output is no terminal, and a stream of this kind has no descriptor of its own.
+    stream->_fileno = STDOUT_FILENO;
+    return stream;
+}
+
 LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
     assert(!editor);
     editor = this;
@@ -62,19 +82,7 @@ LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
         offered = editor->delegate_.completions(line + text);
         return rl_completion_matches(text, offer);
     };
-    // The library writes to a stream of ours, because a write to a terminal that is stopped would block. It keeps it.
-    static std::FILE* const stream =
-        ::fopencookie(nullptr, "w",
-                      {.read = nullptr,
-                       .write = [](void*, const char* text, std::size_t size) -> ssize_t {
-                           if (editor)
-                               editor->delegate_.print({text, size});
-                           return static_cast<ssize_t>(size);
-                       },
-                       .seek = nullptr,
-                       .close = nullptr});
-    if (stream)
-        std::setvbuf(stream, nullptr, _IONBF, 0);
+    static std::FILE* const stream = openOutput();
     rl_outstream = stream;
     rl_initialize();
     using_history();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -7,7 +8,8 @@
 
 namespace lumbra::console {
 
-/// Line editing with history and completion, on the terminal that is standard input. The terminal library keeps its state in globals, so only one editor may exist at a time. Main thread only.
+/// Line editing with history and completion, on the terminal that is standard input and output. The terminal
+/// library keeps its state in globals, so only one editor may exist at a time. Main thread only.
 class LineEditor {
 public:
     struct Delegate {
@@ -37,6 +39,7 @@ public:
     void windowChanged();
 
 private:
+    static std::FILE* openOutput();
     void take(char* line);
 
     Delegate delegate_;
