@@ -96,4 +96,5 @@ def main():
     sys.exit(failed)
 
 
-main()
+if __name__ == "__main__":
+    main()

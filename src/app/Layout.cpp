@@ -24,7 +24,7 @@ using Kind = Control::Kind;
 
 /// One control of the layout, or `count` of them: their names end in 1 to `count`, and so do their captions
 /// if they have any.
-struct Line {
+struct LayoutLine {
     std::string_view name;
     std::string_view caption;
     Kind kind;
@@ -41,7 +41,7 @@ struct Line {
 struct Screen {
     std::string_view name;
     std::string_view title;
-    std::span<const Line> lines;
+    std::span<const LayoutLine> lines;
 };
 
 // By FilterType.
@@ -50,14 +50,14 @@ constexpr std::array FILTER_TYPES{LUMBRA_TEXT("System", "Bypass"),     LUMBRA_TE
                                   LUMBRA_TEXT("System", "Low shelf"),  LUMBRA_TEXT("System", "Parametric")};
 static_assert(FILTER_TYPES.size() == FILTERS.size());
 
-constexpr Line picker(std::string_view name, std::string_view caption) {
+constexpr LayoutLine picker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker};
 }
-constexpr Line itemPicker(std::string_view name, std::string_view caption) {
+constexpr LayoutLine itemPicker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker, .sends = false};
 }
-constexpr Line slider(std::string_view name, std::string_view caption, float minimum, float maximum,
-                      float value) {
+constexpr LayoutLine slider(std::string_view name, std::string_view caption, float minimum, float maximum,
+                            float value) {
     return {.name = name,
             .caption = caption,
             .kind = Kind::Slider,
@@ -65,27 +65,27 @@ constexpr Line slider(std::string_view name, std::string_view caption, float min
             .maximum = maximum,
             .value = value};
 }
-constexpr Line volumeSlider() {
+constexpr LayoutLine volumeSlider() {
     return slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), Items::min_volume,
                   Items::max_possible_volume, Items::FIRST_VOLUME);
 }
-constexpr Line onOff(std::string_view name, std::string_view caption, bool on) {
+constexpr LayoutLine onOff(std::string_view name, std::string_view caption, bool on) {
     return {.name = name, .caption = caption, .kind = Kind::Switch, .value = on ? 1.0F : 0.0F};
 }
-constexpr Line label(std::string_view name, const Reading& reading) {
+constexpr LayoutLine label(std::string_view name, const Reading& reading) {
     return {.name = name, .caption = {}, .kind = Kind::Label, .reading = reading};
 }
-constexpr Line button(std::string_view name, std::string_view title) {
+constexpr LayoutLine button(std::string_view name, std::string_view title) {
     return {.name = name, .caption = {}, .kind = Kind::Button, .text = title};
 }
-constexpr Line spinner() {
+constexpr LayoutLine spinner() {
     return {.name = "spinner", .caption = {}, .kind = Kind::ActivityIndicator};
 }
-constexpr Line times(std::int64_t count, Line line) {
+constexpr LayoutLine times(std::int64_t count, LayoutLine line) {
     line.count = count;
     return line;
 }
-constexpr Line disabled(Line line) {
+constexpr LayoutLine disabled(LayoutLine line) {
     line.enabled = false;
     return line;
 }
@@ -154,7 +154,7 @@ const std::array SCREENS{
     Screen{"scene", LUMBRA_TEXT("System", "Scenes"), SCENE},
 };
 
-std::shared_ptr<Control> build(const Line& line) {
+std::shared_ptr<Control> build(const LayoutLine& line) {
     std::shared_ptr<Control> control;
     switch (line.kind) {
     case Kind::Picker:

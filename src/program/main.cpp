@@ -123,7 +123,7 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
-int runTouch(int& argc, char** argv, const Options& options) {
+int runTouchModule(int& argc, char** argv, const Options& options) {
     if (!canReserve(WINDOW_ADDRESS_SPACE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
         complain(
             QStringLiteral("The system gives this program too little memory, or too few file descriptors or "
@@ -166,7 +166,7 @@ int main(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(parsed);
     try {
-        return options.console ? runConsole(argc, argv, options) : runTouch(argc, argv, options);
+        return options.console ? runConsole(argc, argv, options) : runTouchModule(argc, argv, options);
     } catch (...) { // unwinding has restored the terminal
         endOnException();
     }

@@ -12,7 +12,7 @@ TEST(Console, PlaysItsTranscripts) {
         {"only the screen on show tells of its controls", R"(
             ~ > U1Z1V-30
             <~ {"event":"control","screen":"zone","control":"volumeSlider","state":{"kind":"slider","value":-30.0,"min":-80.0,"max":0.0,"enabled":true,"caption":"Volume",
-            <~ {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%","caption":""
+            <~ {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%","caption":"" ; <~ muteSwitch
             $ tab scene
             < {"event":"screen","screen":"scene","tabs":["zone","group","override","scene"],"selected":3}
             < {"event":"status","status":"waiting"}
@@ -45,8 +45,8 @@ TEST(Console, PlaysItsTranscripts) {
             $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
         {"an item that changes beside the one on show, while watched", R"(
             ~ > U1Z3V-35 ; $ watch on ; = watch ; ~ > U1Z3V-35
-            $ pick sourcePicker 1 ; <~ sourcePicker ; <~ "row":0,"name":"Zone 1","input":"Source 2" ; = pick
-            $ slide bassSlider 1 ; <... ; $ slide volumeSlider -30 ; <... ; ~ wait 0.75 ; <~ "row":0,"name":"Zone 1","input":"Source 2","volume":-30
+            $ pick sourcePicker 1 ; <~ sourcePicker ; <~ "asked":{"input":"Source 2"} ; = pick
+            $ slide bassSlider 1 ; <... ; $ slide volumeSlider -30 ; <... ; ~ wait 0.75 ; <~ "asked":{"volume":-30,
             ~ > U1Z3V-20
             <~ {"event":"item","screen":"zone","item":{"row":2,"name":"Zone 3","input":"Source 1","volume":-20,"text":"75%","mute":false,"known":[
             ~ > U1O1Z3 ; <~ zonePicker ; <~ "item":{"row":0,"name":"Zone 3" ; ~ > U1Z3V-25 ; <~ "row":0 ; $ watch 1 ; = watch \"1\" is neither on nor off
@@ -59,7 +59,7 @@ TEST(Console, PlaysItsTranscripts) {
             <~ {"event":"control","screen":"output","control":"filterType1","state":{"kind":"segmented","segments":["Bypass","High-pass","High shelf","Low-pass","Low shelf","Parametric"],"selected":5,"enabled":true,"caption":"Type 1"
             = segment ; ~ sent [U1O1B1P0F1000] ; ~ > U1O1B1P0F1000
             <~ {"event":"control","screen":"output","control":"filterFreq1","state":{"kind":"slider","value":3000.0,"min":1301.03,"max":4301.0303,"enabled":true,"caption":"Frequency 1"
-            <~ filterGain1
+            <~ filterGain1 ; <~ filterType1 ; <~ freqLabel1 ; <~ gainLabel1
             $ slide filterGain1 3 ; <~ "value":3.0 ; = slide)"},
         {"an alert is told each time it is asked for, one stands", R"(
             $ dismiss ; = dismiss no alert is on show ; ~ error
@@ -120,7 +120,7 @@ TEST(Console, PlaysItsTranscripts) {
             $ mute 0 on ; = mute the override screen has no items ; ~ > U1APPQ3 ; <... ; $ at override quit ; = quit ; exit 1)"},
         {"a finger rests on a slider, and what is said meanwhile is weighed", R"(
             $ hold volumeSlider ; <~ "value":-40.0 ; = hold ; $ slide volumeSlider -30 ; <~ "held":true,"wish":-30.0} ; = slide
-            ~ > U1Z1V-35 ; <~ "value":-35.0 ; <~ "text":"56%" ; $ release volumeSlider ; <~ "held":true,"wish":-30.0} ; = release
+            ~ > U1Z1V-35 ; <~ "value":-35.0 ; <~ "text":"56%" ; <~ muteSwitch ; $ release volumeSlider ; <~ "held":true,"wish":-30.0} ; = release
             ~ sent ; ~ wait 1.6 ; <~ "value":-30.0 ; ~ wait 1 ; <... ; ~ sent [U1Z1V-30] ; $ state ; <~ "value":-30.0,"min":-80.0,"max":0.0,"enabled":true,"caption":"Volume","
             $ hold volumeSlider ; <~ "held":true ; = hold ; ~ > U1Z1V-70 ; <~ "value":-70.0 ; <~ volumeLabel ; $ release volumeSlider ; <~ -70.0 ; = release ; ~ wait 2 ; ~ sent
             $ release volumeSlider ; = release ; $ release muteSwitch ; = release muteSwitch: a switch, not a slider
@@ -166,7 +166,7 @@ TEST(Console, PlaysItsTranscripts) {
          R"( ; = tab this line is not UTF-8 text
             ~ wait 9 ; ~ sent)"},
         {"a wait holds back commands, not events", R"(
-            $ wait 0.5 ; $ tab 9 ; ~ wait 0.499 ; ~ > U1Z1V-30 ; <~ volumeSlider ; <~ volumeLabel
+            $ wait 0.5 ; $ tab 9 ; ~ wait 0.499 ; ~ > U1Z1V-30 ; <~ volumeSlider ; <~ volumeLabel ; <~ muteSwitch
             ~ wait 0.001 ; = wait ; <~ "reply":"tab","ok":false ; $ wait 0 ; ~ wait 0 ; = wait)"},
         {"an answer, one that is there already, one that does not come", R"(
             $ tab group ; $ wait answer 2 ; $ dismiss ; <... ; ~ wait 1.9 ; ~ > U2APPQ4 ; ~ > U1APPQ4
