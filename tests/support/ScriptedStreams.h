@@ -137,17 +137,12 @@ private:
 /// Creates scripted pairs and remembers them all.
 class ScriptedStreamFactory final : public StreamFactory {
 public:
-    /// Directions that the next pairs lack, as on a platform that could not create them.
-    bool withoutInput = false;
-    bool withoutOutput = false;
+    /// The next pairs can't be created.
+    bool fails = false;
 
     StreamPair createPair(const std::string& host, std::uint16_t port) override {
         auto streams = ScriptedPair::streams(pairs_.emplace_back(std::make_shared<ScriptedPair>(host, port)));
-        if (withoutInput)
-            streams.input.reset();
-        if (withoutOutput)
-            streams.output.reset();
-        return streams;
+        return fails ? StreamPair() : std::move(streams);
     }
 
     /// How many pairs were created so far.
