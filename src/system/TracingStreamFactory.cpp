@@ -30,7 +30,7 @@ public:
         if (++openDirections_ == 2)
             add(Kind::Opened);
     }
-    /// The link is over for the network. It is told of once, however many events and calls say so.
+    /// The link is over. Only the first event or call that says so is traced.
     void over(Kind kind) {
         if (!std::exchange(isOver_, true))
             add(kind);

@@ -18,7 +18,7 @@ public:
     Picker() : Control(KIND) {}
 
     const std::vector<std::string>& rows() const { return rows_; }
-    /// What the rows are drawn in.
+    /// The colour of the rows' text.
     static constexpr std::string_view COLOR = "white";
     /// 0-based; -1 while there are no rows.
     int selected() const { return selected_; }
