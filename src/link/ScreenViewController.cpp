@@ -56,9 +56,9 @@ void ScreenViewController::serverConnected() {
 void ScreenViewController::poll() {
     if (!serverConn_->polling)
         return;
-    spinner().startAnimating();
+    spinner_->startAnimating();
     if (send(queryState(queryNumber_)) == -1) {
-        spinner().stopAnimating();
+        spinner_->stopAnimating();
         displayConnectionError();
     }
 }

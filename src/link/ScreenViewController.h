@@ -4,6 +4,7 @@
 #include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "platform/Worker.h"
+#include "protocol/ItemReports.h"
 #include "protocol/ReportBuffer.h"
 #include "toolkit/ActivityIndicator.h"
 #include "toolkit/Alert.h"
@@ -72,6 +73,8 @@ protected:
             std::visit(handle, parsed->report);
     }
 
+    void handle(const reports::EndOfState&) { spinner_->stopAnimating(); }
+
     /// Frames `body` for the unit and sends it. Returns what `sendData` returned; the commands of controls
     /// ignore it.
     std::int64_t send(std::string_view body);
@@ -84,7 +87,6 @@ protected:
     }
     /// Valid from `viewDidLoad` on.
     ServerConnection& link() { return *serverConn_; }
-    ActivityIndicator& spinner() { return *spinner_.operator->(); }
 
 private:
     ScreenContext context_;

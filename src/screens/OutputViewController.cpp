@@ -26,7 +26,6 @@ OutputViewController::OutputViewController(const ScreenContext& context, std::sh
     : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output,
                          std::make_unique<Outputs>(), "outputPicker", decibels),
       output_(static_cast<Outputs&>(items())),
-      powerSwitch_(this->view().outlet<Switch>("powerSwitch")),
       filterType_(outletsOf<SegmentedControl>(this->view(), "filterType")),
       filterFreq_(outletsOf<Slider>(this->view(), "filterFreq")),
       filterGain_(outletsOf<Slider>(this->view(), "filterGain")),
@@ -36,7 +35,6 @@ OutputViewController::OutputViewController(const ScreenContext& context, std::sh
 void OutputViewController::viewDidLoad() {
     ItemViewController::viewDidLoad();
     const std::weak_ptr self = shared(this);
-    powerSwitch_->valueChanged.set(self, &OutputViewController::powerSwitchChange);
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
         filterFreq_[band]->setReading([](float value) { return hertz(sliderToFrequency(value)); });
         filterGain_[band]->setReading([](float value) { return decibels(truncated(value)); });
@@ -47,10 +45,6 @@ void OutputViewController::viewDidLoad() {
         filterGain_[band]->valueChanged.set(self,
                                             [band](auto& screen, auto&) { screen.filterGainChange(band); });
     }
-}
-
-void OutputViewController::powerSwitchChange(Switch& sender) {
-    send(setPower(itemKind(), output_.current, sender.isOn()));
 }
 
 void OutputViewController::filterTypeChange(std::size_t band) {
@@ -84,7 +78,6 @@ void OutputViewController::processCommand(std::string_view report) {
 
 void OutputViewController::showItem() {
     ItemViewController::showItem();
-    showPower();
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
         const auto gain = ofCurrent(output_.filter_gain)[band];
         filterGain_[band]->setValue(static_cast<float>(gain));
@@ -102,11 +95,6 @@ void OutputViewController::showRow(std::int64_t item) {
 
 void OutputViewController::enableRowMute(std::int64_t item) {
     rowMute(item).setEnabled(ofItem(output_.power, item) && (!isCurrent(item) || muteSwitch().isEnabled()));
-}
-
-void OutputViewController::showPower() {
-    powerSwitch_->setOn(ofCurrent(output_.power));
-    setKnown(toldOfCurrent().power, powerSwitch_);
 }
 
 void OutputViewController::showType(std::size_t band) {
@@ -134,8 +122,6 @@ void OutputViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
     auto& reported = told(report.item);
-    ofItem(output_.power, report.item) = report.on;
-    reported.power = true;
     if (report.on) {
         const auto turnedOn = [&](std::int64_t volume) {
             return std::min(std::max(volume, ofItem(output_.min_to_volume, report.item)),
@@ -149,12 +135,10 @@ void OutputViewController::handle(const reports::Power& report) {
         if (reported.volume.known)
             reported.volume.reported = turnedOn(reported.volume.reported);
     }
-    announceItem(report.item);
-    if (isCurrent(report.item)) {
-        showPower();
-        // Nothing else sets this: a mute that is locked stays so when another output is picked. That is meant.
+    ItemViewController::handle(report);
+    // Nothing else sets this: a mute that is locked stays so when another output is picked. That is meant.
+    if (isCurrent(report.item))
         muteSwitch().setEnabled(report.on);
-    }
     enableRowMute(report.item);
     if (report.on) {
         showMute(report.item);
