@@ -33,5 +33,5 @@ def violations(source):
                     yield f"{file}: {room} may not use {used or 'Qt'}"
 
 
-found = list(violations(pathlib.Path(sys.argv[1])))
-sys.exit("\n".join(found) or 0)
+if __name__ == "__main__":
+    sys.exit("\n".join(violations(pathlib.Path(sys.argv[1]))) or 0)
