@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 namespace lumbra {
 
 namespace {
 
-enum Role { Name = Qt::UserRole, Input, Level, Mute, Power };
+enum Role { Name = Qt::UserRole, Input, AskedInput, Level, AskedLevel, Mute, Power };
 
 } // namespace
 
@@ -22,22 +23,28 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
     const auto& row = rows_[static_cast<std::size_t>(index.row())];
     switch (role) {
     case Name:
-        return QString::fromStdString(row.name);
+        return shownName(row.name);
     case Input:
-        return QString::fromStdString(row.input);
+        return row.known.input ? shownName(row.input) : unknownText();
+    case AskedInput:
+        return shownName(row.askedInput.value_or(""));
     case Level:
-        return QString::fromStdString(row.level.text());
+        return row.known.volume ? translatedText(row.level.text()) : unknownText();
+    case AskedLevel:
+        return row.askedLevel ? translatedText(row.askedLevel->text()) : QString();
     case Mute:
-        return row.mute;
+        return row.known.mute && row.mute;
     case Power:
-        return row.power.value_or(true);
+        return !row.known.power || row.power.value_or(true);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> ItemListModel::roleNames() const {
-    return {{Name, "name"}, {Input, "input"}, {Level, "level"}, {Mute, "mute"}, {Power, "power"}};
+    return {{Name, "name"},   {Input, "input"},           {AskedInput, "askedInput"},
+            {Level, "level"}, {AskedLevel, "askedLevel"}, {Mute, "mute"},
+            {Power, "power"}};
 }
 
 void ItemListModel::update(const ItemList& list) {
@@ -61,9 +68,69 @@ void ItemListModel::update(const ItemList& list) {
     }
 }
 
-ItemListAdapter::ItemListAdapter(const ItemList& list, RefreshQueue& queue, QObject* parent)
-    : Adapter(queue, parent), list_(list), subscription_(list.onRowChange([this](auto) { mark(); })) {
+ItemListAdapter::ItemListAdapter(const ItemList& list, const View& view, Application& application,
+                                 RefreshQueue& queue, QObject* parent)
+    : Adapter(queue, parent), list_(list), application_(application), queue_(queue) {
+    const auto tell = [this] { mark(); };
+    for (const auto& item : view.items())
+        if (auto picker = std::dynamic_pointer_cast<Picker>(item.control); picker && !item.sends)
+            picker_ = std::move(picker);
+    subscriptions_.push_back(picker_->onChange(tell));
+    subscriptions_.push_back(list.onRowChange([tell](auto) { tell(); }));
+    subscriptions_.push_back(application.status().onChange([this] {
+        for (auto* const adapter : adapters_)
+            adapter->setLocked(application_.hands().isLocked());
+    }));
     rows_.update(list_);
+}
+
+std::optional<Reading> ItemListAdapter::reported() const {
+    const auto selected = static_cast<std::size_t>(picker_->selected()); // -1 is beyond the rows
+    if (selected >= list_.rowCount())
+        return std::nullopt;
+    const auto row = list_.row(selected);
+    return row.known.volume ? std::optional(row.level) : std::nullopt;
+}
+
+QString ItemListAdapter::level() const {
+    const auto level = reported();
+    return level ? translatedText(level->text()) : unknownText();
+}
+
+QString ItemListAdapter::spokenLevel() const {
+    const auto level = reported();
+    return level ? spokenText(*level) : spokenUnknown();
+}
+
+SliderAdapter* ItemListAdapter::volumeAt(int row, const QString& name) {
+    const auto at = static_cast<std::size_t>(row); // below 0 it is beyond the rows
+    const auto slider = list_.volumeAt(at, givenNameAt(at, name));
+    return adapterOf<SliderAdapter>(slider.get(), [&] {
+        return new SliderAdapter(slider, application_.hands().on(slider), "Volume", queue_, this);
+    });
+}
+
+SwitchAdapter* ItemListAdapter::muteAt(int row, const QString& name) {
+    const auto at = static_cast<std::size_t>(row);
+    const auto onOff = list_.muteAt(at, givenNameAt(at, name));
+    return adapterOf<SwitchAdapter>(onOff.get(),
+                                    [&] { return new SwitchAdapter(onOff, "Mute", queue_, this); });
+}
+
+std::string ItemListAdapter::givenNameAt(std::size_t row, const QString& name) const {
+    return row < list_.rowCount() ? givenName(name, list_.row(row).name) : std::string();
+}
+
+template <class AdapterType, class Make>
+AdapterType* ItemListAdapter::adapterOf(const Control* control, Make make) {
+    if (!control)
+        return nullptr;
+    auto*& adapter = adapters_[control];
+    if (!adapter) {
+        adapter = make();
+        adapter->setLocked(application_.hands().isLocked());
+    }
+    return static_cast<AdapterType*>(adapter);
 }
 
 void ItemListAdapter::refresh() {

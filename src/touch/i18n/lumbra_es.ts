@@ -26,6 +26,10 @@
         <source>%1 band %2, %3</source>
         <translation>%1 banda %2, %3</translation>
     </message>
+    <message>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>BusyArc</name>
@@ -108,6 +112,10 @@
     <message>
         <source>%1, %2, %3, %4</source>
         <translation>%1, %2, %3, %4</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -266,6 +274,10 @@
     <message>
         <source>off</source>
         <translation>apagado</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -505,6 +517,10 @@
     <message>
         <source>Source %1</source>
         <translation>Fuente %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

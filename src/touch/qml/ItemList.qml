@@ -2,7 +2,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lumbra.Touch
 
-/// All items of the screen with their input, level and mute.
+/// All items of the screen with their input, level and mute, as the unit has reported them, and what it has been asked
+/// for since.
 PickList {
     id: root
 
@@ -16,15 +17,19 @@ PickList {
         required property int index
         required property string name
         required property string input
+        required property string askedInput
         required property string level
+        required property string askedLevel
         required property bool mute
         required property bool power
         readonly property string condition: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
+        readonly property string spokenInput: askedInput === "" ? input : Speech.format(qsTr("%1, asked for %2"), [input, askedInput])
+        readonly property string spokenLevel: askedLevel === "" ? level : Speech.format(qsTr("%1, asked for %2"), [level, askedLevel])
 
         width: root.cellWidth
         height: root.rowHeight
         text: name
-        spoken: condition === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, condition])
+        spoken: condition === "" ? Speech.format(qsTr("%1, %2, %3"), [name, spokenInput, spokenLevel]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, spokenInput, spokenLevel, condition])
         selected: index === root.picker.selected
         marked: GridView.isCurrentItem && root.keyed
         onPicked: text => root.pick(index, text)
@@ -44,7 +49,7 @@ PickList {
             }
             FittedText {
                 width: parent.width
-                text: row.input
+                text: row.askedInput === "" ? row.input : row.input + " \u2192 " + row.askedInput
                 color: Theme.dimText
                 font.pixelSize: Theme.smallText
                 Accessible.ignored: true
@@ -64,13 +69,24 @@ PickList {
                 font.pixelSize: Theme.titleText
                 Accessible.ignored: true
             }
-            FittedText {
+            Row {
                 anchors.right: parent.right
-                visible: text !== ""
-                text: row.condition
-                color: Theme.waiting
-                font.pixelSize: Theme.smallText
-                Accessible.ignored: true
+                spacing: Theme.smallGap
+
+                FittedText {
+                    visible: row.askedLevel !== ""
+                    text: "\u2192 " + row.askedLevel
+                    color: Theme.dimText
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
+                FittedText {
+                    visible: text !== ""
+                    text: row.condition
+                    color: Theme.waiting
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
             }
         }
     }
