@@ -7,8 +7,9 @@
 namespace lumbra {
 
 GroupViewController::GroupViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, "groupPicker",
-                         percentOfVolume),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, std::make_unique<Groups>(),
+                         "groupPicker", percentOfVolume),
+      group_(static_cast<Groups&>(items())),
       powerSwitch_(this->view().outlet<Switch>("powerSwitch")) {}
 
 void GroupViewController::viewDidLoad() {
@@ -17,7 +18,7 @@ void GroupViewController::viewDidLoad() {
 }
 
 void GroupViewController::powerSwitchChange(Switch& sender) {
-    send(setPower(itemKind(), group().current, sender.isOn()));
+    send(setPower(itemKind(), group_.current, sender.isOn()));
 }
 
 void GroupViewController::processCommand(std::string_view report) {
@@ -30,14 +31,14 @@ void GroupViewController::showItem() {
 }
 
 void GroupViewController::showPower() {
-    powerSwitch_->setOn(ofCurrent(group().power));
-    setKnown(told(group().current).power, powerSwitch_);
+    powerSwitch_->setOn(ofCurrent(group_.power));
+    setKnown(toldOfCurrent().power, powerSwitch_);
 }
 
 void GroupViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
-    ofItem(model().power, report.item) = report.on;
+    ofItem(group_.power, report.item) = report.on;
     told(report.item).power = true;
     announceItem(report.item);
     if (isCurrent(report.item))

@@ -3,8 +3,6 @@
 #include "model/Outputs.h"
 #include "toolkit/ItemList.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 
@@ -38,7 +36,7 @@ struct ItemTold {
     bool loudness = false;
     bool bass = false;
     bool treble = false;
-    std::array<Band, static_cast<std::size_t>(Outputs::bands)> bands{};
+    Outputs::PerBand<Band> bands{};
 
     ItemRow::Known known() const { return {name, input.known, volume.known, mute, power}; }
 };

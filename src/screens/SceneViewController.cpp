@@ -1,6 +1,6 @@
 #include "screens/SceneViewController.h"
 
-#include "model/Defaults.h"
+#include "model/HideLists.h"
 
 #include <cstddef>
 #include <utility>
@@ -15,8 +15,7 @@ SceneViewController::SceneViewController(const ScreenContext& context, std::shar
 
 void SceneViewController::viewDidLoad() {
     ScreenViewController::viewDidLoad();
-    scenePickerData_.resize(10);
-    fillDefaultNames(scenePickerData_, "Scene");
+    scenePickerData_ = defaultNames(size, "Scene");
     scenePicker_->setRows(scenePickerData_);
     const std::weak_ptr self = shared(this);
     scenePicker_->picked.set(self, &SceneViewController::scenePick);

@@ -16,6 +16,7 @@ namespace lumbra {
 class SceneViewController final : public ScreenViewController {
 public:
     static constexpr int QUERY_NUMBER = 2;
+    static constexpr std::int64_t size = 10;
 
     SceneViewController(const ScreenContext& context, std::shared_ptr<View> view);
 
@@ -35,7 +36,7 @@ private:
     Outlet<Picker> scenePicker_;
     Outlet<Button> loadSceneButton_;
     Outlet<Button> saveSceneButton_;
-    std::vector<std::string> scenePickerData_; ///< ten titles once loaded
+    std::vector<std::string> scenePickerData_; ///< empty until the view is loaded
     std::int64_t current_scene_ = 0;
 };
 
