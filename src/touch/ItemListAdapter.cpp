@@ -1,5 +1,10 @@
 #include "touch/ItemListAdapter.h"
 
+#include "app/Silence.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
 #include <algorithm>
 #include <cstddef>
 #include <optional>
@@ -9,7 +14,19 @@ namespace lumbra {
 
 namespace {
 
-enum Role { Name = Qt::UserRole, Input, AskedInput, Level, AskedLevel, Mute, Power };
+enum Role { Name = Qt::UserRole, Input, AskedInput, Level, AskedLevel, Silence, Spoken };
+
+QString conditionOf(const ItemRow& row) {
+    const auto condition = silenceOf(row);
+    return condition ? translatedText(*condition) : QString();
+}
+
+/// A value and what was asked for since, for a screen reader.
+QString spokenValue(const QString& value, const QString& asked) {
+    //: %1 is what the unit has reported, %2 what it has been asked for since
+    return asked.isEmpty() ? value
+                           : QCoreApplication::translate("System", "%1, asked for %2").arg(value, asked);
+}
 
 } // namespace
 
@@ -32,19 +49,27 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
         return row.known.volume ? translatedText(row.level.text()) : unknownText();
     case AskedLevel:
         return row.askedLevel ? translatedText(row.askedLevel->text()) : QString();
-    case Mute:
-        return row.known.mute && row.mute;
-    case Power:
-        return !row.known.power || row.power.value_or(true);
+    case Silence:
+        return conditionOf(row);
+    case Spoken: {
+        QStringList words{shownName(row.name),
+                          spokenValue(row.known.input ? shownName(row.input) : spokenUnknown(),
+                                      data(index, AskedInput).toString()),
+                          spokenValue(row.known.volume ? spokenText(row.level) : spokenUnknown(),
+                                      row.askedLevel ? spokenText(*row.askedLevel) : QString())};
+        if (const auto condition = conditionOf(row); !condition.isEmpty())
+            words << condition;
+        return words.join(QStringLiteral(", "));
+    }
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> ItemListModel::roleNames() const {
-    return {{Name, "name"},   {Input, "input"},           {AskedInput, "askedInput"},
-            {Level, "level"}, {AskedLevel, "askedLevel"}, {Mute, "mute"},
-            {Power, "power"}};
+    return {{Name, "name"},    {Input, "input"},           {AskedInput, "askedInput"},
+            {Level, "level"},  {AskedLevel, "askedLevel"}, {Silence, "condition"},
+            {Spoken, "spoken"}};
 }
 
 void ItemListModel::update(const ItemList& list) {
@@ -84,12 +109,19 @@ ItemListAdapter::ItemListAdapter(const ItemList& list, const View& view, Applica
     rows_.update(list_);
 }
 
-std::optional<Reading> ItemListAdapter::reported() const {
+std::optional<ItemRow> ItemListAdapter::selected() const {
     const auto selected = static_cast<std::size_t>(picker_->selected()); // -1 is beyond the rows
-    if (selected >= list_.rowCount())
-        return std::nullopt;
-    const auto row = list_.row(selected);
-    return row.known.volume ? std::optional(row.level) : std::nullopt;
+    return selected < list_.rowCount() ? std::optional(list_.row(selected)) : std::nullopt;
+}
+
+std::optional<Reading> ItemListAdapter::reported() const {
+    const auto row = selected();
+    return row && row->known.volume ? std::optional(row->level) : std::nullopt;
+}
+
+QString ItemListAdapter::condition() const {
+    const auto row = selected();
+    return row ? conditionOf(*row) : QString();
 }
 
 QString ItemListAdapter::level() const {
@@ -99,7 +131,8 @@ QString ItemListAdapter::level() const {
 
 QString ItemListAdapter::spokenLevel() const {
     const auto level = reported();
-    return level ? spokenText(*level) : spokenUnknown();
+    const auto spoken = level ? spokenText(*level) : spokenUnknown();
+    return condition().isEmpty() ? spoken : spoken + QStringLiteral(", ") + condition();
 }
 
 SliderAdapter* ItemListAdapter::volumeAt(int row, const QString& name) {

@@ -20,7 +20,7 @@ namespace lumbra {
 
 /// The items of a screen as a list model that changes row by row. The roles are `name`, `input`, `level` (plain
 /// text, "–" where no report has given it), `askedInput` and `askedLevel` (what was asked for and has not been reported
-/// since, else empty), `mute` and `power` (false only for an item that has been reported as turned off).
+/// since, else empty), `condition` (as ItemListAdapter's) and `spoken` (all of it, for a screen reader).
 class ItemListModel final : public QAbstractListModel {
     Q_OBJECT
 
@@ -44,6 +44,7 @@ class ItemListAdapter final : public lumbra::Adapter {
     Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
     Q_PROPERTY(QString level READ level NOTIFY changed)
     Q_PROPERTY(QString spokenLevel READ spokenLevel NOTIFY changed)
+    Q_PROPERTY(QString condition READ condition NOTIFY changed)
 
 public:
     /// `list`, the items of the screen whose view is `view`, and `application` outlive the adapter.
@@ -53,8 +54,10 @@ public:
     QAbstractItemModel* rows() { return &rows_; }
     /// The volume that the unit has last reported for the selected item, or "–".
     QString level() const;
-    /// The same for a screen reader.
+    /// The same for a screen reader, with the condition.
     QString spokenLevel() const;
+    /// What keeps the selected item from playing, in words ("Muted"); empty if nothing does.
+    QString condition() const;
 
     /// The volume of a row's item while that has the name `name`, which is what the user saw there; else null. It is
     /// the same adapter for the same item.
@@ -66,6 +69,7 @@ protected:
     void refresh() override;
 
 private:
+    std::optional<ItemRow> selected() const;
     std::optional<Reading> reported() const;
     /// The name of a row's item, if it is shown as `name`; else one that it doesn't have.
     std::string givenNameAt(std::size_t row, const QString& name) const;

@@ -28,7 +28,7 @@
     </message>
     <message>
         <source>unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>unbekannt</translation>
     </message>
 </context>
 <context>
@@ -93,29 +93,6 @@
     <message>
         <source>Reconnect</source>
         <translation>Neu verbinden</translation>
-    </message>
-</context>
-<context>
-    <name>ItemList</name>
-    <message>
-        <source>Off</source>
-        <translation>Aus</translation>
-    </message>
-    <message>
-        <source>Muted</source>
-        <translation>Stumm</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <translation>%1, %2, %3</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3, %4</source>
-        <translation>%1, %2, %3, %4</translation>
-    </message>
-    <message>
-        <source>%1, asked for %2</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -277,7 +254,7 @@
     </message>
     <message>
         <source>unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>unbekannt</translation>
     </message>
 </context>
 <context>
@@ -520,7 +497,20 @@
     </message>
     <message>
         <source>unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
+        <translation>%1, verlangt: %2</translation>
     </message>
 </context>
 <context>

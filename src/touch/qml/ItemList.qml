@@ -20,16 +20,12 @@ PickList {
         required property string askedInput
         required property string level
         required property string askedLevel
-        required property bool mute
-        required property bool power
-        readonly property string condition: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
-        readonly property string spokenInput: askedInput === "" ? input : Speech.format(qsTr("%1, asked for %2"), [input, askedInput])
-        readonly property string spokenLevel: askedLevel === "" ? level : Speech.format(qsTr("%1, asked for %2"), [level, askedLevel])
+        required property string condition
+        required spoken
 
         width: root.cellWidth
         height: root.rowHeight
         text: name
-        spoken: condition === "" ? Speech.format(qsTr("%1, %2, %3"), [name, spokenInput, spokenLevel]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, spokenInput, spokenLevel, condition])
         selected: index === root.picker.selected
         marked: GridView.isCurrentItem && root.keyed
         onPicked: text => root.pick(index, text)

@@ -27,11 +27,10 @@ T.Switch {
     rightPadding: 14
     font.pixelSize: Theme.bodyText
     hoverEnabled: true
-    checked: on
+    checked: known && on
     onToggled: {
-        const wanted = checked;
-        checked = Qt.binding(() => root.on);
-        flipped(wanted);
+        checked = Qt.binding(() => root.known && root.on);
+        flipped(!on);
     }
     Keys.onReturnPressed: flipped(!on)
     Keys.onEnterPressed: flipped(!on)
@@ -40,7 +39,7 @@ T.Switch {
     Accessible.name: Speech.format(qsTr("%1, %2"), [spokenName, !known ? qsTr("unknown") : on ? qsTr("on") : qsTr("off")])
     Accessible.checkable: true
     Accessible.readOnly: !enabled
-    Accessible.checked: known && on
+    Accessible.checked: checked
     Accessible.checkStateMixed: !known
     Accessible.onPressAction: flipped(!on)
     Accessible.onToggleAction: flipped(!on)
@@ -57,18 +56,18 @@ T.Switch {
         width: 52
         height: 30
         radius: height / 2
-        color: root.known && root.on ? Theme.accent : Theme.raised
-        border.color: root.known && root.on ? Theme.accent : Theme.outline
+        color: root.checked ? Theme.accent : Theme.raised
+        border.color: root.checked ? Theme.accent : Theme.outline
         border.width: 2
         opacity: root.enabled ? 1 : 0.4
 
         Rectangle {
-            x: !root.known ? (parent.width - width) / 2 : root.on ? parent.width - width - 4 : 4
+            x: !root.known ? (parent.width - width) / 2 : root.checked ? parent.width - width - 4 : 4
             anchors.verticalCenter: parent.verticalCenter
             width: root.known ? 22 : 14
             height: root.known ? 22 : 3
             radius: height / 2
-            color: root.known && root.on ? Theme.accentText : Theme.dimText
+            color: root.checked ? Theme.accentText : Theme.dimText
         }
     }
     background: Card {

@@ -320,6 +320,7 @@ TestCase {
             verify(find("busy").item);
         }
         const mute = find("muteSwitch");
+        play("> U1Z1M0");
         mute.forceActiveFocus();
         for (const flip of [() => mouseClick(mute), () => keyClick(Qt.Key_Space), () => keyClick(Qt.Key_Return)]) {
             flip();
@@ -687,7 +688,7 @@ TestCase {
     function test_what_assistive_technology_finds_data() {
         return [
             { tag: "zone", finds: ["Heading; Zones", "StaticText; Unit at 192.168.1.50, Connected; read only", "Button; Settings",
-                    "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50%; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
+                    "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50 percent; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
                     "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, unknown; 0 of -15 to 15",
                     "Button; %1 %2 volume, louder", "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
             { tag: "override", finds: ["CheckBox; Override 10, unknown; off", "PageTab; Overrides; on"] },
