@@ -26,6 +26,10 @@
         <source>%1 band %2, %3</source>
         <translation>%1 banda %2, %3</translation>
     </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
+    </message>
 </context>
 <context>
     <name>BusyArc</name>
@@ -89,25 +93,6 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconectar</translation>
-    </message>
-</context>
-<context>
-    <name>ItemList</name>
-    <message>
-        <source>Off</source>
-        <translation>Apagado</translation>
-    </message>
-    <message>
-        <source>Muted</source>
-        <translation>Silenciado</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <translation>%1, %2, %3</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3, %4</source>
-        <translation>%1, %2, %3, %4</translation>
     </message>
 </context>
 <context>
@@ -266,6 +251,10 @@
     <message>
         <source>off</source>
         <translation>apagado</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
     </message>
 </context>
 <context>
@@ -505,6 +494,23 @@
     <message>
         <source>Source %1</source>
         <translation>Fuente %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Apagado</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Silenciado</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
+        <translation>%1, se ha pedido %2</translation>
     </message>
 </context>
 <context>

@@ -26,6 +26,10 @@
         <source>%1 band %2, %3</source>
         <translation>%1 bande %2, %3</translation>
     </message>
+    <message>
+        <source>unknown</source>
+        <translation>inconnu</translation>
+    </message>
 </context>
 <context>
     <name>BusyArc</name>
@@ -89,25 +93,6 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconnecter</translation>
-    </message>
-</context>
-<context>
-    <name>ItemList</name>
-    <message>
-        <source>Off</source>
-        <translation>Éteint</translation>
-    </message>
-    <message>
-        <source>Muted</source>
-        <translation>Muet</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <translation>%1, %2, %3</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3, %4</source>
-        <translation>%1, %2, %3, %4</translation>
     </message>
 </context>
 <context>
@@ -266,6 +251,10 @@
     <message>
         <source>off</source>
         <translation>désactivé</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>inconnu</translation>
     </message>
 </context>
 <context>
@@ -505,6 +494,23 @@
     <message>
         <source>Source %1</source>
         <translation>Source %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>inconnu</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Éteint</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Muet</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
+        <translation>%1, demandé : %2</translation>
     </message>
 </context>
 <context>

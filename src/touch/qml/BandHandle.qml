@@ -97,7 +97,7 @@ Item {
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: Speech.format(qsTr("%1 band %2, %3"), [where, band + 1, hollow ? type.segments[type.selected] : BandText.spoken(frequency.value, gain.value, gain.enabled)])
+    Accessible.name: Speech.format(qsTr("%1 band %2, %3"), [where, band + 1, !type.known ? qsTr("unknown") : hollow ? type.segments[type.selected] : BandText.spoken(frequency.value, gain.value, gain.enabled)])
     Accessible.onIncreaseAction: step(gain, 1)
     Accessible.onDecreaseAction: step(gain, -1)
     Accessible.focusable: true

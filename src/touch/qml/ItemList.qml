@@ -2,7 +2,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lumbra.Touch
 
-/// All items of the screen with their input, level and mute.
+/// All items of the screen with their input, level and mute, as the unit has reported them, and what it has been asked
+/// for since.
 PickList {
     id: root
 
@@ -16,15 +17,15 @@ PickList {
         required property int index
         required property string name
         required property string input
+        required property string askedInput
         required property string level
-        required property bool mute
-        required property bool power
-        readonly property string condition: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
+        required property string askedLevel
+        required property string condition
+        required spoken
 
         width: root.cellWidth
         height: root.rowHeight
         text: name
-        spoken: condition === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, condition])
         selected: index === root.picker.selected
         marked: GridView.isCurrentItem && root.keyed
         onPicked: text => root.pick(index, text)
@@ -44,7 +45,7 @@ PickList {
             }
             FittedText {
                 width: parent.width
-                text: row.input
+                text: row.askedInput === "" ? row.input : row.input + " \u2192 " + row.askedInput
                 color: Theme.dimText
                 font.pixelSize: Theme.smallText
                 Accessible.ignored: true
@@ -64,13 +65,24 @@ PickList {
                 font.pixelSize: Theme.titleText
                 Accessible.ignored: true
             }
-            FittedText {
+            Row {
                 anchors.right: parent.right
-                visible: text !== ""
-                text: row.condition
-                color: Theme.waiting
-                font.pixelSize: Theme.smallText
-                Accessible.ignored: true
+                spacing: Theme.smallGap
+
+                FittedText {
+                    visible: row.askedLevel !== ""
+                    text: "\u2192 " + row.askedLevel
+                    color: Theme.dimText
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
+                FittedText {
+                    visible: text !== ""
+                    text: row.condition
+                    color: Theme.waiting
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
             }
         }
     }

@@ -32,6 +32,8 @@ Item {
     /// A press, not the keyboard, has moved the focus here.
     property bool byHand: false
     readonly property bool visualFocus: activeFocus && !byHand
+    /// There is a value to show.
+    readonly property bool valued: slider.known || slider.held
 
     function step(key: int): bool {
         switch (key) {
@@ -104,6 +106,7 @@ Item {
         }
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
+            visible: root.valued
             x: Math.min(root.fillFrom, root.slider.position) * parent.width
             width: Math.abs(root.slider.position - root.fillFrom) * parent.width
             height: root.thickness
@@ -122,6 +125,7 @@ Item {
             id: thumb
 
             objectName: "thumb"
+            visible: root.valued
             x: root.slider.position * parent.width - width / 2
             anchors.verticalCenter: parent.verticalCenter
             width: Math.max(24, root.thickness * 1.6)

@@ -9,7 +9,7 @@ Card {
     required property string where
 
     readonly property SliderAdapter slider: screen.slider("volumeSlider")
-    readonly property LabelAdapter level: screen.label("volumeLabel")
+    readonly property ItemListAdapter items: screen.items
 
     implicitHeight: column.implicitHeight + 14
     implicitWidth: 240
@@ -63,7 +63,7 @@ Card {
                 anchors.right: caption.right
                 anchors.bottom: parent.bottom
                 horizontalAlignment: Text.AlignHCenter
-                text: root.level.text
+                text: root.items.level
                 font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.hugeText : Theme.levelText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.titleText
@@ -87,7 +87,7 @@ Card {
             width: parent.width
             slider: root.slider
             label: root.slider.spokenName(root.where)
-            spokenValue: root.level.spoken
+            spokenValue: root.items.spokenLevel
         }
     }
 }

@@ -163,10 +163,10 @@ TestCase {
         compare(harness.sent(), "[U1Z1I3]");
         play("> U1Z2N\"Attic\"\n> U1O1Z2\n> U1Z2V-12");
         tryVerify(() => find("zonePicker").picker.count === 1 && isInMiddle("zonePicker"));
-        compare(find("volumeText").text, "50%");
+        compare(find("volumeSlider").value, -40);
         tapRow("zonePicker", 0);
         harness.pass(20);
-        compare(find("volumeText").text, "85%", "a lone row can be picked");
+        compare([find("volumeSlider").value, find("volumeText").text], [-12, "85%"], "a lone row can be picked");
     }
     // The unit's first answer takes rows away, here under a wheel that stands at its end, or moves.
     function test_rows_that_go_leave_the_selected_one_in_the_middle() {
@@ -320,6 +320,7 @@ TestCase {
             verify(find("busy").item);
         }
         const mute = find("muteSwitch");
+        play("> U1Z1M0");
         mute.forceActiveFocus();
         for (const flip of [() => mouseClick(mute), () => keyClick(Qt.Key_Space), () => keyClick(Qt.Key_Return)]) {
             flip();
@@ -360,23 +361,35 @@ TestCase {
                 mouseClick(find("muteSwitch"));
                 slider.forceActiveFocus();
                 keyClick(Qt.Key_Up);
-                harness.actOn(window, "Zone 1 mute, off", "Toggle");
+                verify(harness.actOn(window, "Zone 1 mute, unknown", "Toggle"));
                 compare(harness.leftBehind() !== before, moves, says);
             }
             const zones = harness.app.screen.picker("zonePicker");
             verify(zones.pick(4, "Zone 5") && zones.selected === 4, "browsing sends nothing");
         }
     }
+    // What is reported, what was asked for, and what nobody has said.
     function test_all_items_are_seen_at_once() {
+        harness.speak("de");
         open(1280, 800);
         play("> U1O1Z1\n> U1O2Z3\n> U1Z3N\"Attic\"\n> U1Z3V-20\n> U1Z3M1\n> U1Z3I2\n> U1I2N\"Tuner\"");
         const row = find("zonePicker", "list").itemAtIndex(1);
         const shows = text => compare([row.name, row.input, row.level, row.condition, row.selected].join(), text);
-        shows("Attic,Tuner,75%,Muted,false");
+        shows("Attic,Tuner,75%,Stumm,false");
+        verify(!seen("thumb") && find("volumeText").text === "–" && harness.accessible(window).includes("ListItem; Zone 1, unbekannt, unbekannt; on"));
         mouseClick(row);
         play("> U1Z3V-40");
         shows("Attic,Tuner,50%,,true");
         compare(find("itemName").text, "Attic");
+        verify(seen("thumb"));
+        mouseClick(find("more"));
+        mouseClick(find("sourcePicker", "list").itemAtIndex(2));
+        play("wait 0.8\npick zonePicker 0\npick zonePicker 1");
+        shows("Attic,Tuner,50%,,true");
+        compare([row.askedInput, row.askedLevel, find("volumeText").text].join(), "Quelle 3,51%,50%");
+        play("> U1Z3V-39\n> U1Z3I3");
+        shows("Attic,Quelle 3,51%,,true");
+        compare(row.askedInput + row.askedLevel, "");
     }
     function test_settings_are_leaving_and_returning() {
         open(800, 1000);
@@ -675,23 +688,23 @@ TestCase {
     function test_what_assistive_technology_finds_data() {
         return [
             { tag: "zone", finds: ["Heading; Zones", "StaticText; Unit at 192.168.1.50, Connected; read only", "Button; Settings",
-                    "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50%; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
-                    "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, 0 percent; 0 of -15 to 15",
+                    "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50 percent; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
+                    "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, unknown; 0 of -15 to 15",
                     "Button; %1 %2 volume, louder", "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
-            { tag: "override", finds: ["CheckBox; Override 10, off; off", "PageTab; Overrides; on"] },
+            { tag: "override", finds: ["CheckBox; Override 10, unknown; off", "PageTab; Overrides; on"] },
             { tag: "scene", finds: ["RadioButton; Scene, Scene 1; on", "RadioButton; Scene, Scene 10; off", "Button; Recall Scene 1", "Button; Store Scene 1"] },
             { tag: "settings", finds: ["Pane; Settings", "EditableText; IP address", "RadioButton; Unit number, 1; on",
                     "RadioButton; Unit number, 4; off", "CheckBox; State queries, on; on", "Button; Done"] },
             { tag: "output", finds: ["List; Output, Output 1", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
-                    "CheckBox; Output 1 power, on; on", "RadioButton; Output 1 type 7, Bypass; on",
+                    "CheckBox; Output 1 power, unknown; off", "RadioButton; Output 1 type 7, Bypass; off",
                     "RadioButton; Output 1 type 1, Parametric; on", "Slider; Output 1 gain 1, 3 decibels; 3 of -15 to 15",
-                    "Slider; Output 1 gain 7, 0 decibels; 0 of -15 to 15; read only",
+                    "Slider; Output 1 gain 7, unknown; 0 of -15 to 15; read only", "Slider; Output 1 band 7, unknown; 0 of -15 to 15; read only",
                     "Slider; Output 1 band 1, 1 kilohertz, 3 decibels; 3 of -15 to 15"] }
         ];
     }
     function test_what_assistive_technology_finds(data) {
         open(1280, 900, data.tag === "output" ? advanced : "");
-        play("> U1Z1N\"%1 %2\"\n> U1O1Z1\n> U1APPQ0\n> U1O1B1P3F1000");
+        play("> U1Z1N\"%1 %2\"\n> U1O1Z1\n> U1Z1V-40\n> U1Z1I1\n> U1APPQ0\n> U1O1V-40\n> U1O1B1P3F1000");
         show(data.tag);
         const found = harness.accessible(window);
         for (const line of data.finds)
@@ -701,8 +714,9 @@ TestCase {
     }
     function test_assistive_technology_and_two_fingers_act() {
         open(1280, 800);
-        for (const [name, action, command] of [["Zone 1 mute, off", "Toggle", "[U1Z1M1]"], ["Zone 1 loudness, off", "Press", "[U1Z1LD1]"],
-            ["Zone 1 volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Zone 1 bass, 0 percent", "Decrease", "[U1Z1BASS-1]"],
+        play("> U1Z1V-40");
+        for (const [name, action, command] of [["Zone 1 mute, off", "Toggle", "[U1Z1M1]"], ["Zone 1 loudness, unknown", "Press", "[U1Z1LD1]"],
+            ["Zone 1 volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Zone 1 bass, unknown", "Decrease", "[U1Z1BASS-1]"],
             ["Source 2", "Press", "[U1Z1I2]"]]) {
             verify(harness.actOn(window, name, action), name);
             compare(sentLater(), command);
