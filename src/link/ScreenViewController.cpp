@@ -77,6 +77,10 @@ void ScreenViewController::displayConnectionError() {
     }));
 }
 
+void ScreenViewController::handle(const reports::EndOfState&) {
+    spinner_->stopAnimating();
+}
+
 std::int64_t ScreenViewController::send(std::string_view body) {
     const auto command = frameCommand(serverConn_->unit, body);
     return serverConn_->sendData(

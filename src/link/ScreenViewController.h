@@ -4,7 +4,6 @@
 #include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "platform/Worker.h"
-#include "protocol/ItemReports.h"
 #include "protocol/ReportBuffer.h"
 #include "toolkit/ActivityIndicator.h"
 #include "toolkit/Alert.h"
@@ -17,6 +16,10 @@
 #include <variant>
 
 namespace lumbra {
+
+namespace reports {
+struct EndOfState;
+}
 
 /// What the link cycle needs from the owner of the connection. Main thread.
 class LinkOwner {
@@ -73,7 +76,8 @@ protected:
             std::visit(handle, parsed->report);
     }
 
-    void handle(const reports::EndOfState&) { spinner_->stopAnimating(); }
+    /// The answer to the state query is complete.
+    void handle(const reports::EndOfState&);
 
     /// Frames `body` for the unit and sends it. Returns what `sendData` returned; the commands of controls
     /// ignore it.
