@@ -23,6 +23,11 @@ T.ApplicationWindow {
     title: qsTr("Lumbra Remote")
     color: Theme.background
 
+    Binding {
+        target: Theme
+        property: "current"
+        value: window.app.settings.shown || !window.app.screen || window.app.screen.current
+    }
     Item {
         id: frame
 

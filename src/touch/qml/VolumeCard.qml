@@ -64,6 +64,7 @@ Card {
                 anchors.bottom: parent.bottom
                 horizontalAlignment: Text.AlignHCenter
                 text: root.items.level
+                color: Theme.value
                 font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.hugeText : Theme.levelText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.titleText

@@ -353,7 +353,7 @@ TestCase {
                 play(script);
                 harness.pass(20);
                 compare(find("linkState").text, says);
-                compare(find("values").opacity === 1, certain, says);
+                compare(Qt.colorEqual(find("volumeText").color, Theme.text), certain, says);
                 compare(slider.mapToItem(window.contentItem, 0, 0).y, place, says + ": nothing moves under a finger");
                 const before = harness.leftBehind();
                 if (says !== "Connecting" && says !== "Not connected" && !certain)
@@ -742,13 +742,22 @@ TestCase {
         return (light + 0.05) / (dark + 0.05);
     }
     function test_texts_can_be_read() {
-        verify(contrast(Theme.accentText, Theme.accent) >= 4.5, "on the accent");
-        for (const text of ["text", "dimText", "pickerText", "accent", "good", "waiting", "bad"])
-            for (const surface of ["background", "surface", "raised"])
-                verify(contrast(Theme[text], Theme[surface]) >= 4.5, text + " on " + surface);
-        // A wheel's rows beside the middle are drawn at three quarters.
-        const faint = Qt.tint(Theme.surface, Qt.alpha(Theme.text, 0.75));
-        verify(contrast(faint, Theme.surface) >= 4.5, "rows of a wheel");
+        // Certain, and then not: whatever is locked or silent has the colours of what is not certain.
+        const surfaces = ["background", "surface", "raised"];
+        for (const current of [true, false]) {
+            Theme.current = current;
+            for (const [least, colors, grounds] of [
+                [4.5, ["text", "dimText", "accent", "good", "waiting", "bad", "value", "silence", "staleText"], surfaces],
+                [4.5, ["accentText"], ["accent", "live", "silence", "stale", "waiting"]], [3, ["outline", "live", "stale", "silence"], surfaces]])
+                for (const color of colors)
+                    for (const ground of grounds)
+                        verify(contrast(Theme[color], Theme[ground]) >= least, [color, "on", ground, current].join(" "));
+        }
+        // Nothing else makes them fainter.
+        open();
+        play("> U1Z1V-40\n> U1Z1M1\n> U1APPQ0\nend");
+        compare(items(window.contentItem, item => item.text && item.opacity < 1 || item.objectName === "thumb" && item.color.a < 1).join(), "");
+        verify(Qt.colorEqual(find("volumeText").color, Theme.staleText) && seen("thumb"));
     }
 
     // The equaliser is on two pages the second.
