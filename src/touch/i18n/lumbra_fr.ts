@@ -512,6 +512,28 @@
         <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
         <translation>%1, demandé : %2</translation>
     </message>
+    <message>
+        <source>%1%</source>
+        <extracomment>With the space before the sign that the language has: a narrow no-break space (U+202F)</extracomment>
+        <translation>%1&#x202f;%</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Maximum %1</source>
+        <extracomment>%1 is a volume: the unit allows no more</extracomment>
+        <translation>Maximum %1</translation>
+    </message>
 </context>
 <context>
     <name>VolumeCard</name>

@@ -28,7 +28,7 @@ Item {
     // The property names from which assistive technology reads a slider.
     readonly property real value: slider.value
     readonly property real minimumValue: slider.minimum
-    readonly property real maximumValue: slider.maximum
+    readonly property real maximumValue: slider.limit
 
     property bool lostFocus: false
     /// A press, not the keyboard, has moved the focus here.
@@ -104,6 +104,16 @@ Item {
             color: Theme.raised
             border.color: Theme.outline
             border.width: 1
+        }
+        Rectangle {
+            objectName: "limit"
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.slider.limitPosition < 1
+            x: root.slider.limitPosition * parent.width - width / 2
+            width: 3
+            height: root.thickness + 16
+            radius: 1
+            color: Theme.silence
         }
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
