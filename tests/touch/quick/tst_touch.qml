@@ -280,6 +280,26 @@ TestCase {
             compare(store.text, "Store", "nothing was sent for this one");
         }
     }
+    function test_a_hand_stops_at_the_limit() {
+        open();
+        play("> U1Z1V-30\n> U1Z1MV-25");
+        const slider = find("volumeSlider");
+        mousePress(find("more"));
+        for (const [value, says] of [[-30, "62%"], [-10, "Maximum 68%"], [-27, "66%"], [0, "Maximum 68%"]]) {
+            slider.slider.moveToValue(value);
+            compare([slider.value, find("bubble").text], [Math.min(value, -25), says]);
+        }
+        mouseRelease(find("more"));
+        const end = items(slider, item => item.objectName === "thumb" || item.objectName === "limit").map(item => item.x + item.width / 2);
+        compare(end[0], end[1], "the mark is where the thumb stops");
+        compare(sentLater(), "[U1Z1V-25]");
+        // A limit that has come down below what plays: nothing jumps.
+        play("wait 2\n> U1Z1V-25\n> U1Z1MV-40");
+        mouseClick(find("more"));
+        compare([slider.value, sentLater()], [-25, ""]);
+        mouseClick(find("less"));
+        compare(sentLater(), "[U1Z1V-26]");
+    }
     function test_two_buttons_move_the_volume() {
         open();
         const slider = find("volumeSlider");
@@ -375,20 +395,22 @@ TestCase {
         play("> U1O1Z1\n> U1O2Z3\n> U1Z3N\"Attic\"\n> U1Z3V-20\n> U1Z3M1\n> U1Z3I2\n> U1I2N\"Tuner\"");
         const row = find("zonePicker", "list").itemAtIndex(1);
         const shows = text => compare([row.name, row.input, row.level, row.condition, row.selected].join(), text);
-        shows("Attic,Tuner,75%,Stumm,false");
+        shows("Attic,Tuner,75\u202f%,Stumm,false");
         verify(!seen("thumb") && find("volumeText").text === "–" && harness.accessible(window).includes("ListItem; Zone 1, unbekannt, unbekannt; on"));
         mouseClick(row);
+        harness.pass(20);
+        compare([find("condition").text, Qt.colorEqual(find("volumeSlider").color, Theme.stale)].join(), "Stumm,true");
         play("> U1Z3V-40");
-        shows("Attic,Tuner,50%,,true");
+        shows("Attic,Tuner,50\u202f%,,true");
         compare(find("itemName").text, "Attic");
         verify(seen("thumb"));
         mouseClick(find("more"));
         mouseClick(find("sourcePicker", "list").itemAtIndex(2));
         play("wait 0.8\npick zonePicker 0\npick zonePicker 1");
-        shows("Attic,Tuner,50%,,true");
-        compare([row.askedInput, row.askedLevel, find("volumeText").text].join(), "Quelle 3,51%,50%");
+        shows("Attic,Tuner,50\u202f%,,true");
+        compare([row.askedInput, row.askedLevel, find("volumeText").text].join(), "Quelle 3,51\u202f%,50\u202f%");
         play("> U1Z3V-39\n> U1Z3I3");
-        shows("Attic,Quelle 3,51%,,true");
+        shows("Attic,Quelle 3,51\u202f%,,true");
         compare(row.askedInput + row.askedLevel, "");
     }
     function test_settings_are_leaving_and_returning() {
