@@ -56,6 +56,16 @@ TEST_F(Adapters, TheAddressIsWhereConnectionsGo) {
     EXPECT_EQ(other.link()->address(), QStringLiteral("unit:23"));
 }
 
+TEST(Notice, APanelThatTriesAgainSaysSoInItsHeaderOnly) {
+    for (const auto reconnection : {Reconnection::ByUser, Reconnection::Automatic}) {
+        Remote remote(reconnection);
+        remote.launch();
+        remote.play("error");
+        EXPECT_TRUE(remote.application.alerts().shown());
+        EXPECT_EQ(remote.application.notice().shown() == nullptr, reconnection == Reconnection::Automatic);
+    }
+}
+
 // What a window's fingers seldom do; the others are played in the window.
 TEST_F(Adapters, OddHandsMoveNoSlider) {
     auto* const slider = screen().slider(QStringLiteral("volumeSlider"));

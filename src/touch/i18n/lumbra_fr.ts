@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
-    <name>AlertDialog</name>
+    <name>AlertSheet</name>
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>

@@ -322,20 +322,30 @@ TestCase {
         play("> U1APPQ0");
         compare(find("busy").item, null, "nothing turns while idle");
         verify(!seen("reconnectButton"));
-        for (const dismiss of [() => mouseClick(find("alertButton")), () => keyClick(Qt.Key_Return), () => keyClick(Qt.Key_Escape)]) {
+        for (const dismiss of [() => mouseClick(find("alertButton")), () => keyClick(Qt.Key_Escape)]) {
             play("error");
             compare(find("linkState").text, "Not connected");
             const message = find("alertMessage").text;
             compare([message, find("alertButton").text].join(), "Failed to connect to IP address 192.168.1.50.,OK");
             verify(harness.accessible(window).includes("AlertMessage; Error, " + message));
-            mouseClick(find("reconnectButton"));
-            play("link closed");
-            verify(harness.app.alert.shown, "an alert lets nothing else be reached");
+            const press = (name, then) => {
+                mouseClick(find(name));
+                harness.pass(20);
+                play(then);
+            };
+            press("tab-group", "error");
+            press("tab-zone", "error");
+            verify(seen("alertButton"), "an alert holds nothing back");
             dismiss();
-            tryVerify(() => !seen("alertButton"));
-            mouseClick(find("reconnectButton"));
-            harness.pass(20);
-            play("link opening\nconnect\nsent [U1SERIAL0] [U1APPQ0]");
+            for (const tab of ["tab-group", "tab-zone"])
+                press(tab, "error");
+            tryVerify(() => !seen("alertButton"), 5000, "each screen that appears fails again: that is one failure");
+            press("reconnectButton", "link opening\nerror");
+            press("retryButton", "link opening\nerror");
+            verify(seen("alertButton"), "the user has tried again");
+            harness.sent();
+            press("reconnectButton", "link opening\nconnect\nsent [U1SERIAL0] [U1APPQ0]");
+            tryVerify(() => !seen("alertButton"), 5000, "it is over");
             compare(find("linkState").text, "Waiting for the unit");
             verify(find("busy").item);
         }
