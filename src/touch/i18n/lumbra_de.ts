@@ -94,6 +94,10 @@
         <source>Reconnect</source>
         <translation>Neu verbinden</translation>
     </message>
+    <message>
+        <source>Unit and address</source>
+        <translation>Einheit und Adresse</translation>
+    </message>
 </context>
 <context>
     <name>LevelSlider</name>
@@ -452,10 +456,6 @@
         <translation>Das ist weder eine Adresse, wie 192.168.1.50, noch ein Rechnername.</translation>
     </message>
     <message>
-        <source>Not connected, trying again</source>
-        <translation>Nicht verbunden, neuer Versuch folgt</translation>
-    </message>
-    <message>
         <source>Connecting</source>
         <translation>Verbindet</translation>
     </message>
@@ -533,6 +533,10 @@
         <source>Maximum %1</source>
         <extracomment>%1 is a volume: the unit allows no more</extracomment>
         <translation>Maximal %1</translation>
+    </message>
+    <message>
+        <source>Reconnecting…</source>
+        <translation>Verbinde neu …</translation>
     </message>
 </context>
 <context>

@@ -94,6 +94,10 @@
         <source>Reconnect</source>
         <translation>Reconectar</translation>
     </message>
+    <message>
+        <source>Unit and address</source>
+        <translation>Unidad y dirección</translation>
+    </message>
 </context>
 <context>
     <name>LevelSlider</name>
@@ -452,10 +456,6 @@
         <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
     </message>
     <message>
-        <source>Not connected, trying again</source>
-        <translation>Sin conexión, se reintentará</translation>
-    </message>
-    <message>
         <source>Connecting</source>
         <translation>Conectando</translation>
     </message>
@@ -533,6 +533,10 @@
         <source>Maximum %1</source>
         <extracomment>%1 is a volume: the unit allows no more</extracomment>
         <translation>Máximo %1</translation>
+    </message>
+    <message>
+        <source>Reconnecting…</source>
+        <translation>Reconectando …</translation>
     </message>
 </context>
 <context>

@@ -94,6 +94,10 @@
         <source>Reconnect</source>
         <translation>Reconnecter</translation>
     </message>
+    <message>
+        <source>Unit and address</source>
+        <translation>Unité et adresse</translation>
+    </message>
 </context>
 <context>
     <name>LevelSlider</name>
@@ -452,10 +456,6 @@
         <translation>Ce n’est ni une adresse, comme 192.168.1.50, ni un nom d’hôte.</translation>
     </message>
     <message>
-        <source>Not connected, trying again</source>
-        <translation>Non connecté, nouvel essai à venir</translation>
-    </message>
-    <message>
         <source>Connecting</source>
         <translation>Connexion</translation>
     </message>
@@ -533,6 +533,10 @@
         <source>Maximum %1</source>
         <extracomment>%1 is a volume: the unit allows no more</extracomment>
         <translation>Maximum %1</translation>
+    </message>
+    <message>
+        <source>Reconnecting…</source>
+        <translation>Reconnexion …</translation>
     </message>
 </context>
 <context>

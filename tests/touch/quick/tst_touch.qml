@@ -398,6 +398,28 @@ TestCase {
             verify(zones.pick(4, "Zone 5") && zones.selected === 4, "browsing sends nothing");
         }
     }
+    function test_the_header_is_never_cut() {
+        for (const language of ["en", "de", "fr", "es"])
+            for (const scale of [1, 1.5]) {
+                Theme.textScale = scale;
+                harness.speak(language);
+                open(360, 640);
+                for (const [script, button] of [["wait 0.1", ""], ["wait 6", "checkUnitButton"], ["end", "reconnectButton"], ["away ; back", ""]]) {
+                    play(script);
+                    const header = [find("linkState"), find("screenTitle")];
+                    waitForRendering(header[0], 50);
+                    verify(header.every(text => !text.truncated && text.contentWidth <= text.width), [language, scale, header[0].text].join(" "));
+                    verify(!button || seen(button));
+                    verify(button !== "checkUnitButton" || seen(button).text === "", "an icon");
+                }
+            }
+        Theme.textScale = 1;
+        open(800, 480);
+        play("wait 6");
+        compare(find("checkUnitButton").text + !!seen("busy").item, "Unit and addressfalse");
+        mouseClick(find("checkUnitButton"));
+        verify(find("unitChoice"));
+    }
     // What is reported, what was asked for, and what nobody has said.
     function test_all_items_are_seen_at_once() {
         harness.speak("de");
