@@ -35,7 +35,8 @@ Application::Application(const Platform& platform, Reconnection reconnection)
       tabs_(buildTabs(platform, alerts_)),
       delegate_(tabs_, platform.settings),
       status_(*tabs_, link(), platform.queue),
-      hands_(*tabs_, link(), platform.queue) {
+      hands_(*tabs_, link(), platform.queue),
+      notice_(alerts_, link(), reconnection == Reconnection::Automatic) {
     if (reconnection != Reconnection::Automatic)
         return;
     keepConnected_.emplace(KeepConnected::Surroundings{link(), status_, alerts_, platform.queue,
@@ -81,6 +82,7 @@ void Application::terminate() {
 }
 
 void Application::reconnect() {
+    notice_.userConnects();
     if (keepConnected_)
         keepConnected_->userConnects();
     screen().connectServer();

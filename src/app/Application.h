@@ -5,6 +5,7 @@
 #include "app/Hands.h"
 #include "app/KeepConnected.h"
 #include "app/NetworkTabController.h"
+#include "app/Notice.h"
 #include "app/StatusMonitor.h"
 #include "platform/MainQueue.h"
 #include "platform/Reachability.h"
@@ -80,6 +81,8 @@ public:
     /// True if a closed link is opened again without the user.
     bool keepsConnected() const { return keepConnected_.has_value(); }
     AlertPresenter& alerts() { return alerts_; }
+    /// The alert as a person is told of it.
+    Notice& notice() { return notice_; }
     SettingsStore& settings() { return platform_.settings; }
     MainQueue& queue() { return platform_.queue; }
 
@@ -92,6 +95,7 @@ private:
     AppDelegate delegate_;
     StatusMonitor status_;
     Hands hands_;
+    Notice notice_;
     std::optional<KeepConnected> keepConnected_;
     Subscription screens_;
 };

@@ -62,6 +62,26 @@ QString spokenUnknown() {
     return QCoreApplication::translate(CONTEXT, QT_TRANSLATE_NOOP("System", "unknown"));
 }
 
+QString shownNumber(qint64 number) {
+    return QString::number(number).replace(u'-', QChar(0x2212));
+}
+
+QString shownText(const Label& label) {
+    return label.reading() ? shownText(*label.reading()) : translatedText(label.text());
+}
+
+QString shownText(const Reading& reading) {
+    static constexpr const char* SHOWN[] = {
+        //: With the space before the sign that the language has: a narrow no-break space (U+202F)
+        QT_TRANSLATE_NOOP("System", "%1%"),
+        QT_TRANSLATE_NOOP("System", "%1 dB"),
+        QT_TRANSLATE_NOOP("System", "%1 Hz"),
+        QT_TRANSLATE_NOOP("System", "%1 kHz"),
+    };
+    return QCoreApplication::translate("System", SHOWN[static_cast<std::size_t>(reading.unit)])
+        .arg(shownNumber(reading.number));
+}
+
 QString spokenText(const Label& label) {
     return label.reading() ? spokenText(*label.reading()) : translatedText(label.text());
 }

@@ -30,6 +30,12 @@ QString unknownText();
 /// The same for a screen reader.
 QString spokenUnknown();
 
+/// A whole number with a true minus sign.
+QString shownNumber(qint64 number);
+/// A reading as the user's language writes it: "−40 dB", in German "60 %".
+QString shownText(const Reading& reading);
+/// The text of a label.
+QString shownText(const Label& label);
 /// A reading for a screen reader: "50%" is "50 percent", "-40 dB" is "-40 decibels".
 QString spokenText(const Reading& reading);
 /// The text of a label for a screen reader.

@@ -46,9 +46,9 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
     case AskedInput:
         return shownName(row.askedInput.value_or(""));
     case Level:
-        return row.known.volume ? translatedText(row.level.text()) : unknownText();
+        return row.known.volume ? shownText(row.level) : unknownText();
     case AskedLevel:
-        return row.askedLevel ? translatedText(row.askedLevel->text()) : QString();
+        return row.askedLevel ? shownText(*row.askedLevel) : QString();
     case Silence:
         return conditionOf(row);
     case Spoken: {
@@ -126,7 +126,7 @@ QString ItemListAdapter::condition() const {
 
 QString ItemListAdapter::level() const {
     const auto level = reported();
-    return level ? translatedText(level->text()) : unknownText();
+    return level ? shownText(*level) : unknownText();
 }
 
 QString ItemListAdapter::spokenLevel() const {

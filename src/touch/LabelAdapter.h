@@ -22,7 +22,7 @@ public:
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
     /// Plain text; must not be interpreted as markup.
-    QString text() const { return isKnown() ? translatedText(control_->text()) : unknownText(); }
+    QString text() const { return isKnown() ? shownText(*control_) : unknownText(); }
     /// The text for a screen reader: "50 percent".
     QString spoken() const { return isKnown() ? spokenText(*control_) : spokenUnknown(); }
 

@@ -41,7 +41,11 @@ def forms(source):
         re.findall(r"`(U#.+?)` \|", (source / "docs/protocol.md").read_text()))
 
 
-if __name__ == "__main__":
+def main():
     root = pathlib.Path(sys.argv[1])
     found = [*violations(root), *(f"only in the code, or only in protocol.md: {form}" for form in forms(root))]
     sys.exit("\n".join(found) or 0)
+
+
+if __name__ == "__main__":
+    main()

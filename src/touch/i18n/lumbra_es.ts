@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
-    <name>AlertDialog</name>
+    <name>AlertSheet</name>
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
@@ -93,6 +93,10 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconectar</translation>
+    </message>
+    <message>
+        <source>Unit and address</source>
+        <translation>Unidad y dirección</translation>
     </message>
 </context>
 <context>
@@ -452,10 +456,6 @@
         <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
     </message>
     <message>
-        <source>Not connected, trying again</source>
-        <translation>Sin conexión, se reintentará</translation>
-    </message>
-    <message>
         <source>Connecting</source>
         <translation>Conectando</translation>
     </message>
@@ -511,6 +511,32 @@
         <source>%1, asked for %2</source>
         <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
         <translation>%1, se ha pedido %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <extracomment>With the space before the sign that the language has: a narrow no-break space (U+202F)</extracomment>
+        <translation>%1&#x202f;%</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Maximum %1</source>
+        <extracomment>%1 is a volume: the unit allows no more</extracomment>
+        <translation>Máximo %1</translation>
+    </message>
+    <message>
+        <source>Reconnecting…</source>
+        <translation>Reconectando …</translation>
     </message>
 </context>
 <context>

@@ -110,8 +110,8 @@ Item {
         width: 2 * root.plot.handleRadius
         height: width
         radius: width / 2
-        color: root.hollow ? Theme.surface : root.edited ? Theme.accent : Theme.raised
-        border.color: root.activeFocus ? Theme.text : root.hollow && !root.edited ? Theme.outline : Theme.accent
+        color: root.hollow ? Theme.surface : root.edited ? Theme.live : Theme.raised
+        border.color: root.activeFocus ? Theme.text : root.hollow && !root.edited ? Theme.outline : Theme.live
         border.width: root.activeFocus ? 3 : 2
 
         Text {
@@ -120,7 +120,7 @@ Item {
             textFormat: Text.PlainText
             font.pixelSize: 14
             font.bold: true
-            color: root.hollow ? Theme.dimText : root.edited ? Theme.accentText : Theme.text
+            color: root.hollow ? Theme.dimText : root.edited ? Theme.accentText : Theme.value
             Accessible.ignored: true
         }
     }

@@ -26,6 +26,7 @@ PickList {
             rightPadding: 8
             text: row.display
             font.bold: row.selected
+            color: root.picker.enabled ? Theme.value : Theme.staleText
             Accessible.ignored: true
         }
     }

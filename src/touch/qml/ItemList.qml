@@ -41,12 +41,13 @@ PickList {
                 width: parent.width
                 text: row.name
                 font.bold: row.selected
+                color: Theme.value
                 Accessible.ignored: true
             }
             FittedText {
                 width: parent.width
                 text: row.askedInput === "" ? row.input : row.input + " \u2192 " + row.askedInput
-                color: Theme.dimText
+                color: Theme.current ? Theme.dimText : Theme.staleText
                 font.pixelSize: Theme.smallText
                 Accessible.ignored: true
             }
@@ -61,7 +62,7 @@ PickList {
             FittedText {
                 anchors.right: parent.right
                 text: row.level
-                opacity: row.condition === "" ? 1 : 0.6
+                color: row.condition === "" ? Theme.value : Theme.staleText
                 font.pixelSize: Theme.titleText
                 Accessible.ignored: true
             }
@@ -79,7 +80,7 @@ PickList {
                 FittedText {
                     visible: text !== ""
                     text: row.condition
-                    color: Theme.waiting
+                    color: Theme.silence
                     font.pixelSize: Theme.smallText
                     Accessible.ignored: true
                 }

@@ -8,12 +8,15 @@ T.Switch {
 
     required property bool on
     property bool known: true
+    /// Of the switch where it is on.
+    property color color: Theme.live
+    readonly property color shade: enabled ? color : Theme.stale
     property string spokenName: text
 
     readonly property FittedText caption: FittedText {
         text: root.text
         font: root.font
-        color: root.enabled ? Theme.text : Theme.outline
+        color: root.enabled ? Theme.value : Theme.staleText
         rightPadding: root.indicator.width + Theme.smallGap
         Accessible.ignored: true
     }
@@ -56,10 +59,9 @@ T.Switch {
         width: 52
         height: 30
         radius: height / 2
-        color: root.checked ? Theme.accent : Theme.raised
-        border.color: root.checked ? Theme.accent : Theme.outline
+        color: root.checked ? root.shade : Theme.raised
+        border.color: root.checked ? root.shade : Theme.outline
         border.width: 2
-        opacity: root.enabled ? 1 : 0.4
 
         Rectangle {
             x: !root.known ? (parent.width - width) / 2 : root.checked ? parent.width - width - 4 : 4

@@ -237,7 +237,6 @@ Item {
                 height: root.rowHeight
                 inMiddle: ListView.isCurrentItem && (root.picker.known || !root.resting)
                 large: root.large
-                color: Theme.pickerText
                 moving: list.moving
                 onPicked: (row, text) => {
                     root.takeFocus();
