@@ -162,6 +162,13 @@
     </message>
 </context>
 <context>
+    <name>SceneScreen</name>
+    <message>
+        <source>Recall %1</source>
+        <translation>%1 abrufen</translation>
+    </message>
+</context>
+<context>
     <name>Segment</name>
     <message>
         <source>%1, %2</source>
@@ -230,16 +237,16 @@
 <context>
     <name>StoreDialog</name>
     <message>
-        <source>Replace what is stored as &quot;%1&quot;?</source>
-        <translation>Den Inhalt von „%1“ ersetzen?</translation>
-    </message>
-    <message>
         <source>Replace</source>
         <translation>Ersetzen</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;? This can&apos;t be undone.</source>
+        <translation>Den Inhalt von „%1“ ersetzen? Das lässt sich nicht rückgängig machen.</translation>
     </message>
 </context>
 <context>

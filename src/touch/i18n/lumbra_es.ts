@@ -162,6 +162,13 @@
     </message>
 </context>
 <context>
+    <name>SceneScreen</name>
+    <message>
+        <source>Recall %1</source>
+        <translation>Recuperar %1</translation>
+    </message>
+</context>
+<context>
     <name>Segment</name>
     <message>
         <source>%1, %2</source>
@@ -230,16 +237,16 @@
 <context>
     <name>StoreDialog</name>
     <message>
-        <source>Replace what is stored as &quot;%1&quot;?</source>
-        <translation>¿Reemplazar lo guardado en «%1»?</translation>
-    </message>
-    <message>
         <source>Replace</source>
         <translation>Reemplazar</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;? This can&apos;t be undone.</source>
+        <translation>¿Sustituir lo guardado en «%1»? No se puede deshacer.</translation>
     </message>
 </context>
 <context>

@@ -162,6 +162,13 @@
     </message>
 </context>
 <context>
+    <name>SceneScreen</name>
+    <message>
+        <source>Recall %1</source>
+        <translation>Rappeler %1</translation>
+    </message>
+</context>
+<context>
     <name>Segment</name>
     <message>
         <source>%1, %2</source>
@@ -230,16 +237,16 @@
 <context>
     <name>StoreDialog</name>
     <message>
-        <source>Replace what is stored as &quot;%1&quot;?</source>
-        <translation>Remplacer ce qui est enregistré sous «&#xa0;%1&#xa0;»&#xa0;?</translation>
-    </message>
-    <message>
         <source>Replace</source>
         <translation>Remplacer</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;? This can&apos;t be undone.</source>
+        <translation>Remplacer ce qui est enregistré sous « %1 » ? C’est irréversible.</translation>
     </message>
 </context>
 <context>
