@@ -81,6 +81,13 @@
     </message>
 </context>
 <context>
+    <name>GroupScreen</name>
+    <message>
+        <source>What was last set for the group. Its zones may play at other levels.</source>
+        <translation>Was zuletzt für die Gruppe eingestellt wurde. Ihre Zonen können anders spielen.</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
     <message>
         <source>Unit at %1, %2</source>
@@ -232,6 +239,18 @@
     <message>
         <source>Done</source>
         <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Lumbra Remote %1</source>
+        <translation>Lumbra Remote %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
     </message>
 </context>
 <context>
@@ -544,6 +563,14 @@
     <message>
         <source>Reconnecting…</source>
         <translation>Verbinde neu …</translation>
+    </message>
+    <message>
+        <source>Each screen asks the unit for its state when it appears.</source>
+        <translation>Jede Ansicht fragt die Einheit beim Öffnen nach ihrem Zustand.</translation>
+    </message>
+    <message>
+        <source>The unit is told after each connect that its serial port is in use.</source>
+        <translation>Die Einheit erfährt nach jedem Verbinden, dass ihre serielle Schnittstelle benutzt wird.</translation>
     </message>
 </context>
 <context>

@@ -81,6 +81,13 @@
     </message>
 </context>
 <context>
+    <name>GroupScreen</name>
+    <message>
+        <source>What was last set for the group. Its zones may play at other levels.</source>
+        <translation>Lo último ajustado para el grupo. Sus zonas pueden sonar a otro nivel.</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
     <message>
         <source>Unit at %1, %2</source>
@@ -232,6 +239,18 @@
     <message>
         <source>Done</source>
         <translation>Hecho</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Lumbra Remote %1</source>
+        <translation>Lumbra Remote %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Licencia</translation>
     </message>
 </context>
 <context>
@@ -544,6 +563,14 @@
     <message>
         <source>Reconnecting…</source>
         <translation>Reconectando …</translation>
+    </message>
+    <message>
+        <source>Each screen asks the unit for its state when it appears.</source>
+        <translation>Cada pantalla pregunta a la unidad su estado al aparecer.</translation>
+    </message>
+    <message>
+        <source>The unit is told after each connect that its serial port is in use.</source>
+        <translation>Tras cada conexión se indica a la unidad que su puerto serie está en uso.</translation>
     </message>
 </context>
 <context>

@@ -81,6 +81,13 @@
     </message>
 </context>
 <context>
+    <name>GroupScreen</name>
+    <message>
+        <source>What was last set for the group. Its zones may play at other levels.</source>
+        <translation>Ce qui a été réglé en dernier pour le groupe. Ses zones peuvent jouer à d’autres niveaux.</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
     <message>
         <source>Unit at %1, %2</source>
@@ -233,6 +240,18 @@
         <source>Done</source>
         <translation>Terminé</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Lumbra Remote %1</source>
+        <translation>Lumbra Remote %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Licence</translation>
+    </message>
 </context>
 <context>
     <name>StoreDialog</name>
@@ -246,7 +265,7 @@
     </message>
     <message>
         <source>Replace what is stored as &quot;%1&quot;? This can&apos;t be undone.</source>
-        <translation>Remplacer ce qui est enregistré sous « %1 » ? C’est irréversible.</translation>
+        <translation>Remplacer ce qui est enregistré sous «&#xa0;%1&#xa0;»&#xa0;? C’est irréversible.</translation>
     </message>
 </context>
 <context>
@@ -544,6 +563,14 @@
     <message>
         <source>Reconnecting…</source>
         <translation>Reconnexion …</translation>
+    </message>
+    <message>
+        <source>Each screen asks the unit for its state when it appears.</source>
+        <translation>Chaque écran demande son état à l’unité lorsqu’il apparaît.</translation>
+    </message>
+    <message>
+        <source>The unit is told after each connect that its serial port is in use.</source>
+        <translation>Après chaque connexion, l’unité apprend que son port série est utilisé.</translation>
     </message>
 </context>
 <context>

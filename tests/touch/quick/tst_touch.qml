@@ -454,14 +454,31 @@ TestCase {
         find("addressField").selectAll();
         for (const letter of "10.0.0.999")
             keyClick(letter);
-        verify(seen("addressHint"), "a number above 255");
+        const change = () => [["serialSwitch"], ["advancedSwitch"], ["unitChoice", "segment2"]].forEach(names => mouseClick(find(...names)));
+        const below = find("unitChoice").y;
+        change();
+        verify(!seen("addressHint"), "who types is not done");
+        mouseClick(find("doneButton"));
+        verify(seen("addressHint") && find("unitChoice").y === below, "a number above 255");
+        find("addressField").forceActiveFocus();
         keyClick(Qt.Key_Backspace);
         verify(!seen("addressHint"));
-        for (const names of [["serialSwitch"], ["advancedSwitch"], ["unitChoice", "segment2"]])
-            mouseClick(find(...names));
         compare(find("startTabChoice", "segment0").text, "Outputs");
-        play("stored ip_address_preference 10.0.0.99\nlink closed\nscreen zone");
-        keyClick(Qt.Key_Escape);
+        mouseClick(find("licenceButton"));
+        verify(find("licence").text.startsWith("MIT License"));
+        const stored = (address, unit) => play("stored ip_address_preference " + address + "\nstored unit_number_preference " + unit + "\nstored serial_port_preference false");
+        for (const leave of [() => keyClick(Qt.Key_Escape), () => mouseClick(find("cancelSettingsButton"))]) {
+            stored("192.168.1.50", 1);
+            leave();
+            stored("192.168.1.50", 1);
+            play("link opening\nconnect\nscreen zone\nsent [U1SERIAL0] [U1APPQ0]");
+            mouseClick(find("settingsButton"));
+        }
+        find("addressField").text = "10.0.0.99";
+        find("addressField").textEdited();
+        change();
+        play("link closed\nscreen zone");
+        mouseClick(find("doneButton"));
         harness.pass(20);
         play("link opening\nconnect\nscreen output\nsent [U3SERIAL1] [U3APPQ1]");
         compare(harness.app.link.address, "10.0.0.99");
@@ -648,7 +665,7 @@ TestCase {
             { tag: "the rows go", away: () => play("> U1O1Z2") },
             { tag: "another tab", away: () => harness.app.selectTab(1), back: () => harness.app.selectTab(0) },
             { tag: "an alert", away: () => play("error"), back: () => harness.app.alert.dismiss() },
-            { tag: "the settings", away: () => harness.app.settings.open(), back: () => harness.app.settings.close() },
+            { tag: "the settings", away: () => harness.app.settings.open(), back: () => harness.app.settings.cancel() },
             { tag: "the window is hidden", away: () => window.visible = false, back: () => window.visible = true },
             { tag: "the window is turned", away: () => [window.width, window.height] = [640, 360] }
         ];
