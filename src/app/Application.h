@@ -52,8 +52,7 @@ public:
     /// Builds the tabs, selects the start tab, shows its screen (which connects) and becomes active.
     void launch();
 
-    // The platform's lifecycle events. On becoming active the delegate acts first, then the current screen is
-    // notified.
+    // The platform's lifecycle events. On becoming active the delegate acts first, then the current screen.
     void resignActive();
     void enterBackground();
     void enterForeground() {} // nothing depends on it
@@ -88,10 +87,9 @@ public:
     MainQueue& queue() { return platform_.queue; }
 
 private:
-    void connect();
+    ScreenViewController& screen() const;
 
     Platform platform_;
-    Signal<> activated_;
     AlertPresenter alerts_;
     std::shared_ptr<NetworkTabController> tabs_;
     AppDelegate delegate_;

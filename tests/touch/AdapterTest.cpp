@@ -19,9 +19,7 @@ namespace lumbra::test {
 class Adapters : public testing::Test {
 protected:
     Remote remote;
-    WindowLife life{
-        {[this] { remote.application.resignActive(); }, [this] { remote.application.enterBackground(); },
-         [this] { remote.application.enterForeground(); }, [this] { remote.application.becomeActive(); }}};
+    WindowLife life{remote.application};
     AppAdapter app{remote.application, life};
 
     void SetUp() override { remote.launch(); }
