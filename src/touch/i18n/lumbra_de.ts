@@ -21,6 +21,13 @@
     </message>
 </context>
 <context>
+    <name>BandChoice</name>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+</context>
+<context>
     <name>BandHandle</name>
     <message>
         <source>%1 band %2, %3</source>
@@ -128,11 +135,18 @@
     </message>
 </context>
 <context>
-    <name>OutputScreen</name>
+    <name>NumberField</name>
     <message>
-        <source>Band</source>
-        <translation>Band</translation>
+        <source>−15 to 15 dB</source>
+        <translation>−15 bis 15 dB</translation>
     </message>
+    <message>
+        <source>20 Hz to 20 kHz</source>
+        <translation>20 Hz bis 20 kHz</translation>
+    </message>
+</context>
+<context>
+    <name>OutputScreen</name>
     <message>
         <source>Part of the screen</source>
         <translation>Teil der Ansicht</translation>

@@ -12,6 +12,8 @@ T.RadioButton {
     property int textSize: Theme.bodyText
     /// What is selected is only chosen, not on: it has an outline.
     property bool outlined: false
+    /// What was selected before, and can be brought back.
+    property bool recalled: false
     readonly property bool filled: selected && enabled && !outlined
 
     readonly property FittedText caption: FittedText {
@@ -51,7 +53,7 @@ T.RadioButton {
 
         radius: 6
         border.color: root.selected && root.enabled ? Theme.live : Theme.outline
-        border.width: root.filled ? 0 : root.selected ? 3 : root.outlined ? 1 : 0
+        border.width: root.filled ? 0 : root.selected ? 3 : root.recalled ? 2 : root.outlined ? 1 : 0
         color: root.hovered ? Qt.lighter(base, 1.2) : base
         opacity: root.down ? 0.7 : 1
 

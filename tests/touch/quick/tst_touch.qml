@@ -535,7 +535,7 @@ TestCase {
         const plot = find("plot");
         const grid = plot.grid;
         find("handle2").forceActiveFocus();
-        const discs = [1, 2, 3, 4, 5, 6, 7].map(band => find("handle" + band, "disc"));
+        const discs = [1, 2, 7].map(band => find("handle" + band, "disc"));
         const picture = (item = plot) => {
             waitForRendering(item);
             return grabImage(window.contentItem);
@@ -543,8 +543,8 @@ TestCase {
         let image = picture();
         const isDisc = (disc, ring, inside) => isDrawn(image, disc, 1, 14, ring) && isDrawn(image, disc, 5, 14, inside, 0.03);
         verify(isDisc(discs[0], Theme.accent, Theme.raised), "a handle");
-        verify(isDisc(discs[6], Theme.outline, Theme.surface), "a hollow handle");
-        compare(discs[6].mapToItem(plot, 14, 14).y, grid.y + grid.height / 2);
+        verify(isDisc(discs[2], Theme.outline, Theme.surface), "a hollow handle");
+        compare(discs[2].mapToItem(plot, 14, 14).y, grid.y + grid.height / 2);
         discs.forEach(disc => disc.opacity = 0);
         image = picture();
         const isAt = (color, share, decibels) => isDrawn(image, plot, grid.x + share * grid.width, grid.y + plot.yOf(decibels, grid.height), color);
@@ -630,6 +630,37 @@ TestCase {
         mouseRelease(hollow, 64, 4);
         compare(find("band").band, 6);
         compare(sentLater(), "");
+    }
+    function test_a_band_is_typed_bypassed_and_brought_back() {
+        openEqualiser(360, 640);
+        play("> U1O1B1P-4F3150\n> U1O1B2HPF80\n> U1O1B3BYPASS");
+        compare([1, 2, 3, 4].map(band => !!seen("handle" + band)).join(), "true,true,false,false", "what was never set is nowhere");
+        const level = name => find("band", name, "level").text;
+        compare([level("frequency"), level("gain")].join(), "3.15 kHz,\u22124 dB");
+        const type = (name, text) => {
+            mouseClick(find("band", name, "level"));
+            for (const letter of text)
+                keyClick(letter);
+            keyClick(Qt.Key_Return);
+        };
+        type("frequency", "63 ");
+        compare(sentLater(), "[U1O1B1P-4F63]");
+        play("> U1O1B1P-4F63");
+        type("gain", "-16");
+        compare(sentLater(), "", "no band has it");
+        keyClick(Qt.Key_Backspace);
+        keyClick("5");
+        keyClick(Qt.Key_Return);
+        compare(sentLater(), "[U1O1B1P-15F63]");
+        play("> U1O1B1P-15F63");
+        for (const command of ["[U1O1B1BYPASS]", "[U1O1B1P-15F63]"]) {
+            mouseClick(find("band", "type", "segment0"));
+            compare(sentLater(), command);
+            play(command.replace("[", "> ").replace("]", ""));
+        }
+        // A pass has a frequency only.
+        mouseClick(find("bandChoice", "segment1"));
+        verify(find("band", "frequency", "level") && !seen("band", "gain", "level"));
     }
     // Whatever the size and the language, the name of a type is whole, and small windows need not scroll.
     function test_the_equaliser_fits_data() {
@@ -770,7 +801,7 @@ TestCase {
             { tag: "output", finds: ["List; Output, Output 1", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
                     "CheckBox; Output 1 power, unknown; off", "RadioButton; Output 1 type 7, Bypass; off",
                     "RadioButton; Output 1 type 1, Parametric; on", "Slider; Output 1 gain 1, 3 decibels; 3 of -15 to 15",
-                    "Slider; Output 1 gain 7, unknown; 0 of -15 to 15; read only", "Slider; Output 1 band 7, unknown; 0 of -15 to 15; read only",
+                    "Slider; Output 1 gain 7, unknown; 0 of -15 to 15; read only",
                     "Slider; Output 1 band 1, 1 kilohertz, 3 decibels; 3 of -15 to 15"] }
         ];
     }
