@@ -120,7 +120,7 @@ Item {
         anchors.right: parent.right
         y: (texts.height - height) / 2
         width: Math.min(112 * Theme.textScale, parent.width * 0.6)
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as NumberField).forceActiveFocus()
 
         Connections {
             target: field.item

@@ -68,6 +68,11 @@ FocusScope {
         width: parent.width
         clip: true
         maximumWidth: 560
+        // The licence comes into sight when it is asked for.
+        onContentHeightChanged: {
+            if (licence.visible)
+                contentY = Math.max(0, Math.min(contentHeight - height, licence.y));
+        }
 
         ColumnLayout {
             width: parent.width
@@ -142,10 +147,7 @@ FocusScope {
                 ActionButton {
                     objectName: "licenceButton"
                     text: qsTr("Licence")
-                    onClicked: {
-                        licence.text = licence.text === "" ? root.settings.licence() : "";
-                        Qt.callLater(() => page.contentY = Math.max(0, Math.min(page.contentHeight - page.height, page.contentY + licence.height)));
-                    }
+                    onClicked: licence.text = licence.text === "" ? root.settings.licence() : ""
                 }
             }
             Text {
