@@ -48,7 +48,10 @@ void OutputViewController::viewDidLoad() {
 }
 
 void OutputViewController::filterTypeChange(std::size_t band) {
-    ofCurrent(output_.filter_type)[band] = static_cast<FilterType>(filterType_[band]->selected());
+    const auto type = static_cast<FilterType>(filterType_[band]->selected());
+    ofCurrent(output_.filter_type)[band] = type;
+    remember(output_.current, band, type);
+    showFormer(band);
     sendFilterCommand(band);
 }
 
@@ -99,10 +102,22 @@ void OutputViewController::enableRowMute(std::int64_t item) {
 
 void OutputViewController::showType(std::size_t band) {
     const auto type = ofCurrent(output_.filter_type)[band];
+    showFormer(band);
     filterType_[band]->setSelected(static_cast<int>(type));
     const auto& has = FILTERS[static_cast<std::size_t>(type)];
     filterFreq_[band]->setEnabled(has.frequency);
     filterGain_[band]->setEnabled(has.gain);
+}
+
+void OutputViewController::remember(std::int64_t output, std::size_t band, FilterType type) {
+    if (type != FILTER_BYPASS)
+        told(output).bands[band].last = type;
+}
+
+void OutputViewController::showFormer(std::size_t band) {
+    const auto last = toldOfCurrent().bands[band].last;
+    const bool isBypassed = ofCurrent(output_.filter_type)[band] == FILTER_BYPASS && last != FILTER_BYPASS;
+    filterType_[band]->setFormer(isBypassed ? std::optional(static_cast<int>(last)) : std::nullopt);
 }
 
 void OutputViewController::showKnown(std::size_t band) {
@@ -115,7 +130,7 @@ void OutputViewController::showKnown(std::size_t band) {
 void OutputViewController::showFrequency(std::size_t band) {
     const auto frequency = ofCurrent(output_.filter_freq)[band];
     filterFreq_[band]->setValue(frequencyToSlider(frequency));
-    filterFreqLabel_[band]->setReading(hertz(frequency));
+    filterFreqLabel_[band]->setReading(hertz(frequency), {frequency, Reading::Unit::Hertz});
 }
 
 void OutputViewController::handle(const reports::Power& report) {
@@ -157,6 +172,7 @@ void OutputViewController::handle(const outputs::Band& report) {
     auto& known = told(report.item).bands[band];
     ofItem(output_.filter_type, report.item)[band] = report.type;
     known.type = true;
+    remember(report.item, band, report.type);
     if (report.frequency)
         ofItem(output_.filter_freq, report.item)[band] = *report.frequency;
     if (report.gain)

@@ -44,6 +44,9 @@ private:
     void enableRowMute(std::int64_t item);
     /// Shows the type of a band of the current output, and enables the sliders that the type has.
     void showType(std::size_t band);
+    /// What a band is brought back to after a bypass lasts as long as the screen.
+    void remember(std::int64_t output, std::size_t band, FilterType type);
+    void showFormer(std::size_t band);
     void showFrequency(std::size_t band);
     void showKnown(std::size_t band);
     /// Sends the complete setting of a band of the current output.
