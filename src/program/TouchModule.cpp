@@ -58,9 +58,8 @@ int run(int& argc, char** argv, const Options& options) {
     std::optional<FirstRun> first;
     const auto answered = [&](const std::optional<UnitPlace>& unit) {
         auto used = options;
-        if (!unit) { // the demo leaves nothing in the settings
-            used.demo = true;
-            used.settingsFile.clear();
+        if (!unit) {
+            chooseDemo(used);
             host.emplace(used);
         }
         if (!launch(used, unit, first->geometry()))

@@ -158,8 +158,10 @@ int main(int argc, char** argv) {
         return USAGE_ERROR;
     }
     if (const auto* request = std::get_if<InformationRequest>(&parsed)) {
-        std::fputs(request->text.toLocal8Bit().constData(), stdout);
-        return 0;
+        const auto problem = print(*request);
+        if (!problem.isEmpty())
+            complain(problem);
+        return problem.isEmpty() ? 0 : FAILURE;
     }
     const auto& options = std::get<Options>(parsed);
     try {

@@ -1,5 +1,7 @@
 #include "system/FileSettingsStore.h"
 
+#include "system/FilePath.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -50,12 +52,6 @@ std::optional<SettingValue> fromJson(const QJsonValue& value) {
     return number.toString().toStdString();
 }
 
-/// The file itself if `path` is a symbolic link to it.
-fs::path target(const std::string& path) {
-    std::error_code error;
-    return fs::weakly_canonical(fs::absolute(path, error), error);
-}
-
 /// `start` followed by the first number for which no file exists.
 QString freeName(const QString& start) {
     for (int number = 1;; ++number) {
@@ -81,7 +77,7 @@ bool writeAll(QFileDevice& file, QByteArray text) {
 class FolderLock {
 public:
     explicit FolderLock(const std::string& file, std::chrono::milliseconds patience = {})
-        : folder_(::open(target(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        : folder_(::open(followed(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
         constexpr std::chrono::milliseconds STEP{10};
         for (;; patience -= STEP) {
             isBusy_ = ::flock(folder_, LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK;
@@ -259,7 +255,7 @@ void FileSettingsStore::setAside() {
     const auto sentence = "The settings in " + path_ + " can't be read (" + problem_.reason + ")";
     auto refusal = std::string("the file is left as it is");
     if (problem_.isContent) {
-        QFile file(QFile::decodeName(target(path_).c_str()));
+        QFile file(QFile::decodeName(followed(path_).c_str()));
         const auto aside = freeName(file.fileName() + QStringLiteral(".unreadable-"));
         if (file.rename(aside)) {
             report_(sentence + "; the file was renamed to " + QFile::encodeName(aside).toStdString() + ".");

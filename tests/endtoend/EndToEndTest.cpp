@@ -51,7 +51,7 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
         {1, "/nowhere/a: No such file", {REMOTE_PROGRAM, "--console", "--demo", "--trace", "/nowhere/a"}},
         {1, "no trace that can be read. Line 1 ", {SIMULATOR_PROGRAM, "--replay", "/proc/version"}},
         {1, "no link was opened", {SIMULATOR_PROGRAM, "--replay", empty}},
-        {2, "--replay goes with", {SIMULATOR_PROGRAM, "--replay", empty, "--silence"}},
+        {2, "--replay and --silence exclude", {SIMULATOR_PROGRAM, "--replay", empty, "--silence"}},
         {0, "", {SIMULATOR_PROGRAM, "--help"}}};
     for (const auto& [status, says, command] : cases) {
         Process process(command);
