@@ -20,7 +20,8 @@
 
 namespace lumbra {
 
-/// The platform that the application runs on. Everything outlives the application.
+/// The platform that the application runs on. Everything outlives the application. All but the settings also
+/// outlive what it has posted to the queue and the worker: a worker may be opening a link when it ends.
 struct Platform {
     MainQueue& queue;
     Worker& worker;
@@ -37,6 +38,10 @@ enum class Reconnection { ByUser, Automatic };
 /// A front end calls `launch` once. From then on it shows `tabs().selectedViewController()->view()` and the
 /// alert of `alerts()`, operates controls through their `...ByUser` members, and forwards the platform's
 /// lifecycle events in order.
+///
+/// It may be destroyed at any time, launched or not, while others go on with the same queue and worker, except
+/// inside one of its own calls or observers. That closes its link, and nothing that it has posted has an effect
+/// any more. A front end, and what it has kept of the application, ends before.
 class Application {
 public:
     explicit Application(const Platform& platform, Reconnection reconnection = Reconnection::ByUser);

@@ -159,8 +159,7 @@ protected:
     // slider rests, later steps find nothing to do.
     template <class Step>
     void defer(const Outlet<Slider>& slider, Step step) {
-        queue().postAfter(DEFERRED_STEP,
-                          [self = shared(this), held = slider.lock(), step] { step(held->value()); });
+        queue().postAfter(DEFERRED_STEP, whileAlive([slider, step] { step(slider->value()); }));
     }
     /// A slider's value as a whole number, truncated toward zero.
     static std::int64_t truncated(float value) { return static_cast<std::int64_t>(value); }

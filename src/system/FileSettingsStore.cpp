@@ -203,12 +203,10 @@ void FileSettingsStore::change(const QString& key, const QJsonValue& value) {
 void FileSettingsStore::flushLater() {
     if (std::exchange(flushPosted_, true))
         return;
-    queue_.postAfter(FLUSH_DELAY, [this, alive = std::weak_ptr(life_)] {
-        if (alive.expired())
-            return;
+    queue_.postAfter(FLUSH_DELAY, life_.guard([this] {
         flushPosted_ = false;
         flush();
-    });
+    }));
 }
 
 void FileSettingsStore::flush() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "platform/SettingsStore.h"
 
@@ -11,7 +12,6 @@
 #include <chrono>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -92,7 +92,7 @@ private:
     bool inMemoryOnly_ = false;
     bool failureReported_ = false;
     bool flushPosted_ = false;
-    std::shared_ptr<char> life_ = std::make_shared<char>();
+    Lifetime life_;
 };
 
 } // namespace lumbra

@@ -90,10 +90,7 @@ void TraceFile::append(const std::function<std::string()>& line) {
     added_ += static_cast<std::int64_t>(added.size());
     pending_ += added;
     if (!std::exchange(posted_, true))
-        queue_.post([this, weak = std::weak_ptr(life_)] {
-            if (!weak.expired())
-                write();
-        });
+        queue_.post(life_.guard([this] { write(); }));
 }
 
 void TraceFile::write() {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "system/Trace.h"
 
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <mutex>
 #include <string>
 
@@ -67,7 +67,7 @@ private:
     int file_ = -1;
     std::int64_t size_ = 0;
     std::string error_;
-    std::shared_ptr<char> life_ = std::make_shared<char>();
+    Lifetime life_;
 };
 
 } // namespace lumbra
