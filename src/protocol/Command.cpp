@@ -1,5 +1,7 @@
 #include "protocol/Command.h"
 
+#include <charconv>
+
 namespace lumbra {
 
 namespace {
@@ -25,12 +27,28 @@ std::string frameCommand(std::int64_t unit, std::string_view body) {
     return command;
 }
 
+std::optional<CommandParts> readCommand(std::string_view command) {
+    if (!command.starts_with("[U") || !command.ends_with(']'))
+        return {};
+    CommandParts parts{};
+    const auto* const end = command.data() + command.size() - 1;
+    const auto [body, error] = std::from_chars(command.data() + 2, end, parts.unit);
+    if (error != std::errc())
+        return {};
+    parts.body = {body, end};
+    return parts;
+}
+
 std::string queryState(int query) {
     return "APPQ" + std::to_string(query);
 }
 
 std::string announceSerial(bool serial) {
     return serial ? "SERIAL1" : "SERIAL0";
+}
+
+bool isSerialAnnouncement(std::string_view body) {
+    return body == announceSerial(false) || body == announceSerial(true);
 }
 
 std::string setVolume(ItemKind kind, std::int64_t item, std::int64_t level) {

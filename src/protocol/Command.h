@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,11 +13,20 @@ namespace lumbra {
 
 /// The whole command as it is sent: "[U", the unit's number, the body, "]".
 std::string frameCommand(std::int64_t unit, std::string_view body);
+/// What `frameCommand` made a command of. The body is valid as long as the command.
+struct CommandParts {
+    std::int64_t unit;
+    std::string_view body;
+};
+/// Takes a command apart; nothing if it is not one.
+std::optional<CommandParts> readCommand(std::string_view command);
 
 /// Asks the unit for the state that a screen shows. `query` is the screen's QUERY_NUMBER, 0 to 4.
 std::string queryState(int query);
 /// Announces the serial-port flag.
 std::string announceSerial(bool serial);
+/// Whether a body announces that flag, on or off.
+bool isSerialAnnouncement(std::string_view body);
 
 /// The kinds of items. The value is the letter on the wire.
 enum class ItemKind : char { Zone = 'Z', Output = 'O', Group = 'G' };

@@ -23,6 +23,7 @@ public:
     void feed(std::span<const std::uint8_t> bytes, OnReport&& onReport) {
         for (const std::uint8_t byte : bytes) {
             if (byte == '(') {
+                ++begun_;
                 parseStringStarted_ = true;
                 length_ = 0;
             } else if (byte == ')') {
@@ -34,10 +35,14 @@ public:
         }
     }
 
+    /// How many "(" have been read.
+    std::uint64_t begun() const { return begun_; }
+
 private:
     std::array<char, CAPACITY> parseString_{};
     std::size_t length_ = 0;
     bool parseStringStarted_ = false;
+    std::uint64_t begun_ = 0;
 };
 
 } // namespace lumbra

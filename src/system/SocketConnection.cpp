@@ -34,28 +34,13 @@ void setOption(int socket, int level, int name, Value value) {
 
 SocketConnection::SocketConnection(MainQueue& queue, HostLookups& lookups, std::string host,
                                    std::uint16_t port, std::chrono::milliseconds deadline)
-    : queue_(queue), lookups_(lookups), host_(std::move(host)), port_(port), timeToConnect_(deadline) {}
+    : PairState(queue), lookups_(lookups), host_(std::move(host)), port_(port), timeToConnect_(deadline) {}
 
 SocketConnection::~SocketConnection() {
-    release();
+    SocketConnection::release();
 }
 
-void SocketConnection::setDelegate(Direction direction, StreamDelegate* delegate) {
-    half(direction).delegate = delegate;
-    if (delegate)
-        postDelivery();
-}
-
-void SocketConnection::setScheduled(Direction direction, bool scheduled) {
-    half(direction).scheduled = scheduled;
-    if (scheduled)
-        postDelivery();
-}
-
-void SocketConnection::open() {
-    if (state_ != State::Unopened)
-        return;
-    state_ = State::Connecting;
+void SocketConnection::start() {
     deadline_ = std::chrono::steady_clock::now() + timeToConnect_;
     attemptTimer_ = std::make_unique<QTimer>();
     QObject::connect(attemptTimer_.get(), &QTimer::timeout, [this] { connectNext(); });
@@ -122,11 +107,11 @@ bool SocketConnection::startConnect(const SocketAddress& address) {
 
 void SocketConnection::writable() {
     writeNotifier_->setEnabled(false);
-    if (state_ == State::Connecting) {
+    if (state() == State::Connecting) {
         connectSettled();
         return;
     }
-    spacePending_ = true;
+    spaceFound();
     deliver();
 }
 
@@ -137,10 +122,10 @@ void SocketConnection::connectSettled() {
         connectNext();
         return;
     }
-    state_ = State::Connected;
+    connected();
     attemptTimer_.reset();
     received_ = std::make_unique<std::array<std::uint8_t, RECEIVE_BUFFER_SIZE>>();
-    if (!input_.closed) {
+    if (!isClosed(Direction::Input)) {
         readNotifier_ = std::make_unique<QSocketNotifier>(socket_, QSocketNotifier::Read);
         QObject::connect(readNotifier_.get(), &QSocketNotifier::activated, [this] { receive(); });
     }
@@ -148,11 +133,10 @@ void SocketConnection::connectSettled() {
 }
 
 void SocketConnection::fail() {
-    state_ = State::Failed;
     dropSocket();
     lookup_.reset();
     attemptTimer_->stop();
-    lastEvent_ = StreamEvent::ErrorOccurred;
+    over(StreamEvent::ErrorOccurred);
     postDelivery();
 }
 
@@ -169,7 +153,7 @@ void SocketConnection::receive() {
     const auto count = ::recv(socket_, received_->data() + receivedEnd_, received_->size() - receivedEnd_, 0);
     if (count > 0) {
         receivedEnd_ += static_cast<std::size_t>(count);
-        offerPending_ = true;
+        bytesArrived();
         deliver();
     } else if (count == 0) {
         // The failed write has consumed the error of the socket.
@@ -180,128 +164,53 @@ void SocketConnection::receive() {
 }
 
 void SocketConnection::finish(StreamEvent lastEvent) {
-    lastEvent_ = lastEvent;
+    over(lastEvent);
     readNotifier_.reset();
     writeNotifier_->setEnabled(false);
-    offerPending_ = true;
     deliver();
 }
 
 void SocketConnection::settleWriteError() {
-    if (state_ != State::Connected || lastEvent_)
+    if (state() != State::Connected || lastEvent())
         return;
-    if (input_.closed)
+    if (isClosed(Direction::Input))
         finish(StreamEvent::ErrorOccurred);
     else
         receive(); // what arrived before the error comes first
 }
 
-std::ptrdiff_t SocketConnection::read(std::span<std::uint8_t> buffer) {
-    if (unread() == 0)
-        return lastEvent_ == StreamEvent::EndEncountered && !input_.closed ? 0 : -1;
+std::size_t SocketConnection::take(std::span<std::uint8_t> buffer) {
     const auto count = std::min(buffer.size(), unread());
     std::copy_n(received_->data() + receivedBegin_, count, buffer.data());
     receivedBegin_ += count;
     if (readNotifier_ && count > 0)
         readNotifier_->setEnabled(true);
-    if (unread() > 0 && count > 0) {
-        offerPending_ = true;
-        if (!delivering_)
-            postDelivery();
-    }
-    return static_cast<std::ptrdiff_t>(count);
+    return count;
 }
 
 std::ptrdiff_t SocketConnection::write(std::span<const std::uint8_t> bytes) {
-    if (output_.closed || state_ == State::Failed)
+    if (isClosed(Direction::Output) || state() == State::Failed)
         return -1;
-    if (state_ != State::Connected || bytes.empty())
+    if (state() != State::Connected || bytes.empty())
         return 0;
     auto count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count == -1 && errno != EAGAIN) {
-        if (!std::exchange(writeFailed_, true) && !lastEvent_)
-            queue_.post([weak = weak_from_this()] {
+        if (!std::exchange(writeFailed_, true) && !lastEvent())
+            queue().post([weak = weak_from_this()] {
                 if (const auto self = weak.lock())
-                    self->settleWriteError();
+                    static_cast<SocketConnection&>(*self).settleWriteError();
             });
         return -1;
     }
     count = std::max<ssize_t>(count, 0);
-    if (static_cast<std::size_t>(count) < bytes.size() && !lastEvent_)
+    if (static_cast<std::size_t>(count) < bytes.size() && !lastEvent())
         writeNotifier_->setEnabled(true);
     return count;
 }
 
-void SocketConnection::postDelivery() {
-    if (state_ == State::Unopened || state_ == State::Released || std::exchange(deliveryPosted_, true))
-        return;
-    queue_.post([weak = weak_from_this()] {
-        if (const auto self = weak.lock()) {
-            self->deliveryPosted_ = false;
-            self->deliver();
-        }
-    });
-}
-
-void SocketConnection::deliver() {
-    // A delegate may destroy both streams, and thereby this object, inside any report.
-    const auto self = shared_from_this();
-    const bool outer = std::exchange(delivering_, true);
-    if (state_ == State::Connected) {
-        deliverOpen(input_);
-        deliverOpen(output_);
-        deliverBytes();
-        deliverSpace();
-    }
-    deliverLastEvent();
-    delivering_ = outer;
-}
-
-void SocketConnection::deliverOpen(Half& half) {
-    if (half.isListening() && !std::exchange(half.openReported, true))
-        report(half, StreamEvent::OpenCompleted);
-}
-
-void SocketConnection::deliverBytes() {
-    if (!mustOffer() || !input_.isListening())
-        return;
-    offerPending_ = false;
-    report(input_, StreamEvent::HasBytesAvailable);
-    if (mustOffer()) // the rest is reported in another turn
-        postDelivery();
-}
-
-void SocketConnection::deliverSpace() {
-    if (spacePending_ && !lastEvent_ && output_.isListening()) {
-        spacePending_ = false;
-        report(output_, StreamEvent::HasSpaceAvailable);
-    }
-}
-
-void SocketConnection::deliverLastEvent() {
-    if (!lastEvent_ || lastEventReported_ || mustOffer())
-        return;
-    const auto& listener = input_.closed ? output_ : input_;
-    if (!listener.isListening())
-        return;
-    lastEventReported_ = true;
-    report(listener, *lastEvent_);
-}
-
-void SocketConnection::report(const Half& half, StreamEvent event) {
-    half.delegate->handleEvent(*half.stream, event);
-}
-
-void SocketConnection::close(Direction direction) {
-    auto& closing = half(direction);
-    closing.closed = true;
-    closing.delegate = nullptr;
-    if (direction == Direction::Input) {
-        readNotifier_.reset();
-        receivedBegin_ = receivedEnd_ = 0;
-    }
-    if (input_.closed && output_.closed)
-        release();
+void SocketConnection::inputClosed() {
+    readNotifier_.reset();
+    receivedBegin_ = receivedEnd_ = 0;
 }
 
 void SocketConnection::dropSocket() {
@@ -313,9 +222,8 @@ void SocketConnection::dropSocket() {
 
 void SocketConnection::release() {
     // Closing a socket with unread bytes resets the connection, and the unit might lose the last command.
-    if (state_ == State::Connected)
+    if (state() == State::Connected)
         static_cast<void>(::recv(socket_, nullptr, DISCARD_LIMIT, MSG_DONTWAIT | MSG_TRUNC));
-    state_ = State::Released;
     dropSocket();
     lookup_.reset();
     attemptTimer_.reset();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/MainQueue.h"
-#include "platform/Streams.h"
+#include "platform/PairState.h"
 #include "system/HostLookups.h"
 #include "system/SocketAddress.h"
 
@@ -13,22 +13,19 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace lumbra {
 
-/// The state that the two streams of a pair share: the socket, its connect, and the events of both
-/// directions. Each stream owns a reference. The socket is released as soon as both directions are closed.
+/// A pair of streams over one socket: its look-up, its connect, and the bytes of both directions. The socket
+/// is released as soon as both directions are closed.
 ///
 /// It may be created on any thread and touches no event loop before `open`. From then on it belongs to the
 /// main thread.
-class SocketConnection final : public std::enable_shared_from_this<SocketConnection> {
+class SocketConnection final : public PairState {
 public:
-    enum class Direction : std::uint8_t { Input, Output };
-
     /// The most bytes that one turn of the main loop reads.
     static constexpr std::size_t RECEIVE_BUFFER_SIZE = 65536;
 
@@ -36,36 +33,16 @@ public:
     /// together.
     SocketConnection(MainQueue& queue, HostLookups& lookups, std::string host, std::uint16_t port,
                      std::chrono::milliseconds deadline);
-    ~SocketConnection();
-    SocketConnection(const SocketConnection&) = delete;
-    SocketConnection& operator=(const SocketConnection&) = delete;
+    ~SocketConnection() override;
 
-    /// Sets the stream that represents `direction` in events. Called once, before anything else.
-    void attach(Direction direction, Stream& stream) { half(direction).stream = &stream; }
-    void setDelegate(Direction direction, StreamDelegate* delegate);
-    void setScheduled(Direction direction, bool scheduled);
-    void open();
-    void close(Direction direction);
-
-    bool hasBytesAvailable() const { return unread() > 0; }
-    std::ptrdiff_t read(std::span<std::uint8_t> buffer);
-    std::ptrdiff_t write(std::span<const std::uint8_t> bytes);
+    std::ptrdiff_t write(std::span<const std::uint8_t> bytes) override;
 
 private:
-    enum class State : std::uint8_t { Unopened, Connecting, Connected, Failed, Released };
-
-    struct Half {
-        Stream* stream = nullptr;
-        StreamDelegate* delegate = nullptr;
-        bool scheduled = false;
-        bool closed = false;
-        bool openReported = false;
-        bool isListening() const { return !closed && scheduled && delegate; }
-    };
-
-    Half& half(Direction direction) { return direction == Direction::Input ? input_ : output_; }
-    std::size_t unread() const { return receivedEnd_ - receivedBegin_; }
-    bool mustOffer() const { return offerPending_ && unread() > 0; }
+    void start() override;
+    std::size_t unread() const override { return receivedEnd_ - receivedBegin_; }
+    std::size_t take(std::span<std::uint8_t> buffer) override;
+    void inputClosed() override;
+    void release() override;
 
     void connectTo(std::vector<SocketAddress> addresses);
     void connectNext();
@@ -78,26 +55,12 @@ private:
     void finish(StreamEvent lastEvent);
     void settleWriteError();
 
-    void postDelivery();
-    void deliver();
-    void deliverOpen(Half& half);
-    void deliverBytes();
-    void deliverSpace();
-    void deliverLastEvent();
-    void report(const Half& half, StreamEvent event);
-
     void dropSocket();
-    void release();
 
-    MainQueue& queue_;
     HostLookups& lookups_;
     const std::string host_;
     const std::uint16_t port_;
     const std::chrono::milliseconds timeToConnect_;
-
-    State state_ = State::Unopened;
-    Half input_;
-    Half output_;
 
     HostLookups::Request lookup_;
     std::vector<SocketAddress> addresses_; ///< not tried yet, the next one last
@@ -112,13 +75,7 @@ private:
     std::size_t receivedBegin_ = 0;
     std::size_t receivedEnd_ = 0;
 
-    bool offerPending_ = false; ///< unread bytes, if any, must be reported to the delegate
-    bool spacePending_ = false;
     bool writeFailed_ = false;
-    std::optional<StreamEvent> lastEvent_; ///< the end or error; nothing follows it
-    bool lastEventReported_ = false;
-    bool deliveryPosted_ = false;
-    bool delivering_ = false;
 };
 
 } // namespace lumbra
