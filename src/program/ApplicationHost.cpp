@@ -83,12 +83,12 @@ bool ApplicationHost::knowsTheUnit() const {
     return options_.demo || options_.connectTo || settings_->value(IP_ADDRESS_PREFERENCE);
 }
 
-bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
+bool ApplicationHost::prepare(const std::optional<UnitPlace>& unit) {
     if (!error_.isEmpty())
         return false;
     if (unit)
         storeUnit(*settings_, *unit);
-    auto place = options_.connectTo;
+    place_ = options_.connectTo;
     if (options_.demo) {
         demoUnit_ = std::make_unique<sim::UnitServer>(sim::Unit(demoUnitNumber(*settings_)));
         if (!demoUnit_->listen()) {
@@ -96,21 +96,34 @@ bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
                      demoUnit_->errorString();
             return false;
         }
-        place = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
+        place_ = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
     }
     if (trace_)
         trace_->start(traceStart(options_, *settings_));
     auto& network = tracing_ ? *tracing_ : *sockets_;
-    if (place) {
-        redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place);
-        if (isLoopbackHost(place->host))
+    if (place_) {
+        redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place_);
+        if (isLoopbackHost(place_->host))
             reachability_ = std::make_unique<FixedReachability>(true);
     }
     if (!reachability_)
         reachability_ = std::make_unique<NetworkReachability>();
-    application_ = std::make_unique<Application>(
-        Platform{queue_, worker_, redirection_ ? *redirection_ : network, *reachability_, *settings_},
-        options_.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
+    return true;
+}
+
+Platform ApplicationHost::platform() {
+    return {queue_, worker_,
+            redirection_ ? *redirection_
+            : tracing_   ? *tracing_
+                         : *sockets_,
+            *reachability_, *settings_};
+}
+
+bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
+    if (!prepare(unit))
+        return false;
+    application_ = std::make_unique<Application>(platform(), options_.keepConnected ? Reconnection::Automatic
+                                                                                    : Reconnection::ByUser);
     return true;
 }
 

@@ -1,8 +1,8 @@
 #include "console/ConsoleFrontEnd.h"
 #include "program/ApplicationHost.h"
+#include "program/FrontEndModule.h"
+#include "program/ModulePath.h"
 #include "program/Options.h"
-#include "program/TouchModule.h"
-#include "program/TouchModulePath.h"
 #include "system/QtDescriptorWatcher.h"
 #include "system/SignalPipe.h"
 
@@ -61,6 +61,7 @@ void openStandardDescriptors() {
 
 // The minimum that a start needs. With less, the toolkit aborts, crashes or waits for ever.
 constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
+constexpr std::size_t WEB_DESCRIPTORS = 128; // the browsers have 64
 constexpr std::size_t WINDOW_DESCRIPTORS = 48;
 constexpr std::size_t WINDOW_THREADS = 8;
 constexpr std::size_t WINDOW_ADDRESS_SPACE = std::size_t{320} << 20;
@@ -122,6 +123,17 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
+/// Runs the front end in a module; `complaint` is for the case that it can't be loaded.
+int runModule(const char* name, const QString& complaint, int& argc, char** argv, const Options& options) {
+    QLibrary module(modulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe")), name));
+    const auto run = reinterpret_cast<RunFrontEnd>(module.resolve("runFrontEnd"));
+    if (!run) {
+        complain(complaint.arg(module.errorString()));
+        return FAILURE;
+    }
+    return run(argc, argv, options);
+}
+
 int runTouch(int& argc, char** argv, const Options& options) {
     if (!canReserve(WINDOW_ADDRESS_SPACE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
         complain(
@@ -129,14 +141,21 @@ int runTouch(int& argc, char** argv, const Options& options) {
                            "threads, for a window; see \"ulimit -a\". --console needs less."));
         return FAILURE;
     }
-    QLibrary module(touchModulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));
-    const auto run = reinterpret_cast<RunTouch>(module.resolve("runTouch"));
-    if (!run) {
-        complain(QStringLiteral("The touch screens can't be loaded; --console runs without them. (%1)")
-                     .arg(module.errorString()));
+    return runModule("lumbra-touch.so",
+                     QStringLiteral("The touch screens can't be loaded; --console runs without them. (%1)"),
+                     argc, argv, options);
+}
+
+int runWeb(int& argc, char** argv, const Options& options) {
+    if (!canOpen(WEB_DESCRIPTORS)) {
+        complain(QStringLiteral("The system gives this program too few file descriptors for browsers; see "
+                                "\"ulimit -n\"."));
         return FAILURE;
     }
-    return run(argc, argv, options);
+    return runModule("lumbra-web.so",
+                     QStringLiteral("The web front end can't be loaded; it has a package of its own, "
+                                    "lumbra-remote-web. (%1)"),
+                     argc, argv, options);
 }
 
 } // namespace
@@ -165,7 +184,8 @@ int main(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(parsed);
     try {
-        return options.console ? runConsole(argc, argv, options) : runTouch(argc, argv, options);
+        const auto run = options.console ? runConsole : options.web ? runWeb : runTouch;
+        return run(argc, argv, options);
     } catch (...) { // unwinding has restored the terminal
         endOnException();
     }
