@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/Condition.h"
 #include "app/Hands.h"
 #include "app/KeepConnected.h"
 #include "app/NetworkTabController.h"
@@ -72,7 +73,9 @@ public:
     Hands& hands() { return hands_; }
     /// True for a control that can't be operated now: its command would be lost, because the link is not open. What
     /// only chooses what is shown is never locked.
-    bool isLocked(const View::Item& item) const { return item.sends && !tabs_->serverConn()->isConnected(); }
+    bool isLocked(const View::Item& item) const { return item.sends && hands_.isLocked(); }
+    /// The state of the link and the status of the screen in one.
+    Condition condition() const;
     /// The rows of the current screen's item picker. Null on a screen without items.
     const ItemList* items() const;
     /// True if a closed link is opened again without the user.

@@ -21,15 +21,16 @@ public:
     void help(std::string_view command, std::span<const script::Command> commands) override;
 
     void screenChanged(const TabBarController& tabs) override;
-    void controlChanged(const View& screen, const View::Item& item) override;
+    void controlChanged(const View& screen, const View::Item& item, const Hand* hand) override;
     void alertAskedFor(const Alert& alert) override;
+    void alertWithdrawn() override;
     void linkChanged(LinkState link) override;
     void statusChanged(ScreenStatus status) override;
     void itemChanged(const View& screen, std::size_t row, const ItemRow& item) override;
 
 private:
     script::Output& output_;
-    std::string lastChange_; ///< the last line about a control
+    std::string lastChange_; ///< the last line about a control of the present screen
 };
 
 } // namespace lumbra::console

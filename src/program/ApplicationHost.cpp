@@ -88,7 +88,7 @@ bool ApplicationHost::prepare(const std::optional<UnitPlace>& unit) {
         return false;
     if (unit)
         storeUnit(*settings_, *unit);
-    place_ = options_.connectTo;
+    auto place = options_.connectTo;
     if (options_.demo) {
         demoUnit_ = std::make_unique<sim::UnitServer>(sim::Unit(demoUnitNumber(*settings_)));
         if (!demoUnit_->listen()) {
@@ -96,14 +96,14 @@ bool ApplicationHost::prepare(const std::optional<UnitPlace>& unit) {
                      demoUnit_->errorString();
             return false;
         }
-        place_ = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
+        place = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
     }
     if (trace_)
         trace_->start(traceStart(options_, *settings_));
     auto& network = tracing_ ? *tracing_ : *sockets_;
-    if (place_) {
-        redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place_);
-        if (isLoopbackHost(place_->host))
+    if (place) {
+        redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place);
+        if (isLoopbackHost(place->host))
             reachability_ = std::make_unique<FixedReachability>(true);
     }
     if (!reachability_)
@@ -128,8 +128,8 @@ bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
 }
 
 ApplicationHost::~ApplicationHost() {
-    // Work on the worker uses the connection, the streams and the reachability. Posted work may hold the last
-    // references to screens and sockets.
+    // What the worker runs uses the stream factories and the reachability. A pair of streams that it has handed
+    // over waits in the queue, and must not outlive its factory.
     worker_.stop();
     application_.reset();
     queue_.drop();

@@ -43,9 +43,10 @@ public:
     Platform platform();
     /// Only after `build`.
     Application& application() { return *application_; }
-    /// What is connected to in place of the unit's address, as HOST:PORT; empty for the address itself. Only after
-    /// `prepare`.
-    std::string place() const { return place_ ? formatHostPort(*place_) : std::string(); }
+    /// Where every connection goes, as HOST:PORT; empty: to the unit's address.
+    std::string place() const {
+        return options_.connectTo ? formatHostPort(*options_.connectTo) : std::string();
+    }
     /// Stops the worker: what it uses may end from now on.
     void stop() { worker_.stop(); }
 
@@ -58,7 +59,6 @@ private:
     std::unique_ptr<StreamFactory> sockets_;
     std::unique_ptr<TraceFile> trace_; ///< null: nothing is traced
     std::unique_ptr<StreamFactory> tracing_;
-    std::optional<HostPort> place_;
     std::unique_ptr<StreamFactory> redirection_;
     std::unique_ptr<Reachability> reachability_;
     std::unique_ptr<Application> application_;

@@ -116,6 +116,7 @@ int runConsole(int& argc, char** argv, const Options& options) {
     const SignalPipe windowSignals({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every);
     ConsoleFrontEnd console(host.application(), watcher,
                             {.json = options.json,
+                             .place = host.place(),
                              .endSignals = endSignals.descriptor(),
                              .windowSignals = windowSignals.descriptor()},
                             &QCoreApplication::exit);
@@ -134,7 +135,7 @@ int runModule(const char* name, const QString& complaint, int& argc, char** argv
     return run(argc, argv, options);
 }
 
-int runTouch(int& argc, char** argv, const Options& options) {
+int runTouchModule(int& argc, char** argv, const Options& options) {
     if (!canReserve(WINDOW_ADDRESS_SPACE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
         complain(
             QStringLiteral("The system gives this program too little memory, or too few file descriptors or "
@@ -146,7 +147,7 @@ int runTouch(int& argc, char** argv, const Options& options) {
                      argc, argv, options);
 }
 
-int runWeb(int& argc, char** argv, const Options& options) {
+int runWebModule(int& argc, char** argv, const Options& options) {
     if (!canOpen(WEB_DESCRIPTORS)) {
         complain(QStringLiteral("The system gives this program too few file descriptors for browsers; see "
                                 "\"ulimit -n\"."));
@@ -184,7 +185,7 @@ int main(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(parsed);
     try {
-        const auto run = options.console ? runConsole : options.web ? runWeb : runTouch;
+        const auto run = options.console ? runConsole : options.web ? runWebModule : runTouchModule;
         return run(argc, argv, options);
     } catch (...) { // unwinding has restored the terminal
         endOnException();

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,12 +16,14 @@ class CommandInterpreter;
 /// What an argument stands for, for completion.
 enum class Argument : std::uint8_t {
     Nothing,
-    Tab,
+    Tab, ///< also the screen of `at`
     Picker,
     Slider,
     Switch,
     Segmented,
     Button,
+    Row,      ///< of the picker before it
+    Item,     ///< a row of the item picker
     Position, ///< of a switch
     Watching,
     SettingKey,
@@ -43,6 +46,9 @@ struct Held {};
 /// The result of a command.
 using Outcome = std::variant<Done, Failed, Answered, Held>;
 
+/// The words behind a command's name.
+using Arguments = std::span<const std::string>;
+
 /// The definition of a command: its name, its arguments and its function.
 struct Command {
     std::string_view usage; ///< name and arguments, as help shows them
@@ -50,9 +56,9 @@ struct Command {
     std::size_t fewest; ///< the smallest number of arguments
     std::size_t most;   ///< the largest
     std::array<Argument, 2> kinds;
-    Outcome (CommandInterpreter::*run)(std::span<const std::string> arguments);
+    std::function<Outcome(CommandInterpreter&, Arguments)> run;
 
-    constexpr std::string_view name() const { return usage.substr(0, usage.find(' ')); }
+    std::string_view name() const { return usage.substr(0, usage.find(' ')); }
 };
 
 } // namespace lumbra::script

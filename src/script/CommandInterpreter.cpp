@@ -1,14 +1,14 @@
 #include "script/CommandInterpreter.h"
 
 #include "app/Settings.h"
-#include "script/CommandWords.h"
+#include "script/Keywords.h"
 #include "script/Numbers.h"
 #include "script/Words.h"
 #include "toolkit/Controls.h"
 
 #include <algorithm>
-#include <array>
 #include <cassert>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -17,37 +17,74 @@ namespace lumbra::script {
 struct CommandTable {
     using I = CommandInterpreter;
     using A = Argument;
-    static constexpr std::array<Command, 16> COMMANDS{{
-        {"help", "lists the commands", 0, 0, {}, &I::help},
-        {"state", "shows the screen's controls, items and status, alert and link", 0, 0, {}, &I::state},
-        {"tab NAME", "selects a tab by its name or its position, counted from 0", 1, 1, {A::Tab}, &I::tab},
-        {"pick CONTROL ROW", "turns a picker to a row, from 0", 2, 2, {A::Picker, A::Number}, &I::pick},
-        {"slide CONTROL VALUE", "moves a slider", 2, 2, {A::Slider, A::Number}, &I::slide},
-        {"switch CONTROL on|off|toggle", "flips a switch", 2, 2, {A::Switch, A::Position}, &I::flip},
-        {"segment CONTROL INDEX", "taps a segment, from 0", 2, 2, {A::Segmented, A::Number}, &I::segment},
-        {"press CONTROL", "presses a button", 1, 1, {A::Button}, &I::press},
-        {"dismiss", "presses the button of the alert on show", 0, 0, {}, &I::dismiss},
-        {"watch on|off", "prints each item's changes, or no longer", 1, 1, {A::Watching}, &I::watch},
-        {"get [KEY]", "shows the stored settings, or one", 0, 1, {A::SettingKey}, &I::get},
-        {"set KEY VALUE", "stores a setting; see app", 2, 2, {A::SettingKey, A::StoredValue}, &I::set},
-        {"unset KEY", "removes a stored setting; see app", 1, 1, {A::SettingKey}, &I::unset},
-        {"app EVENT", "away, back, or one step of these; back reads the settings", 1, 1, {A::Event}, &I::app},
-        {"wait SECONDS|answer|open|closed [SECONDS]",
-         "lets time pass, or waits, at most 5 s unless told",
-         1,
-         2,
-         {A::Awaited, A::Number},
-         &I::wait},
-        {"quit", "ends the application", 0, 0, {}, &I::quit},
-    }};
+    static constexpr auto ANY = std::numeric_limits<std::size_t>::max();
+
+    static std::span<const Command> commands() {
+        static const Command COMMANDS[] = {
+            {"help", "lists the commands", 0, 0, {}, &I::help},
+            {"state", "shows the screen's controls, items and status, alert and link", 0, 0, {}, &I::state},
+            {"tab NAME",
+             "selects a tab by its name or its position, counted from 0",
+             1,
+             1,
+             {A::Tab},
+             &I::tab},
+            {"pick CONTROL ROW",
+             "turns a picker to a row, from 0, or to the first that reads TEXT for =TEXT",
+             2,
+             2,
+             {A::Picker, A::Row},
+             &I::pick},
+            {"slide CONTROL VALUE", "moves a slider", 2, 2, {A::Slider, A::Number}, &I::slide},
+            {"hold CONTROL", "puts a finger on a slider; slide then moves it", 1, 1, {A::Slider}, &I::hold},
+            {"release CONTROL", "takes the finger off the slider", 1, 1, {A::Slider}, &I::release},
+            {"switch CONTROL on|off|toggle", "flips a switch", 2, 2, {A::Switch, A::Position}, &I::flip},
+            {"segment CONTROL INDEX", "taps a segment, from 0", 2, 2, {A::Segmented, A::Number}, &I::segment},
+            {"press CONTROL", "presses a button", 1, 1, {A::Button}, &I::press},
+            {"level ITEM VALUE",
+             "moves the volume of any item, by its row from 0 or as =TEXT, in dB",
+             2,
+             2,
+             {A::Item, A::Number},
+             &I::level},
+            {"mute ITEM on|off|toggle", "flips the mute of any item", 2, 2, {A::Item, A::Position}, &I::mute},
+            {"dismiss", "presses the button of the alert on show", 0, 0, {}, &I::dismiss},
+            {"watch on|off", "prints each item's changes, or no longer", 1, 1, {A::Watching}, &I::watch},
+            {"get [KEY]", "shows the stored settings, or one", 0, 1, {A::SettingKey}, &I::get},
+            {"set KEY VALUE", "stores a setting; see app", 2, 2, {A::SettingKey, A::StoredValue}, &I::set},
+            {"unset KEY", "removes a stored setting; see app", 1, 1, {A::SettingKey}, &I::unset},
+            {"app EVENT",
+             "away, back, or one step of these; back reads the settings",
+             1,
+             1,
+             {A::Event},
+             &I::app},
+            {"wait SECONDS|current|answer|open|closed [SECONDS]",
+             "lets time pass, or waits, at most 5 s unless told, 10 s for current",
+             1,
+             2,
+             {A::Awaited, A::Number},
+             &I::wait},
+            {"at SCREEN [=TEXT] COMMAND",
+             "does a command only on that screen, with that item selected",
+             2,
+             ANY,
+             {A::Tab},
+             &I::at},
+            {"quit", "ends the application", 0, 0, {}, &I::quit},
+        };
+        return COMMANDS;
+    }
 };
 
 namespace {
 
 using namespace std::chrono_literals;
 
-/// The time limit of a wait unless the command gives one.
-constexpr std::optional<std::chrono::nanoseconds> LONGEST_ANSWER = 5s;
+/// What `wait` waits for beside time, and for how long unless the command says.
+std::chrono::nanoseconds longestWait(std::string_view awaited) {
+    return awaited == "current" ? 10s : 5s;
+}
 
 /// "one", "one and two", "one, two and three".
 template <class Range, class NameOf>
@@ -62,12 +99,21 @@ std::string listed(const Range& range, NameOf nameOfElement) {
     return list;
 }
 
+constexpr auto itself = [](std::string_view word) { return word; };
+
+/// The command with that name, or null.
+const Command* named(std::string_view name, std::span<const Command> commands) {
+    const auto found = std::find_if(commands.begin(), commands.end(),
+                                    [name](const Command& known) { return known.name() == name; });
+    return found == commands.end() ? nullptr : &*found;
+}
+
 std::string withArticle(std::string_view noun) {
     return (std::string_view("aeiou").find(noun.front()) == std::string_view::npos ? "a " : "an ") +
            std::string(noun);
 }
 
-/// Selects one of the `count` things called `what` by the position in `text`.
+/// Calls `moveTo` with the position in `text`, of `count` things called `what`.
 template <class Move>
 Outcome choose(const std::string& control, std::string_view what, const std::string& text, std::size_t count,
                Move moveTo) {
@@ -80,7 +126,36 @@ Outcome choose(const std::string& control, std::string_view what, const std::str
                                         : "; there are 0 to " + std::to_string(count - 1);
         return Failed{control + ": no " + std::string(what) + " " + text + there};
     }
-    moveTo(static_cast<int>(*position));
+    return moveTo(static_cast<int>(*position));
+}
+
+/// The same for a row, which may also be given as =TEXT: the first of those that read so. `textOf` gives a row's
+/// text.
+template <class TextOf, class Move>
+Outcome chooseRow(const std::string& control, const std::string& wanted, std::size_t count, TextOf textOf,
+                  Move moveTo) {
+    if (!wanted.starts_with('='))
+        return choose(control, "row", wanted, count, moveTo);
+    for (std::size_t row = 0; row < count; ++row)
+        if (textOf(row) == std::string_view(wanted).substr(1))
+            return moveTo(static_cast<int>(row));
+    return Failed{control + ": no row reads \"" + wanted.substr(1) + "\""};
+}
+
+/// Moves a slider that is called `name` to the level in `text` with `move`.
+template <class Move>
+Outcome slideTo(const std::string& name, const std::string& text, Move move) {
+    const auto value = parseLevel(text);
+    if (!value)
+        return Failed{name + ": \"" + text + "\" is not a number"};
+    move(*value);
+    return Done{};
+}
+
+Outcome flipTo(const std::string& name, const std::string& position, Switch& onOff) {
+    if (!contains(SWITCH_POSITIONS, position))
+        return Failed{name + ": no position \"" + position + "\"; there are on, off and toggle"};
+    onOff.flipByUser(position == "toggle" ? !onOff.isOn() : position == "on");
     return Done{};
 }
 
@@ -91,56 +166,64 @@ Failed noSuchSetting(const std::string& key) {
 
 } // namespace
 
-CommandInterpreter::CommandInterpreter(Application& application, Printer& printer, Delegate delegate)
-    : application_(application), printer_(printer), delegate_(std::move(delegate)) {}
+CommandInterpreter::CommandInterpreter(Application& application, Printer& printer, EventReporter& events,
+                                       Delegate delegate)
+    : application_(application), printer_(printer), events_(events), delegate_(std::move(delegate)) {}
+
+CommandInterpreter::~CommandInterpreter() {
+    for (auto* const hand : touched_)
+        hand->release(this);
+}
 
 std::span<const Command> CommandInterpreter::commands() {
-    return CommandTable::COMMANDS;
+    return CommandTable::commands();
 }
 
 const Command* CommandInterpreter::find(std::string_view name) {
-    const auto found = std::find_if(commands().begin(), commands().end(),
-                                    [&](const Command& known) { return known.name() == name; });
-    return found == commands().end() ? nullptr : &*found;
+    return named(name, commands());
 }
 
 void CommandInterpreter::execute(const Line& line) {
-    assert(!isHeld() && !hasQuit_);
+    assert(!isHeld());
     if (line.text.starts_with('#'))
         return;
-    auto [words, error] = splitWords(line.text);
+    const auto [words, error] = splitWords(line.text);
     if (words.empty() && error.empty())
         return;
     command_ = words.empty() ? std::string() : words.front();
-    const auto* command = find(command_);
-    const auto arguments = Arguments(words).subspan(words.empty() ? 0 : 1);
-    if (line.tooLong)
-        answer(command_, Failed{"a line may have at most " + std::to_string(Line::MAX_LENGTH) + " bytes"});
-    else if (!error.empty())
-        answer(command_, Failed{error});
-    else if (!command)
-        answer(command_, Failed{command_ + ": no such command; \"help\" lists those there are"});
-    else if (arguments.size() < command->fewest || arguments.size() > command->most)
-        answer(command_, Failed{command->most == 0 ? command_ + " stands alone"
-                                                   : "usage: " + std::string(command->usage)});
-    else
-        answer(command_, (this->*command->run)(arguments));
+    const auto outcome =
+        line.tooLong     ? Failed{"a line may have at most " + std::to_string(Line::MAX_LENGTH) + " bytes"}
+        : !error.empty() ? Failed{error}
+                         : run(words);
+    answer(command_, outcome);
 }
 
-void CommandInterpreter::answer(std::string_view command, const Outcome& outcome) {
+Outcome CommandInterpreter::run(Arguments words) {
+    command_ = words.front();
+    const auto* command = named(command_, delegate_.commands);
+    if (!command)
+        command = find(command_);
+    const auto arguments = words.subspan(1);
+    if (!command)
+        return Failed{command_ + ": no such command; \"help\" lists those there are"};
+    if (arguments.size() < command->fewest || arguments.size() > command->most)
+        return Failed{command->most == 0 ? command_ + " stands alone"
+                                         : "usage: " + std::string(command->usage)};
+    return command->run(*this, arguments);
+}
+
+Printer& CommandInterpreter::reply() {
+    events_.printInOrder();
+    return printer_;
+}
+
+void CommandInterpreter::answer(const std::string& command, const Outcome& outcome) {
     if (std::holds_alternative<Done>(outcome))
-        printer_.done(command);
+        reply().done(command);
     if (const auto* failed = std::get_if<Failed>(&outcome)) {
         hasFailed_ = true;
-        printer_.failed(command, failed->error);
+        reply().failed(command, failed->error);
     }
-}
-
-void CommandInterpreter::terminate() {
-    if (std::exchange(hasQuit_, true))
-        return;
-    application_.terminate();
-    delegate_.terminated();
 }
 
 const View& CommandInterpreter::screen() const {
@@ -148,14 +231,23 @@ const View& CommandInterpreter::screen() const {
 }
 
 Outcome CommandInterpreter::help(Arguments) {
-    printer_.help(command_, commands());
+    std::vector<Command> all(commands().begin(), commands().end());
+    all.insert(all.end(), delegate_.commands.begin(), delegate_.commands.end());
+    reply().help(command_, all);
     return Answered{};
 }
 
 Outcome CommandInterpreter::state(Arguments) {
-    printer_.state(command_,
-                   {application_.tabs(), application_.alerts().shown(), application_.link().linkState(),
-                    application_.status().status(), application_.items()});
+    const auto& link = application_.link();
+    reply().state(command_, {.tabs = application_.tabs(),
+                             .hands = application_.hands(),
+                             .alert = application_.alerts().shown(),
+                             .link = link.linkState(),
+                             .status = application_.status().status(),
+                             .address = delegate_.place.empty() ? link.ip_address() : delegate_.place,
+                             .unit = link.unit,
+                             .retrying = application_.keepsConnected(),
+                             .items = application_.items()});
     return Answered{};
 }
 
@@ -176,8 +268,8 @@ Outcome CommandInterpreter::tab(Arguments arguments) {
     return Done{};
 }
 
-template <class Type, class Move>
-Outcome CommandInterpreter::move(const std::string& name, Move moveControl) {
+template <class Type, class Use>
+Outcome CommandInterpreter::with(const std::string& name, Use use) {
     // An action may change the tabs, which must not destroy the control while it runs.
     const auto control = screen().find(name);
     if (!control)
@@ -185,42 +277,76 @@ Outcome CommandInterpreter::move(const std::string& name, Move moveControl) {
     if (control->kind() != Type::KIND)
         return Failed{name + ": " + withArticle(nameOf(control->kind())) + ", not " +
                       withArticle(nameOf(Type::KIND))};
-    if (!control->isEnabled())
-        return Failed{name + ": disabled"};
-    return moveControl(static_cast<Type&>(*control));
+    return use(std::static_pointer_cast<Type>(control));
+}
+
+template <class Type, class Move>
+Outcome CommandInterpreter::move(const std::string& name, Move moveControl) {
+    return with<Type>(name, [&](const std::shared_ptr<Type>& control) -> Outcome {
+        if (!control->isEnabled())
+            return Failed{name + ": disabled"};
+        return moveControl(*control);
+    });
 }
 
 Outcome CommandInterpreter::pick(Arguments arguments) {
     return move<Picker>(arguments[0], [&](Picker& picker) {
-        return choose(arguments[0], "row", arguments[1], picker.rows().size(),
-                      [&](int row) { picker.pickByUser(row); });
+        return chooseRow(
+            arguments[0], arguments[1], picker.rows().size(),
+            [&](std::size_t row) { return picker.rows()[row]; },
+            [&](int row) -> Outcome {
+                picker.pickByUser(row);
+                return Done{};
+            });
     });
 }
 
 Outcome CommandInterpreter::slide(Arguments arguments) {
-    return move<Slider>(arguments[0], [&](Slider& slider) -> Outcome {
-        const auto value = parseLevel(arguments[1]);
-        if (!value)
-            return Failed{arguments[0] + ": \"" + arguments[1] + "\" is not a number"};
-        slider.slideByUser(*value);
+    return move<Slider>(arguments[0], [&](Slider& slider) {
+        return slideTo(arguments[0], arguments[1], [&](float value) {
+            auto* const hand = application_.hands().find(slider);
+            if (hand && hand->isHeldBy(this))
+                hand->moveTo(value);
+            else
+                slider.slideByUser(value);
+        });
+    });
+}
+
+Outcome CommandInterpreter::hold(Arguments arguments) {
+    return with<Slider>(arguments[0], [&](const std::shared_ptr<Slider>& slider) -> Outcome {
+        if (!slider->isEnabled())
+            return Failed{arguments[0] + ": disabled"};
+        auto& hand = application_.hands().on(slider);
+        if (!hand.grab(this))
+            return Failed{arguments[0] + ": can't be held while the link is " +
+                          std::string(nameOf(application_.link().linkState()))};
+        touched_.insert(&hand);
+        return Done{};
+    });
+}
+
+Outcome CommandInterpreter::release(Arguments arguments) {
+    // A finger that a lost link or another item has taken off is gone already.
+    return with<Slider>(arguments[0], [&](const std::shared_ptr<Slider>& slider) -> Outcome {
+        if (auto* const hand = application_.hands().find(*slider))
+            hand->release(this);
         return Done{};
     });
 }
 
 Outcome CommandInterpreter::flip(Arguments arguments) {
-    return move<Switch>(arguments[0], [&](Switch& control) -> Outcome {
-        const auto& position = arguments[1];
-        if (!contains(SWITCH_POSITIONS, position))
-            return Failed{arguments[0] + ": no position \"" + position + "\"; there are on, off and toggle"};
-        control.flipByUser(position == "toggle" ? !control.isOn() : position == "on");
-        return Done{};
-    });
+    return move<Switch>(arguments[0],
+                        [&](Switch& onOff) { return flipTo(arguments[0], arguments[1], onOff); });
 }
 
 Outcome CommandInterpreter::segment(Arguments arguments) {
     return move<SegmentedControl>(arguments[0], [&](SegmentedControl& control) {
         return choose(arguments[0], "segment", arguments[1], control.segments().size(),
-                      [&](int segment) { control.tapByUser(segment); });
+                      [&](int segment) -> Outcome {
+                          control.tapByUser(segment);
+                          return Done{};
+                      });
     });
 }
 
@@ -229,6 +355,35 @@ Outcome CommandInterpreter::press(Arguments arguments) {
         button.pressByUser();
         return Done{};
     });
+}
+
+template <class Type, class Move>
+Outcome CommandInterpreter::moveRow(const std::string& wanted,
+                                    const std::shared_ptr<Type>& (ItemList::*controlOf)(std::size_t) const,
+                                    Move moveControl) {
+    const auto* const items = application_.items();
+    if (!items)
+        return Failed{"the " + screen().name() + " screen has no items"};
+    return chooseRow(
+        screen().name() + " items", wanted, items->rowCount(),
+        [&](std::size_t row) { return items->row(row).name; },
+        [&](int row) -> Outcome {
+            const auto control = (items->*controlOf)(static_cast<std::size_t>(row));
+            if (!control->isEnabled())
+                return Failed{wanted + ": disabled"};
+            return moveControl(*control);
+        });
+}
+
+Outcome CommandInterpreter::level(Arguments arguments) {
+    return moveRow(arguments[0], &ItemList::volumeOf, [&](Slider& slider) {
+        return slideTo(arguments[0], arguments[1], [&](float value) { slider.slideByUser(value); });
+    });
+}
+
+Outcome CommandInterpreter::mute(Arguments arguments) {
+    return moveRow(arguments[0], &ItemList::muteOf,
+                   [&](Switch& onOff) { return flipTo(arguments[0], arguments[1], onOff); });
 }
 
 Outcome CommandInterpreter::dismiss(Arguments) {
@@ -240,7 +395,7 @@ Outcome CommandInterpreter::dismiss(Arguments) {
 Outcome CommandInterpreter::watch(Arguments arguments) {
     if (!contains(WATCHING, arguments[0]))
         return Failed{"\"" + arguments[0] + "\" is neither on nor off"};
-    delegate_.watchItems(arguments[0] == "on");
+    events_.watchItems(arguments[0] == "on");
     return Done{};
 }
 
@@ -251,7 +406,7 @@ Outcome CommandInterpreter::get(Arguments arguments) {
             stored.push_back({entry.key, application_.settings().value(entry.key)});
     if (stored.empty())
         return noSuchSetting(arguments[0]);
-    printer_.settings(command_, stored);
+    reply().settings(command_, stored);
     return Answered{};
 }
 
@@ -272,17 +427,13 @@ Outcome CommandInterpreter::set(Arguments arguments) {
             return Failed{key + ": \"" + text + "\" is neither true nor false"};
         value = text == "true";
     }
-    application_.settings().setValue(key, std::move(value));
-    application_.settings().flush();
-    return Done{};
+    return delegate_.store(key, std::move(value));
 }
 
 Outcome CommandInterpreter::unset(Arguments arguments) {
     if (!findSetting(arguments[0]))
         return noSuchSetting(arguments[0]);
-    application_.settings().remove(arguments[0]);
-    application_.settings().flush();
-    return Done{};
+    return delegate_.store(arguments[0], std::nullopt);
 }
 
 Outcome CommandInterpreter::app(Arguments arguments) {
@@ -299,53 +450,91 @@ Outcome CommandInterpreter::app(Arguments arguments) {
 
 Outcome CommandInterpreter::wait(Arguments arguments) {
     const auto& awaited = arguments[0];
-    const auto hold = [this](auto&&... waitArguments) {
+    const auto begin = [this](auto&&... waitArguments) {
         held_.emplace(application_.queue(), std::forward<decltype(waitArguments)>(waitArguments)...,
                       [this, command = command_](const Outcome& outcome) {
                           held_.reset();
                           answer(command, outcome);
-                          delegate_.resumed();
+                          const auto resumed = delegate_.resumed;
+                          resumed();
                       });
         return Held{};
     };
-    if (const auto time = parseSeconds(awaited); time && arguments.size() == 1)
-        return hold(*time);
-    const auto longest = arguments.size() == 2 ? parseSeconds(arguments[1]) : LONGEST_ANSWER;
+    const bool isTimed = arguments.size() == 2;
+    if (const auto time = parseSeconds(awaited); time && !isTimed)
+        return begin(*time);
+    const auto longest = isTimed ? parseSeconds(arguments[1]) : longestWait(awaited);
     if (!longest)
         return Failed{"\"" + arguments[1] + "\" is not a time in seconds"};
 
     auto& link = application_.link();
-    const auto linkInWords = [&link] { return std::string(nameOf(link.linkState())); };
-    if (awaited == "answer") {
+    auto& status = application_.status();
+    PendingWait::Condition condition;
+    if (awaited == "current") {
+        condition = {.isMet = [&status] { return status.status() == ScreenStatus::Current; },
+                     .observe = [&status](auto changed) { return status.onChange(std::move(changed)); },
+                     .explain =
+                         [&status] {
+                             return "the status is " + std::string(nameOf(status.status())) + ", not current";
+                         }};
+    } else if (awaited == "answer") {
         const auto spinner = std::static_pointer_cast<ActivityIndicator>(screen().find("spinner"));
-        return hold(*longest,
-                    PendingWait::Condition{
-                        .isMet = [spinner] { return !spinner->isAnimating(); },
-                        .observe = [spinner](auto changed) { return spinner->onChange(std::move(changed)); },
-                        .explain =
-                            [linkInWords] {
-                                return "the unit has not answered in time; the link is " + linkInWords();
-                            }});
-    }
-    if (contains(AWAITED, awaited)) {
+        condition = {.isMet = [spinner] { return !spinner->isAnimating(); },
+                     .observe = [spinner](auto changed) { return spinner->onChange(std::move(changed)); },
+                     .explain =
+                         [&link] {
+                             return "the unit has not answered in time; the link is " +
+                                    std::string(nameOf(link.linkState()));
+                         }};
+    } else if (contains(AWAITED, awaited)) {
         const auto state = awaited == "open" ? LinkState::Open : LinkState::Closed;
-        return hold(*longest,
-                    PendingWait::Condition{
-                        .isMet = [&link, state] { return link.linkState() == state; },
-                        .observe = [&link](auto changed) { return link.onLinkChange(std::move(changed)); },
-                        .explain =
-                            [linkInWords, awaited = awaited] {
-                                return "the link is still " + linkInWords() + ", not " + awaited;
-                            }});
+        condition = {.isMet = [&link, state] { return link.linkState() == state; },
+                     .observe = [&link](auto changed) { return link.onLinkChange(std::move(changed)); },
+                     .explain =
+                         [&link, awaited = awaited] {
+                             return "the link is still " + std::string(nameOf(link.linkState())) + ", not " +
+                                    awaited;
+                         }};
+    } else if (isTimed) {
+        return Failed{"\"" + awaited + "\" can't be waited for; there are " + listed(AWAITED, itself)};
+    } else {
+        return Failed{"\"" + awaited + "\" is neither a time in seconds nor one of " +
+                      listed(AWAITED, itself)};
     }
-    if (arguments.size() == 2)
-        return Failed{"\"" + awaited + "\" can't be waited for; there are answer, open and closed"};
-    return Failed{"\"" + awaited + "\" is neither a time in seconds nor answer, open or closed"};
+    return begin(*longest, std::move(condition));
+}
+
+Outcome CommandInterpreter::at(Arguments arguments) {
+    const bool namesItem = arguments[1].starts_with('=');
+    const auto command = arguments.subspan(namesItem ? 2 : 1);
+    if (command.empty())
+        return Failed{"usage: " + std::string(find(command_)->usage)};
+    command_ = command.front(); // the reply is this command's
+    if (command_ == "wait" || command_ == "at")
+        return Failed{command_ + ": can't stand behind at"};
+    const auto& view = screen();
+    if (view.name() != arguments[0])
+        return Failed{"the " + view.name() + " screen is on show, not " + arguments[0]};
+    if (namesItem) {
+        const auto item =
+            std::find_if(view.items().begin(), view.items().end(), [](const View::Item& candidate) {
+                return candidate.control->kind() == Picker::KIND && !candidate.sends;
+            });
+        if (item == view.items().end())
+            return Failed{"the " + view.name() + " screen has no items"};
+        const auto wanted = arguments[1].substr(1);
+        const auto& picker = static_cast<const Picker&>(*item->control);
+        if (picker.selected() < 0)
+            return Failed{"the " + view.name() + " screen shows no item yet, not \"" + wanted + "\""};
+        if (const auto selected = picker.selectedText(); selected != wanted)
+            return Failed{"the " + view.name() + " screen shows \"" + selected + "\", not \"" + wanted +
+                          "\""};
+    }
+    return run(command);
 }
 
 Outcome CommandInterpreter::quit(Arguments) {
-    terminate();
-    return Done{};
+    return delegate_.quit();
 }
 
 } // namespace lumbra::script

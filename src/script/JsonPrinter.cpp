@@ -1,12 +1,7 @@
 #include "script/JsonPrinter.h"
 
 #include "script/Command.h"
-#include "script/Numbers.h"
-#include "script/Utf8.h"
 #include "toolkit/Controls.h"
-
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 #include <cstddef>
 #include <numeric>
@@ -17,62 +12,6 @@
 namespace lumbra::script {
 
 namespace {
-
-/// Writes the members of one object.
-class Json {
-public:
-    explicit Json(rapidjson::StringBuffer& buffer) : writer_(buffer) {}
-
-    template <class Value>
-    Json& field(std::string_view name, const Value& value) {
-        text(name);
-        put(value);
-        return *this;
-    }
-    template <class Write>
-    Json& object(std::string_view name, Write write) {
-        text(name);
-        element(write);
-        return *this;
-    }
-    template <class Write>
-    void element(Write write) {
-        writer_.StartObject();
-        write(*this);
-        writer_.EndObject();
-    }
-    template <class Range, class Write>
-    Json& array(std::string_view name, const Range& range, Write write) {
-        text(name);
-        writer_.StartArray();
-        for (const auto& element : range)
-            write(*this, element);
-        writer_.EndArray();
-        return *this;
-    }
-    Json& null(std::string_view name) {
-        text(name);
-        writer_.Null();
-        return *this;
-    }
-    void text(std::string_view value) {
-        writer_.String(value.data(), static_cast<rapidjson::SizeType>(value.size()));
-    }
-
-private:
-    void put(std::string_view value) { text(value); }
-    void put(const std::string& value) { text(value); }
-    void put(const char* value) { text(value); }
-    void put(bool value) { writer_.Bool(value); }
-    void put(int value) { writer_.Int(value); }
-    void put(std::int64_t value) { writer_.Int64(value); }
-    void put(float value) {
-        const auto number = decimalOf(value);
-        writer_.RawValue(number.data(), number.size(), rapidjson::kNumberType);
-    }
-
-    rapidjson::Writer<rapidjson::StringBuffer> writer_;
-};
 
 void texts(Json& json, std::string_view name, const std::vector<std::string>& values) {
     json.array(name, values, [](Json& array, const std::string& value) { array.text(value); });
@@ -95,9 +34,27 @@ void itemFields(Json& json, std::size_t row, const ItemRow& item) {
     json.field("volume", item.volume).field("text", item.level.text()).field("mute", item.mute);
     if (item.power)
         json.field("power", *item.power);
+    const std::pair<const char*, bool> reported[] = {{"input", item.known.input},
+                                                     {"volume", item.known.volume},
+                                                     {"mute", item.known.mute},
+                                                     {"power", item.power && item.known.power}};
+    json.array("known", reported, [](Json& array, const auto& value) {
+        if (value.second)
+            array.text(value.first);
+    });
+    if (!item.askedVolume && !item.askedInput)
+        return;
+    json.object("asked", [&](Json& asked) {
+        if (item.askedVolume)
+            asked.field("volume", *item.askedVolume);
+        if (item.askedLevel)
+            asked.field("text", item.askedLevel->text());
+        if (item.askedInput)
+            asked.field("input", *item.askedInput);
+    });
 }
 
-/// The members of a control's state.
+/// The members of a control's state that its kind has.
 struct StateWriter {
     Json& json;
 
@@ -125,15 +82,23 @@ struct StateWriter {
     }
 };
 
-} // namespace
-
-template <class Write>
-void JsonPrinter::line(Write write) {
-    rapidjson::StringBuffer buffer;
-    Json(buffer).element(write);
-    buffer.Put('\n');
-    output_.write(escapedInJson({buffer.GetString(), buffer.GetSize()}));
+void stateFields(Json& json, const View::Item& item, const Hand* hand) {
+    visit(std::as_const(*item.control), StateWriter{json});
+    json.field("caption", item.caption);
+    if (const auto known = item.control->known())
+        json.field("known", *known);
+    if (item.control->kind() != Slider::KIND)
+        return;
+    const auto& slider = static_cast<const Slider&>(*item.control);
+    if (const auto reading = slider.readingOf(slider.value()))
+        json.field("text", reading->text());
+    if (const auto limit = slider.limit())
+        json.field("limit", *limit);
+    if (hand && hand->isHeld())
+        json.field("held", true).field("wish", hand->shown());
 }
+
+} // namespace
 
 void JsonPrinter::done(std::string_view command) {
     line([&](Json& json) { json.field("reply", command).field("ok", true); });
@@ -149,7 +114,7 @@ void JsonPrinter::state(std::string_view command, const State& state) {
         json.object("controls", [&](Json& controls) {
             for (const auto& item : state.tabs.selectedViewController()->view().items())
                 controls.object(item.name, [&](Json& fields) {
-                    visit(std::as_const(*item.control), StateWriter{fields});
+                    stateFields(fields, item, state.hands.find(*item.control));
                 });
         });
         if (state.alert)
@@ -157,6 +122,7 @@ void JsonPrinter::state(std::string_view command, const State& state) {
         else
             json.null("alert");
         json.field("link", nameOf(state.link)).field("status", nameOf(state.status));
+        json.field("address", state.address).field("unit", state.unit).field("retrying", state.retrying);
         if (!state.items)
             return;
         std::vector<std::size_t> rows(state.items->rowCount());
@@ -195,15 +161,19 @@ void JsonPrinter::screenChanged(const TabBarController& tabBar) {
     line([&](Json& json) { tabs(json.field("event", "screen"), tabBar); });
 }
 
-void JsonPrinter::controlChanged(const View& screen, const View::Item& item) {
+void JsonPrinter::controlChanged(const View& screen, const View::Item& item, const Hand* hand) {
     line([&](Json& json) {
         json.field("event", "control").field("screen", screen.name()).field("control", item.name);
-        json.object("state", [&](Json& fields) { visit(std::as_const(*item.control), StateWriter{fields}); });
+        json.object("state", [&](Json& fields) { stateFields(fields, item, hand); });
     });
 }
 
 void JsonPrinter::alertAskedFor(const Alert& alert) {
     line([&](Json& json) { alertFields(json.field("event", "alert"), alert); });
+}
+
+void JsonPrinter::alertWithdrawn() {
+    line([](Json& json) { json.field("event", "alert").null("title"); });
 }
 
 void JsonPrinter::linkChanged(LinkState link) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "script/Json.h"
 #include "script/Output.h"
 #include "script/Printer.h"
 
@@ -18,15 +19,18 @@ public:
     void help(std::string_view command, std::span<const Command> commands) override;
 
     void screenChanged(const TabBarController& tabs) override;
-    void controlChanged(const View& screen, const View::Item& item) override;
+    void controlChanged(const View& screen, const View::Item& item, const Hand* hand) override;
     void alertAskedFor(const Alert& alert) override;
+    void alertWithdrawn() override;
     void linkChanged(LinkState link) override;
     void statusChanged(ScreenStatus status) override;
     void itemChanged(const View& screen, std::size_t row, const ItemRow& item) override;
 
 private:
     template <class Write>
-    void line(Write write);
+    void line(Write write) {
+        output_.write(Json::line(write));
+    }
 
     Output& output_;
 };

@@ -1,10 +1,10 @@
 #include "script/Numbers.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
+#include <locale>
+#include <sstream>
 #include <system_error>
 
 namespace lumbra::script {
@@ -31,13 +31,15 @@ std::optional<std::int64_t> parseWhole(std::string_view text) {
 std::optional<float> parseLevel(std::string_view text) {
     float level = 0;
     const auto error = read(text, level);
-    if (error == std::errc())
-        return std::isfinite(level) ? std::optional(level) : std::nullopt;
-    long double wide = 0;
-    if (error != std::errc::result_out_of_range || read(text, wide) != std::errc())
+    if (error == std::errc::result_out_of_range) {
+        // A stream knows which end it is out of: it gives the largest float of the sign, or zero.
+        std::istringstream stream{std::string(text)};
+        stream.imbue(std::locale::classic());
+        stream >> level;
+    } else if (error != std::errc() || !std::isfinite(level)) {
         return std::nullopt;
-    constexpr long double LARGEST = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(wide, -LARGEST, LARGEST));
+    }
+    return level;
 }
 
 std::optional<std::chrono::nanoseconds> parseSeconds(std::string_view text) {

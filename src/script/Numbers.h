@@ -12,7 +12,7 @@ namespace lumbra::script {
 std::optional<std::int64_t> parseWhole(std::string_view text);
 
 /// Parses a finite decimal number and rounds it to the nearest float; one that is too large becomes the
-/// largest float of its sign. Nothing if `text` is no number.
+/// largest float of its sign, however large it is. Nothing if `text` is no number.
 std::optional<float> parseLevel(std::string_view text);
 
 /// Parses a number of seconds from 0 to 10^9; nothing if `text` is none.

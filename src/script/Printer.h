@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Hands.h"
 #include "app/Settings.h"
 #include "app/StatusMonitor.h"
 #include "link/ServerConnection.h"
@@ -10,6 +11,7 @@
 #include "toolkit/View.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -27,14 +29,17 @@ struct StoredSetting {
 /// What the `state` command shows.
 struct State {
     const TabBarController& tabs;
+    Hands& hands;                      ///< on the controls
     const std::optional<Alert>& alert; ///< the alert that is shown, if any
     LinkState link;
     ScreenStatus status;
+    std::string_view address; ///< where the link goes
+    std::int64_t unit;
+    bool retrying;         ///< a closed link is opened again without the user
     const ItemList* items; ///< null on a screen without items
 };
 
-/// Prints replies and events. There is one implementation for programs and one for people. Main
-/// thread only.
+/// Prints replies and events. There is one implementation for programs and one for people. Main thread only.
 class Printer {
 public:
     virtual ~Printer() = default;
@@ -49,8 +54,11 @@ public:
 
     // Events.
     virtual void screenChanged(const TabBarController& tabs) = 0;
-    virtual void controlChanged(const View& screen, const View::Item& item) = 0;
+    /// `hand` is the hand on the control; null if there has never been one.
+    virtual void controlChanged(const View& screen, const View::Item& item, const Hand* hand) = 0;
     virtual void alertAskedFor(const Alert& alert) = 0;
+    /// The alert on show is gone without the user's hand.
+    virtual void alertWithdrawn() = 0;
     virtual void linkChanged(LinkState link) = 0;
     virtual void statusChanged(ScreenStatus status) = 0;
     virtual void itemChanged(const View& screen, std::size_t row, const ItemRow& item) = 0;

@@ -3,6 +3,7 @@
 #include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "platform/SettingsStore.h"
+#include "system/WholeFile.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -64,8 +65,6 @@ public:
     static constexpr std::chrono::milliseconds FLUSH_DELAY{200};
     /// How long the constructor and the destructor wait for the lock.
     static constexpr std::chrono::milliseconds PATIENCE{500};
-    /// A larger file is no settings file.
-    static constexpr qint64 MAX_FILE_SIZE = 1 << 20; // bytes
 
 private:
     struct Problem {
@@ -83,7 +82,7 @@ private:
     void setAside();
 
     MainQueue& queue_;
-    const std::string path_;
+    const WholeFile file_;
     const Report report_;
 
     mutable QJsonObject values_;            ///< as last read

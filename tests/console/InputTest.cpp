@@ -55,9 +55,9 @@ TEST(Completion, OffersWhatMayStandThere) {
     Remote remote;
     remote.launch();
     const std::pair<const char*, std::vector<std::string>> cases[] = {
-        {"",
-         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "watch", "get",
-          "set", "unset", "app", "wait", "quit"}},
+        {"", {"help",   "state",   "tab",   "pick",  "slide", "hold",    "release",
+              "switch", "segment", "press", "level", "mute",  "dismiss", "watch",
+              "get",    "set",     "unset", "app",   "wait",  "at",      "quit"}},
         {"s", {"state", "slide", "switch", "segment", "set"}},
         {"slide ", {"volumeSlider", "bassSlider", "trebleSlider"}},
         {"press ", {}}, // this screen has no button

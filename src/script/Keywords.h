@@ -12,7 +12,7 @@ namespace lumbra::script {
 
 constexpr std::array<std::string_view, 3> SWITCH_POSITIONS{"on", "off", "toggle"};
 constexpr std::array<std::string_view, 2> WATCHING{"on", "off"};
-constexpr std::array<std::string_view, 3> AWAITED{"answer", "open", "closed"};
+constexpr std::array<std::string_view, 4> AWAITED{"current", "answer", "open", "closed"};
 constexpr std::array<std::string_view, 2> FLAGS{"true", "false"};
 
 struct LifecycleEvent {

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Streams.h"
+
+#include <array>
+#include <string>
+
+namespace lumbra {
+
+/// What an application is to a pair of streams: opens both, reads all there is inside the event, and lets go of them
+/// at the end. It notes what it is told.
+struct TapUser final : StreamDelegate {
+    StreamPair pair;
+    std::string events; ///< the names of all but those of bytes and space, with blanks
+    std::string bytes;
+    bool inCall = false;
+
+    TapUser(StreamFactory& streams, const std::string& host) : pair(streams.createPair(host, 23)) {
+        inCall = true;
+        for (Stream* stream :
+             {static_cast<Stream*>(pair.input.get()), static_cast<Stream*>(pair.output.get())}) {
+            stream->setDelegate(this);
+            stream->open();
+            stream->scheduleOnMainQueue();
+        }
+        inCall = false;
+    }
+    bool isOpen() const { return events == "open open "; }
+
+    std::ptrdiff_t write(std::string_view text) {
+        return !pair.output ? 0
+                            : pair.output->write(
+                                  std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
+    }
+    void read() {
+        for (std::array<std::uint8_t, 256> buffer; pair.input && pair.input->hasBytesAvailable();)
+            bytes.append(buffer.begin(), buffer.begin() + pair.input->read(buffer));
+    }
+    void handleEvent(Stream&, StreamEvent event) override {
+        if (inCall)
+            events += "inside ";
+        if (event == StreamEvent::HasBytesAvailable)
+            read();
+        if (event == StreamEvent::OpenCompleted)
+            events += "open ";
+        if (event == StreamEvent::ErrorOccurred || event == StreamEvent::EndEncountered) {
+            events += event == StreamEvent::ErrorOccurred ? "error " : "end ";
+            pair = {};
+        }
+    }
+};
+
+} // namespace lumbra
