@@ -77,6 +77,8 @@ void Playback::advance() {
                 std::min<std::chrono::microseconds>(left, LONGEST_WAIT)));
             return;
         }
+        if (!socket_->isOpen()) // `disconnected` follows
+            return;
         ++next_;
         play(entry);
     }

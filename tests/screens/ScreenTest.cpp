@@ -234,7 +234,8 @@ TEST(OutputScreen, FrequencyScaleRoundTripsEveryHertz) {
 TEST(OtherScreens, PlayTheirOwn) {
     const Scenario groups[] = {
         {"power follows the unit and is sent", R"(
-            > U1G1P0 ; > U1G2P1 ; > U1G0P0 ; > U1G11P0 ; show powerSwitch off ; switch powerSwitch on ; sent [U1G1P1]
+            row 1 Group 2?, Source 1?, -40?, off?, on? ; > U1G1P0 ; > U1G2P1 ; row 1 Group 2?, Source 1?, -40?, off?, on
+            > U1G0P0 ; > U1G11P0 ; show powerSwitch off ; switch powerSwitch on ; sent [U1G1P1]
             known powerSwitch ; pick groupPicker 1 ; show powerSwitch on ; pick groupPicker 0 ; show powerSwitch off
             row 0 Group 1?, Source 1?, -40?, off?, off ; unknown sourcePicker volumeSlider volumeLabel muteSwitch)"},
         {"names reload and keep the row", R"(

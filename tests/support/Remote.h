@@ -252,21 +252,25 @@ private:
         return doing == doings.end() ? "no such step" : doing->second() ? "" : "refused";
     }
 
-    /// As the list last announced the row.
+    void noteRows(std::optional<std::size_t> row) {
+        rows_.resize(list_->rowCount());
+        for (auto number = row.value_or(0); number < (row ? *row + 1 : rows_.size()); ++number)
+            rows_[number] = list_->row(number);
+    }
+    /// As the list last announced it, from the first look at one of its rows on.
     std::string row(std::size_t number) {
-        const auto* const list = application.items();
-        if (std::exchange(list_, list) != list) {
-            announced_.clear();
-            rowChanges_ = list->onRowChange(
-                [this](auto row) { row ? announced_.erase(*row) : (announced_.clear(), 0); });
+        if (const auto* const list = application.items(); std::exchange(list_, list) != list) {
+            noteRows({});
+            rowChanges_ = list_->onRowChange([this](auto changed) { noteRows(changed); });
         }
-        const auto& row = announced_.try_emplace(number, list->row(number)).first->second;
-        const auto reading = [&](std::int64_t level) {
-            return list->volumeOf(number)->readingOf(static_cast<float>(level));
+        const auto& row = rows_.at(number);
+        const auto& volume = *list_->volumeOf(number);
+        const auto reading = [](const Slider& slider, std::int64_t level) {
+            return slider.readingOf(static_cast<float>(level));
         };
-        if (row.known.volume != list->volumeOf(number)->known() ||
-            row.known.mute != list->muteOf(number)->known() || row.level != reading(row.volume) ||
-            (row.askedVolume && row.askedLevel != reading(*row.askedVolume)))
+        if (row.known.volume != volume.known() || row.known.mute != list_->muteOf(number)->known() ||
+            row.level != reading(control<Slider>("volumeSlider"), row.volume) ||
+            (row.askedVolume && row.askedLevel != reading(volume, *row.askedVolume)))
             return "is not what its controls tell";
         const auto value = [](const std::string& text, bool known) { return text + (known ? ", " : "?, "); };
         const auto text = value(row.name, row.known.name) + value(row.input, row.known.input) +
@@ -322,7 +326,7 @@ private:
     bool held_ = false;
     int alertCount_ = 0;
     const ItemList* list_ = nullptr;
-    std::map<std::size_t, ItemRow> announced_;
+    std::vector<ItemRow> rows_;
     Subscription rowChanges_;
     Subscription alerts_ =
         application.alerts().onChange([this] { alertCount_ += application.alerts().shown() ? 1 : 0; });
