@@ -5,7 +5,6 @@
 #include "Allocations.h"
 #include "FormOracle.h"
 #include "Remote.h"
-#include "model/Outputs.h"
 
 #include <benchmark/benchmark.h>
 
@@ -156,21 +155,21 @@ std::optional<Parsed<outputs::Report>> bandByHand(HandWritten<outputs::Report>& 
     int frequency = 0;
     if (!in.digit(band, '1', '7'))
         return {};
-    const auto made = [&](bool complete, std::int64_t type, bool hasGain, bool hasFrequency) {
+    const auto made = [&](bool complete, FilterType type, bool hasGain, bool hasFrequency) {
         return in.made(complete,
                        outputs::Band{item - 1, band - 1, type, hasGain ? std::optional(gain) : std::nullopt,
                                      hasFrequency ? std::optional(frequency) : std::nullopt});
     };
     if (in.literal("BYPASS"))
-        return made(true, Outputs::FILTER_BYPASS, false, false);
+        return made(true, FILTER_BYPASS, false, false);
     if (in.literal("HPF"))
-        return made(in.number(frequency, 5), Outputs::FILTER_HIGHPASS, false, true);
+        return made(in.number(frequency, 5), FILTER_HIGHPASS, false, true);
     if (in.literal("LPF"))
-        return made(in.number(frequency, 5), Outputs::FILTER_LOWPASS, false, true);
-    const auto type = in.literal("HS")   ? Outputs::FILTER_HIGHSHELF
-                      : in.literal("LS") ? Outputs::FILTER_LOWSHELF
-                                         : Outputs::FILTER_PARAMETRIC;
-    if (type == Outputs::FILTER_PARAMETRIC && !in.literal("P"))
+        return made(in.number(frequency, 5), FILTER_LOWPASS, false, true);
+    const auto type = in.literal("HS")   ? FILTER_HIGHSHELF
+                      : in.literal("LS") ? FILTER_LOWSHELF
+                                         : FILTER_PARAMETRIC;
+    if (type == FILTER_PARAMETRIC && !in.literal("P"))
         return {};
     return made(in.level(gain) && in.literal("F") && in.number(frequency, 5), type, true, true);
 }

@@ -139,6 +139,9 @@ def odd_outputs(stage, times):
             unit.received.clear()
             with open(path, "wb") as stdout:
                 stage.run(*stage.console("--json", to=unit), script=script, stdout=stdout)
+                for program, option in itertools.product((stage.program, stage.simulator), ("--help", "--version")):
+                    run = stage.run(program, option, stdout=stdout, allowed=(int(path == "/dev/full"),))
+                    check(run.complaint().count("\n") == 0, f"says {run.complaint()!r}")
             unit.wait_for("Z1I4", 2)
         remote = stage.start(*stage.console("--json", to=unit), bufsize=0)
         fcntl.fcntl(remote.stdout, fcntl.F_SETPIPE_SZ, 4096)

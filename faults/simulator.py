@@ -1,6 +1,7 @@
 """Faults played against lumbra-unit-sim: its clients are no more to be trusted than a unit is."""
 
 import contextlib
+import json
 import signal
 import socket
 import time
@@ -39,13 +40,39 @@ def check_serves(stage, unit):
     ended(unit, patience=5)
 
 
+def trace_of(stage, links, *entries):
+    """A trace in which each link holds the same entries."""
+    trace = stage.new("trace.jsonl")
+    begin = {"event": "attempt", "host": "unit", "port": 23}, {"event": "opened"}
+    lines = [{"time": 0, "link": link} | entry for link in range(1, links + 1) for entry in (*begin, *entries)]
+    trace.write_text("".join(json.dumps(line) + "\n" for line in ({"trace": 1}, *lines)))
+    return trace
+
+
 @fault("simulator out of descriptors", 40)
-def no_descriptors(stage, times):
-    unit = serve(stage, prefix=("prlimit", "--nofile=20", "--"))
+@fault("replay out of descriptors", 40, {"sent": "[U1APPQ3]"}, {"received": "(U1APPQ3)"})
+def no_descriptors(stage, times, *entries):
+    replay = ("--replay", trace_of(stage, 100, *entries)) if entries else ()
+    unit = serve(stage, *replay, prefix=("prlimit", "--nofile=12" if replay else "--nofile=20", "--"))
     for link in [client(stage, unit) for _ in range(max(times, 30))]:
         link.close()
     time.sleep(0.5)
     check_serves(stage, unit)
+
+
+@fault("replay of what strangers wrote", 1)
+def strange_traces(stage, _times):
+    nasty = "\x1b[2J\a\x9b\n" + "x" * 1_000_000
+    trace = trace_of(stage, 1, {"event": "\u202e" + nasty})
+    strange_name = trace.rename(trace.with_name("\x1b\u202e.jsonl"))
+    said = stage.run(stage.simulator, "--replay", strange_name, allowed=(1,)).complaint()
+    check(said.isprintable() and len(said) < 2000, f"says {said[:200]!r}, {len(said)} characters")
+    unit = serve(stage, "--verbose", "--replay", trace_of(stage, 1, {"received": nasty}, {"sent": nasty}))
+    client(stage, unit, b"[\x1b]").close()
+    said = [unit.stdout.readline().decode() for _ in range(3)]
+    check(all(line[:-1].isprintable() and len(line) < 2000 for line in said), f"prints {said}")
+    unit.terminate()
+    ended(unit, patience=5)
 
 
 @fault("simulator --verbose, and nobody reads", 200)

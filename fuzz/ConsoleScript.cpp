@@ -12,10 +12,12 @@
 
 #include "Check.h"
 #include "Commands.h"
-#include "Input.h"
 #include "Invariants.h"
 #include "Session.h"
-#include "console/JsonPrinter.h"
+#include "Target.h"
+#include "script/CommandInterpreter.h"
+#include "script/JsonPrinter.h"
+#include "script/Words.h"
 
 #include <rapidjson/document.h>
 
@@ -119,10 +121,9 @@ public:
     std::string state() {
         const auto before = printed().size();
         console::DescriptorOutput output(output_[1], -1, remote.queue, nullptr);
-        console::JsonPrinter(output).state(
-            "state", {remote.application.tabs(), remote.application.alerts().shown(),
-                      remote.application.link().linkState(), remote.application.status().status(),
-                      remote.application.items()});
+        script::JsonPrinter printer(output);
+        script::EventReporter events(remote.application, printer, output);
+        script::CommandInterpreter(remote.application, printer, events, {}).execute({"state"});
         output.finish();
         return printed().substr(before);
     }
@@ -196,18 +197,31 @@ void happen(Program& program, std::string_view step) {
 }
 
 /// A command that was typed.
-struct Command {
-    std::string_view line; ///< without the blanks around it
-
-    std::string_view word() const { return line.substr(0, line.find_first_of(BLANKS)); }
-    bool isOneWord() const { return word() == line; }
-    /// The first word as it stands: no quotes, no bytes that might not be text.
-    bool isPlain() const {
-        const auto first = word();
-        return std::all_of(first.begin(), first.end(),
-                           [](char c) { return c > ' ' && c < '\x7F' && c != '"'; });
+class Command {
+public:
+    /// `line` is without the blanks around it.
+    explicit Command(std::string_view line) : line_(line), words_(script::splitWords(line).words) {
+        isConditional_ = words_.size() > 2 && words_[0] == "at";
+        if (isConditional_)
+            words_.erase(words_.begin(), words_.begin() + (words_[2].starts_with('=') ? 3 : 2));
     }
-    bool isQuit() const { return line == "quit" || line == "\"quit\""; }
+
+    std::string_view line() const { return line_; }
+    /// What `at` does where it stands before it.
+    std::string_view word() const { return words_.empty() ? std::string_view() : words_[0]; }
+    bool isOneWord() const { return words_.size() == 1; }
+    /// Whether the line begins with the word: no quotes, no bytes that might not be text, no `at`.
+    bool isPlain() const {
+        return !isConditional_ && line_.starts_with(word()) &&
+               std::all_of(word().begin(), word().end(), [](char c) { return c > ' ' && c < '\x7F'; });
+    }
+    bool isQuit() const { return isOneWord() && word() == "quit"; }
+    bool isConditional() const { return isConditional_; }
+
+private:
+    std::string_view line_;
+    std::vector<std::string> words_;
+    bool isConditional_;
 };
 
 /// The commands of a script that get a reply: up to the quit.
@@ -221,8 +235,9 @@ std::vector<Command> commandsOf(std::string_view script) {
         const auto begin = line.find_first_not_of(BLANKS);
         if (line.starts_with('#') || begin == std::string_view::npos)
             continue;
-        commands.push_back({line.substr(begin, line.find_last_not_of(BLANKS) + 1 - begin)});
-        if (commands.back().isQuit())
+        const Command command(line.substr(begin, line.find_last_not_of(BLANKS) + 1 - begin));
+        commands.push_back(command);
+        if (command.isQuit() && !command.isConditional())
             break;
     }
     return commands;
@@ -238,13 +253,15 @@ public:
         return commands_[count_];
     }
     void add(std::string_view line, bool ok) {
-        next(line);
+        const bool hasQuit = next(line).isQuit() && ok;
         ++count_;
         failed_ = failed_ || !ok;
+        if (hasQuit)
+            commands_.erase(commands_.begin() + static_cast<std::ptrdiff_t>(count_), commands_.end());
     }
     void checkAll(int exitStatus) const {
         check(count_ == commands_.size(), "a command got no reply",
-              count_ < commands_.size() ? commands_[count_].line : "");
+              count_ < commands_.size() ? commands_[count_].line() : "");
         checkStatus(exitStatus);
     }
     void checkStatus(int exitStatus) const {
@@ -317,7 +334,7 @@ void readText(std::string_view line, Replies& replies, std::size_t& rows) {
     } else if (line.starts_with("  ")) {
         if (rows == 0 || rows == std::string_view::npos) {
             const auto& command = replies.next(line);
-            rows = command.word() == "help" ? console::CommandInterpreter::commands().size()
+            rows = command.word() == "help" ? script::CommandInterpreter::commands().size()
                    : command.isOneWord()    ? 6
                                             : 1;
             replies.add(line, true);
@@ -328,10 +345,9 @@ void readText(std::string_view line, Replies& replies, std::size_t& rows) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size > LONGEST_SCRIPT)
-        return 0;
-    Input input(data, size);
+FUZZ_TARGET(console)(Input input) {
+    if (input.size() > LONGEST_SCRIPT)
+        return;
     const auto kind = input.until('\n');
     const bool json = !kind.starts_with("text");
     const bool slow = kind.ends_with(" slow");
@@ -358,7 +374,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     while (!program.exitStatus) {
         if (program.remote.queue.now() > 4'000'000'000s) // The waits reach beyond the clock's range.
-            return 0;
+            return;
         check(program.remote.queue.runNext(), "the program neither ends nor waits");
         program.settle();
     }
@@ -386,5 +402,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (json && !isCut)
         jsonLines.checkControls(program.state());
     checkCommands(program.remote.sent());
-    return 0;
 }

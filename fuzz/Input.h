@@ -13,6 +13,7 @@ public:
     Input(const std::uint8_t* data, std::size_t size) : bytes_(reinterpret_cast<const char*>(data), size) {}
 
     bool empty() const { return bytes_.empty(); }
+    std::size_t size() const { return bytes_.size(); }
     /// At most `count` bytes.
     std::string_view take(std::size_t count) {
         const auto taken = bytes_.substr(0, count);

@@ -1,3 +1,5 @@
+#include "Target.h"
+
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -8,15 +10,15 @@
 #include <string>
 #include <vector>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
-/// Runs a fuzz target on every file of the folder that is named, then on mixtures of their lines, reports and commands,
-/// the same in each run. A check that fails aborts; what is named last is then its input.
-int main(int argc, char** argv) {
-    const std::filesystem::directory_iterator folder(argc > 1 ? argv[1] : ".");
-    const auto run = [](const std::string& name, const std::string& bytes) {
+/// Runs the fuzz target for which a folder is named on every file of the folder, then on mixtures of their lines, reports
+/// and commands, the same in each run. A check that fails aborts; what is named last is then its input.
+int main(int, char** argv) {
+    const std::filesystem::path corpus(argv[1]);
+    const std::filesystem::directory_iterator folder(corpus);
+    const auto run = [target = lumbra::fuzzTargets().at(corpus.filename())](const std::string& name,
+                                                                            const std::string& bytes) {
         std::fprintf(stderr, "%s\n", name.c_str());
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        target({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     };
     std::vector<std::string> heads, pieces;
     for (const auto& path : std::set<std::filesystem::path>(begin(folder), end(folder))) {

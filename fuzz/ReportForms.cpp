@@ -4,21 +4,16 @@
 
 #include "Check.h"
 #include "FormOracle.h"
-#include "Input.h"
+#include "Target.h"
 #include "protocol/ReportBuffer.h"
-
-#include <cstddef>
-#include <cstdint>
 
 using namespace lumbra;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Input input(data, size);
+FUZZ_TARGET(forms)(Input input) {
     while (!input.empty()) {
         const auto text = input.until(')').substr(0, ReportBuffer::CAPACITY);
         for (const char screen : oracle::SCREENS)
             check(oracle::byForms(screen, text) == oracle::byExpressions(screen, text),
                   "the forms and the expressions read differently", text);
     }
-    return 0;
 }

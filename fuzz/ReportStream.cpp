@@ -5,23 +5,28 @@
 
 #include "Check.h"
 #include "Commands.h"
-#include "Input.h"
 #include "Invariants.h"
 #include "Remote.h"
+#include "Target.h"
 #include "toolkit/Controls.h"
 
 #include <chrono>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 
 using namespace lumbra;
 
 namespace {
 
-void moveByHand(Control& control) {
+void moveByHand(Control& control, Remote& remote) {
     visit(control,
-          Overloads{[](Picker& picker) { picker.pickByUser(static_cast<int>(picker.rows().size()) - 1); },
+          Overloads{[&remote](Picker& picker) { // each item shows its values
+                        for (int row = 0; row < static_cast<int>(picker.rows().size()); ++row) {
+                            picker.pickByUser(row);
+                            const auto broken = brokenInvariant(remote);
+                            check(broken.empty(), broken);
+                        }
+                    },
                     [](Slider& slider) {
                         slider.slideByUser(slider.maximum() - slider.value() + slider.minimum());
                     },
@@ -35,8 +40,7 @@ void moveByHand(Control& control) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Input input(data, size);
+FUZZ_TARGET(reports)(Input input) {
     const int screen = input.number(5);
     const int unit = 1 + (input.number(4) + 3) % 4;
     const auto piece = std::size_t{input.byte()} + 1;
@@ -58,12 +62,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check(remote.application.link().isConnected(), "a report ended the link");
 
     for (const auto& item : remote.application.tabs().selectedViewController()->view().items()) {
-        moveByHand(*item.control);
+        moveByHand(*item.control, remote);
         remote.settle();
     }
     remote.queue.advance(std::chrono::seconds(1));
     checkCommands(remote.sent());
     broken = brokenInvariant(remote);
     check(broken.empty(), broken);
-    return 0;
 }

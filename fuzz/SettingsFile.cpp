@@ -5,6 +5,7 @@
 #include "ManualQueue.h"
 #include "ManualWorker.h"
 #include "ScriptedStreams.h"
+#include "Target.h"
 #include "app/Application.h"
 #include "app/Settings.h"
 #include "platform/MemorySettingsStore.h"
@@ -14,8 +15,6 @@
 #include <QJsonObject>
 #include <QLatin1String>
 
-#include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -71,11 +70,11 @@ QLatin1String latin1(std::string_view text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(settings)(Input input) {
     static const Folder FOLDER;
     static const auto PATH = FOLDER.path / "settings.json";
     static const auto ASIDE = FOLDER.path / "settings.json.unreadable-1";
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    const std::string bytes(input.take(input.size()));
     FOLDER.clear();
     std::ofstream(PATH, std::ios::binary) << bytes;
     const auto before = parsed(bytes);
@@ -112,5 +111,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check(stored.integer(UNIT_NUMBER_PREFERENCE) == unit &&
               stored.text(IP_ADDRESS_PREFERENCE) == streams.last().host,
           "the link has other settings than are stored");
-    return 0;
 }

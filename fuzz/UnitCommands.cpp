@@ -4,8 +4,8 @@
 //     02[U1Z3V-35][U1SP1LOAD]
 
 #include "Check.h"
-#include "Input.h"
 #include "Remote.h"
+#include "Target.h"
 #include "protocol/GroupMessages.h"
 #include "protocol/OutputMessages.h"
 #include "protocol/OverrideMessages.h"
@@ -16,7 +16,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -99,9 +98,8 @@ private:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(unit)(Input input) {
     static const sim::House HOUSE = sim::exampleHouse();
-    Input input(data, size);
     const int screen = input.number(10);
     const int row = input.number(16);
     sim::Unit unit(1, HOUSE);
@@ -110,7 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         listener.emplace(unit, screen, row);
 
     sim::CommandReader reader;
-    for (const char byte : input.take(size)) {
+    for (const char byte : input.take(input.size())) {
         const auto command = reader.take(byte);
         if (!command || command->unit != unit.number())
             continue;
@@ -128,5 +126,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (listener)
         listener->checkState();
-    return 0;
 }

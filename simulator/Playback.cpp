@@ -1,6 +1,6 @@
 #include "simulator/Playback.h"
 
-#include "simulator/Printable.h"
+#include "system/Printable.h"
 
 #include <algorithm>
 #include <sys/socket.h>
@@ -15,10 +15,10 @@ using Kind = TraceEntry::Kind;
 /// What a remote sends beyond this size during a pause stays in the kernel.
 constexpr std::size_t MOST_READ = 1 << 16;
 
-/// What the remote does not send at once is never sent, so it is the whole write that is expected.
-std::string expectedOf(const TraceEntry& entry) {
-    return entry.text + entry.notSent;
-}
+/// A pause is waited for in parts: a timer can't count the milliseconds of a month.
+constexpr std::chrono::hours LONGEST_WAIT{1};
+/// A longer pause is told of.
+constexpr std::chrono::minutes LONG_PAUSE{1};
 
 std::string inLine(const TraceEntry& entry) {
     return " (line " + std::to_string(entry.line) + ")";
@@ -43,9 +43,8 @@ Playback::Playback(QTcpSocket* socket, std::vector<TraceEntry> entries, std::chr
     pause_.setTimerType(Qt::PreciseTimer);
     patience_.setSingleShot(true);
     connect(&pause_, &QTimer::timeout, this, &Playback::advance);
-    connect(&patience_, &QTimer::timeout, this, [this] {
-        tell_("! waits for " + printable(expectedOf(entries_[next_])) + inLine(entries_[next_]));
-    });
+    connect(&patience_, &QTimer::timeout, this,
+            [this] { tell_("! waits for " + printable(entries_[next_].text) + inLine(entries_[next_])); });
     connect(socket_, &QTcpSocket::readyRead, this, &Playback::advance);
     connect(socket_, &QTcpSocket::bytesWritten, this, [this] {
         if (endAfterWrite_)
@@ -56,28 +55,43 @@ Playback::Playback(QTcpSocket* socket, std::vector<TraceEntry> entries, std::chr
 }
 
 void Playback::advance() {
-    if (socket_->isOpen() && input_.size() < MOST_READ)
-        input_ += socket_->readAll().toStdString();
     patience_.stop();
+    read();
     while (next_ < entries_.size() && entries_[next_].kind != Kind::Closed) {
         const auto& entry = entries_[next_];
         if (entry.kind == Kind::Sent) {
-            if (!takeExpected(entry)) {
-                if (socket_->isOpen() && socket_->bytesAvailable() > 0) // more than one reading takes
-                    QTimer::singleShot(0, this, &Playback::advance);
-                patience_.start(PATIENCE);
-                return;
-            }
-            continue;
-        }
-        if (const auto left = pauseBefore(entry); left >= std::chrono::milliseconds(1)) {
-            pause_.start(std::chrono::ceil<std::chrono::milliseconds>(left));
+            if (takeExpected(entry))
+                continue;
+            if (socket_->isOpen() && socket_->bytesAvailable() > 0) // more than one reading takes
+                QTimer::singleShot(0, this, &Playback::advance);
+            patience_.start(PATIENCE);
             return;
         }
+        if (const auto left = pauseBefore(entry); left >= std::chrono::milliseconds(1)) {
+            if (left > LONG_PAUSE && toldPause_ != next_)
+                tell_("! pauses for " +
+                      std::to_string(std::chrono::ceil<std::chrono::seconds>(left).count()) + " s" +
+                      inLine(entry));
+            toldPause_ = next_;
+            pause_.start(std::chrono::ceil<std::chrono::milliseconds>(
+                std::min<std::chrono::microseconds>(left, LONGEST_WAIT)));
+            return;
+        }
+        if (!socket_->isOpen()) // `disconnected` follows
+            return;
         ++next_;
         play(entry);
     }
     takeSurplus();
+}
+
+void Playback::read() {
+    // What is expected may be longer than what is read ahead.
+    const auto expected = next_ < entries_.size() && entries_[next_].kind == Kind::Sent
+                              ? entries_[next_].text.size()
+                              : std::size_t{0};
+    if (socket_->isOpen() && input_.size() < std::max(MOST_READ, expected))
+        input_ += socket_->readAll().toStdString();
 }
 
 std::chrono::microseconds Playback::pauseBefore(const TraceEntry& entry) const {
@@ -88,7 +102,7 @@ std::chrono::microseconds Playback::pauseBefore(const TraceEntry& entry) const {
 }
 
 bool Playback::takeExpected(const TraceEntry& entry) {
-    const auto expected = expectedOf(entry);
+    const auto& expected = entry.text;
     if (input_.starts_with(expected)) {
         input_.erase(0, expected.size());
         if (verbose_)
@@ -96,7 +110,7 @@ bool Playback::takeExpected(const TraceEntry& entry) {
         passed(entry);
         return true;
     }
-    const bool mayGoOn = input_.find(']') == std::string::npos && input_.size() < LONGEST_COMMAND;
+    const bool mayGoOn = input_.size() < LONGEST_COMMAND && input_.find(']') == std::string::npos;
     if (expected.starts_with(input_) || mayGoOn)
         return false;
     if (!expectedBehind(next_).empty() && input_.starts_with(expectedBehind(next_))) {
@@ -127,7 +141,7 @@ std::string Playback::expectedBehind(std::size_t position) const {
     const auto found =
         std::find_if(entries_.begin() + static_cast<std::ptrdiff_t>(position) + 1, entries_.end(),
                      [](const TraceEntry& entry) { return entry.kind == Kind::Sent; });
-    return found == entries_.end() ? std::string() : expectedOf(*found);
+    return found == entries_.end() ? std::string() : found->text;
 }
 
 void Playback::passed(const TraceEntry& entry) {
@@ -152,6 +166,7 @@ void Playback::play(const TraceEntry& entry) {
         const linger now{1, 0};
         ::setsockopt(static_cast<int>(socket_->socketDescriptor()), SOL_SOCKET, SO_LINGER, &now, sizeof now);
         socket_->abort();
+        next_ = entries_.size(); // what the remote still had to read can't be sent any more
     }
 }
 

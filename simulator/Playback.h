@@ -26,8 +26,8 @@ public:
     /// Receives a line of printable ASCII.
     using Tell = std::function<void(const std::string& line)>;
 
-    /// Takes ownership of `socket`. `entries` are those behind the opening of the link, at `opened`. `verbose`
-    /// tells every command and report, too.
+    /// Takes ownership of `socket`. `entries` are those behind the opening of the link, at `opened`; `text` of
+    /// what was sent is the whole write. `verbose` tells every command and report, too.
     Playback(QTcpSocket* socket, std::vector<TraceEntry> entries, std::chrono::microseconds opened, Pace pace,
              bool verbose, Tell tell, QObject* parent);
 
@@ -42,6 +42,7 @@ private:
     static constexpr std::size_t LONGEST_COMMAND = 64;
 
     void advance();
+    void read();
     /// False while the remote has yet to send.
     bool takeExpected(const TraceEntry& entry);
     /// What is left of the pause before an entry.
@@ -59,7 +60,8 @@ private:
     const Pace pace_;
     const bool verbose_;
     const Tell tell_;
-    std::size_t next_ = 0; ///< the entry to be played
+    std::size_t next_ = 0;                    ///< the entry to be played
+    std::size_t toldPause_ = ~std::size_t{0}; ///< the last entry that a pause was before
     std::string input_;
     std::vector<std::string> missed_; ///< expected in vain
     // Pauses are counted from here: the same moment now and in the trace.

@@ -1,11 +1,9 @@
 #include "simulator/StateFile.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <array>
 #include <cmath>
@@ -148,14 +146,6 @@ private:
     QString& error_;
 };
 
-/// A file name in the folder of `path` that is not in use.
-QString freeNameBeside(const QString& path) {
-    QString name = path + QStringLiteral(".bad");
-    for (int number = 2; QFileInfo::exists(name); ++number)
-        name = path + QStringLiteral(".bad%1").arg(number);
-    return name;
-}
-
 } // namespace
 
 QByteArray toJson(const Memory& memory) {
@@ -183,49 +173,40 @@ std::optional<Memory> fromJson(const QByteArray& json, QString& error) {
     return memory;
 }
 
+StateFile::StateFile(const QString& path) : path_(path), file_(QFile::encodeName(path).toStdString()) {}
+
 bool StateFile::load(Memory& memory, QString& message) const {
-    if (!QFileInfo::exists(path_))
+    const auto content = file_.read();
+    if (!content.isThere)
         return true;
-    if (!QFileInfo(path_).isFile()) {
-        message = QStringLiteral("The state file %1 can't be used: it is no regular file. It is left alone.")
-                      .arg(path_);
-        return false;
-    }
-    QFile file(path_);
-    const QByteArray json = file.open(QIODevice::ReadOnly) ? file.read(LONGEST + 1) : QByteArray();
-    if (file.error() != QFileDevice::NoError) {
-        message = QStringLiteral("The state file %1 can't be read: %2. It is left alone.")
-                      .arg(path_, file.errorString());
+    if (!content.problem.isEmpty()) {
+        message = QStringLiteral("The state file %1 can't be %2: %3. It is left alone.")
+                      .arg(path_, content.isRegular ? QStringLiteral("read") : QStringLiteral("used"),
+                           content.problem);
         return false;
     }
     QString error;
-    if (json.size() > LONGEST) {
+    if (content.text.size() > WholeFile::LONGEST) {
         error = QStringLiteral("it is too long for one");
-    } else if (const auto read = fromJson(json, error)) {
+    } else if (const auto read = fromJson(content.text, error)) {
         memory = *read;
         return true;
     }
-    const QString aside = freeNameBeside(path_);
-    if (QFile::rename(path_, aside)) {
-        message = QStringLiteral(
-                      "The state file %1 can't be used: %2. It is kept as %3, and the unit starts afresh.")
-                      .arg(path_, error, aside);
-        return true;
-    }
-    message = QStringLiteral("The state file %1 can't be used: %2. It can't be set aside as %3 either.")
-                  .arg(path_, error, aside);
-    return false;
+    const auto aside = file_.setAside(
+        [](int n) { return n == 1 ? QStringLiteral(".bad") : QStringLiteral(".bad%1").arg(n); });
+    const bool isAside = aside.problem.isEmpty();
+    message = QStringLiteral("The state file %1 can't be used: %2. ").arg(path_, error) +
+              (isAside ? QStringLiteral("It is kept as %1, and the unit starts afresh.")
+                       : QStringLiteral("It can't be set aside as %1 either."))
+                  .arg(aside.name);
+    return isAside;
 }
 
 bool StateFile::save(const Memory& memory, QString& message) const {
-    QSaveFile file(path_);
-    const QByteArray json = toJson(memory);
-    // Unbuffered, so that a partial write to a full disk is noticed before the commit.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(json) == json.size() &&
-        file.commit())
-        return true;
-    message = QStringLiteral("The state file %1 can't be written: %2.").arg(path_, file.errorString());
-    return false;
+    const auto problem = file_.replace(toJson(memory));
+    if (!problem.isEmpty())
+        message = QStringLiteral("The state file %1 can't be written: %2.").arg(path_, problem);
+    return problem.isEmpty();
 }
 
 } // namespace lumbra::sim

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/UnitState.h"
+#include "system/WholeFile.h"
 
 #include <QByteArray>
 #include <QString>
@@ -20,10 +21,7 @@ std::optional<Memory> fromJson(const QByteArray& json, QString& error);
 /// even if the program is killed meanwhile. Throws nothing.
 class StateFile {
 public:
-    /// A longer file is no state file.
-    static constexpr qint64 LONGEST = 1 << 20;
-
-    explicit StateFile(QString path) : path_(std::move(path)) {}
+    explicit StateFile(const QString& path);
 
     /// Loads the file into `memory`, which stays unchanged if there is no file. A file that holds no memory
     /// is renamed, `memory` stays unchanged, and `message` is a sentence that says so. Returns false, with a
@@ -36,6 +34,7 @@ public:
 
 private:
     QString path_;
+    WholeFile file_;
 };
 
 } // namespace lumbra::sim

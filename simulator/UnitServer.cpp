@@ -1,12 +1,8 @@
 #include "simulator/UnitServer.h"
 
-#include "simulator/Printable.h"
+#include "system/Printable.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <utility>
 
 namespace lumbra::sim {
@@ -16,13 +12,11 @@ namespace {
 constexpr int QUERIES = 5;
 /// The number of reports that an unpaced flood writes at a time.
 constexpr std::int64_t FLOOD_BATCH = 1000;
-/// The delay before accepting again after a failure.
-constexpr std::chrono::milliseconds ACCEPT_PAUSE{200};
 
 } // namespace
 
 UnitServer::UnitServer(Unit unit, Faults faults, QObject* parent)
-    : QObject(parent),
+    : TcpServer(parent),
       unit_(std::move(unit)),
       faults_(faults),
       random_(faults.seed),
@@ -34,38 +28,12 @@ UnitServer::UnitServer(Unit unit, Faults faults, QObject* parent)
     }
 }
 
-bool UnitServer::listen(const QHostAddress& address, quint16 port) {
-    if (!server_.listen(address, port))
-        return false;
-    // QTcpServer does not always report that accepting failed: it may spin, or never accept again.
-    server_.pauseAccepting();
-    acceptable_ = std::make_unique<QSocketNotifier>(server_.socketDescriptor(), QSocketNotifier::Read);
-    connect(acceptable_.get(), &QSocketNotifier::activated, this, &UnitServer::accept);
-    return true;
-}
-
-void UnitServer::accept() {
-    const int listener = static_cast<int>(server_.socketDescriptor());
-    const int descriptor = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-    if (descriptor >= 0) {
-        welcome(descriptor);
-        return;
-    }
-    // Usually because descriptors have run out. The client still waits, so the notifier would fire again at
-    // once.
-    trace("listener", "!", std::string("can't accept: ") + std::strerror(errno));
+void UnitServer::acceptFailed(const std::string& problem) {
+    trace("listener", "!", problem);
     dropEnded();
-    acceptable_->setEnabled(false);
-    QTimer::singleShot(ACCEPT_PAUSE, acceptable_.get(), [this] { acceptable_->setEnabled(true); });
 }
 
-void UnitServer::welcome(int descriptor) {
-    auto* socket = new QTcpSocket;
-    if (!socket->setSocketDescriptor(descriptor)) {
-        ::close(descriptor);
-        delete socket;
-        return;
-    }
+void UnitServer::welcome(QTcpSocket* socket) {
     auto* client = new ClientConnection(socket, faults_, this);
     if (clients_.size() >= MAX_CLIENTS && !dropEnded()) {
         trace(client->name(), "!", "turned away: too many clients");

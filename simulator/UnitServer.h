@@ -3,17 +3,13 @@
 #include "simulator/ClientConnection.h"
 #include "simulator/Faults.h"
 #include "simulator/FloodPace.h"
+#include "simulator/TcpServer.h"
 #include "simulator/Unit.h"
 
-#include <QHostAddress>
-#include <QObject>
-#include <QSocketNotifier>
-#include <QTcpServer>
 #include <QTimer>
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -22,7 +18,7 @@ namespace lumbra::sim {
 
 /// A simulated unit on the network: serves up to MAX_CLIENTS clients, sends every change to all of them, and
 /// answers a state query to the client that asked. Runs on the event loop of the thread that owns it.
-class UnitServer : public QObject {
+class UnitServer : public TcpServer {
     Q_OBJECT
 
 public:
@@ -39,12 +35,6 @@ public:
 
     explicit UnitServer(Unit unit = Unit(), Faults faults = {}, QObject* parent = nullptr);
 
-    /// Starts to listen; port 0 lets the kernel choose. False on failure; `errorString` then says why.
-    bool listen(const QHostAddress& address = QHostAddress::LocalHost, quint16 port = 0);
-    quint16 port() const { return server_.serverPort(); }
-    QHostAddress address() const { return server_.serverAddress(); }
-    QString errorString() const { return server_.errorString(); }
-
     const Unit& unit() const { return unit_; }
     const Statistics& statistics() const { return statistics_; }
     std::size_t clientCount() const { return clients_.size(); }
@@ -58,8 +48,8 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void accept();
-    void welcome(int descriptor);
+    void welcome(QTcpSocket* socket) override;
+    void acceptFailed(const std::string& problem) override;
     /// Drops the first client whose connection we have ended and that has not closed its side. False if there
     /// is none.
     bool dropEnded();
@@ -73,8 +63,6 @@ private:
 
     Unit unit_;
     const Faults faults_;
-    QTcpServer server_; ///< only listens; `accept` accepts
-    std::unique_ptr<QSocketNotifier> acceptable_;
     std::vector<ClientConnection*> clients_; // children
     Statistics statistics_;
     std::function<void(const std::string&)> trace_;

@@ -4,6 +4,7 @@
 #include "simulator/StateFile.h"
 #include "simulator/Unit.h"
 #include "simulator/UnitServer.h"
+#include "system/Printable.h"
 #include "system/SignalPipe.h"
 
 #include <QCoreApplication>
@@ -29,7 +30,7 @@ constexpr std::chrono::milliseconds SAVE_DELAY{200};
 constexpr std::chrono::milliseconds READER_PATIENCE{100};
 
 void complain(const QString& sentence) {
-    std::fprintf(stderr, "lumbra-unit-sim: %s\n", qPrintable(sentence));
+    std::fprintf(stderr, "lumbra-unit-sim: %s\n", qPrintable(lumbra::printable(sentence)));
 }
 
 /// Keeps a closed standard descriptor from being reused for a socket, which would then receive the output.
@@ -140,23 +141,20 @@ int main(int argc, char** argv) {
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
     Options options;
-    const auto ending = commandLine(options).parse(arguments);
-    if (const auto* wrong = ending ? std::get_if<lumbra::UsageError>(&*ending) : nullptr) {
+    const auto parsed = commandLine(options).parse(arguments);
+    if (const auto* wrong = std::get_if<lumbra::UsageError>(&parsed)) {
         complain(wrong->sentence.simplified() + QStringLiteral(" (--help lists the options)"));
         return USAGE_ERROR;
     }
-    if (ending) {
-        std::fputs(qPrintable(std::get<lumbra::InformationRequest>(*ending).text), stdout);
-        return EXIT_SUCCESS;
-    }
-    const bool replays = !options.replayFile.isEmpty();
-    if (replays && (options.unit != Options().unit || options.faults != Faults())) {
-        complain(QStringLiteral("--replay goes with --port, --listen, --fast and --verbose only."));
-        return USAGE_ERROR;
+    if (const auto* request = std::get_if<lumbra::InformationRequest>(&parsed)) {
+        const auto problem = print(*request);
+        if (!problem.isEmpty())
+            complain(problem);
+        return problem.isEmpty() ? EXIT_SUCCESS : FAILURE;
     }
     const QCoreApplication application(argc, argv);
     try {
-        return replays ? runReplay(options) : runUnit(options);
+        return !options.replayFile.isEmpty() ? runReplay(options) : runUnit(options);
     } catch (const std::exception& failure) {
         complain(
             QStringLiteral("The simulated unit can't run: %1.").arg(QString::fromLocal8Bit(failure.what())));

@@ -36,7 +36,7 @@ Application::Application(const Platform& platform, Reconnection reconnection)
       tabs_(buildTabs(platform, activated_, alerts_)),
       delegate_(tabs_, platform.settings),
       status_(*tabs_, link(), platform.queue),
-      hands_(link(), platform.queue) {
+      hands_(*tabs_, link(), platform.queue) {
     if (reconnection != Reconnection::Automatic)
         return;
     keepConnected_.emplace(
@@ -85,6 +85,22 @@ void Application::reconnect() {
     if (keepConnected_)
         keepConnected_->userConnects();
     connect();
+}
+
+Condition Application::condition() const {
+    switch (status_.status()) {
+    case ScreenStatus::Waiting:
+        return Condition::Waiting;
+    case ScreenStatus::Silent:
+        return Condition::Silent;
+    case ScreenStatus::Current:
+        return Condition::Current;
+    case ScreenStatus::Offline:
+        break;
+    }
+    if (tabs_->serverConn()->linkState() != LinkState::Closed)
+        return Condition::Connecting;
+    return keepsConnected() ? Condition::Retrying : Condition::NotConnected;
 }
 
 const ItemList* Application::items() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/Condition.h"
 #include "app/Hands.h"
 #include "app/KeepConnected.h"
 #include "app/NetworkTabController.h"
@@ -20,7 +21,8 @@
 
 namespace lumbra {
 
-/// The platform that the application runs on. Everything outlives the application.
+/// The platform that the application runs on. Everything outlives the application. All but the settings also
+/// outlive what it has posted to the queue and the worker: a worker may be opening a link when it ends.
 struct Platform {
     MainQueue& queue;
     Worker& worker;
@@ -37,6 +39,10 @@ enum class Reconnection { ByUser, Automatic };
 /// A front end calls `launch` once. From then on it shows `tabs().selectedViewController()->view()` and the
 /// alert of `alerts()`, operates controls through their `...ByUser` members, and forwards the platform's
 /// lifecycle events in order.
+///
+/// It may be destroyed at any time, launched or not, while others go on with the same queue and worker, except
+/// inside one of its own calls or observers. That closes its link, and nothing that it has posted has an effect
+/// any more. A front end, and what it has kept of the application, ends before.
 class Application {
 public:
     explicit Application(const Platform& platform, Reconnection reconnection = Reconnection::ByUser);
@@ -67,7 +73,9 @@ public:
     Hands& hands() { return hands_; }
     /// True for a control that can't be operated now: its command would be lost, because the link is not open. What
     /// only chooses what is shown is never locked.
-    bool isLocked(const View::Item& item) const { return item.sends && !tabs_->serverConn()->isConnected(); }
+    bool isLocked(const View::Item& item) const { return item.sends && hands_.isLocked(); }
+    /// The state of the link and the status of the screen in one.
+    Condition condition() const;
     /// The rows of the current screen's item picker. Null on a screen without items.
     const ItemList* items() const;
     /// True if a closed link is opened again without the user.

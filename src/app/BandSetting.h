@@ -1,6 +1,6 @@
 #pragma once
 
-#include "screens/FrequencyScale.h"
+#include "model/FrequencyScale.h"
 
 #include <cstdint>
 

@@ -31,6 +31,7 @@ public:
     Hand(const Hand&) = delete;
     Hand& operator=(const Hand&) = delete;
 
+    const Slider& slider() const { return *slider_; }
     /// A hold lasts.
     bool isHeld() const { return wish_ || !fingers_.empty(); }
     bool isHeldBy(const void* finger) const;

@@ -47,11 +47,8 @@ void KeepConnected::schedule() {
     }
     if (due_)
         return; // the address has changed
-    due_ = std::make_shared<char>();
-    with_.queue.postAfter(DELAYS[std::min(*attempts_, DELAYS.size() - 1)], [this, due = std::weak_ptr(due_)] {
-        if (!due.expired())
-            attempt();
-    });
+    with_.queue.postAfter(DELAYS[std::min(*attempts_, DELAYS.size() - 1)],
+                          due_.emplace().guard([this] { attempt(); }));
 }
 
 void KeepConnected::attempt() {

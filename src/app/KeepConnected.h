@@ -2,12 +2,12 @@
 
 #include "app/StatusMonitor.h"
 #include "link/ServerConnection.h"
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "toolkit/Alert.h"
 
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace lumbra {
@@ -40,7 +40,7 @@ private:
     Surroundings with_;
     /// Since a screen was current; nothing while the application is inactive.
     std::optional<std::size_t> attempts_;
-    std::shared_ptr<char> due_; ///< the next attempt; null if none is due
+    std::optional<Lifetime> due_; ///< of the next attempt; nothing if none is due
     Subscription links_;
     Subscription statuses_;
 };

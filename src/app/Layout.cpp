@@ -1,6 +1,9 @@
 #include "app/Layout.h"
 
-#include "screens/FrequencyScale.h"
+#include "model/FrequencyScale.h"
+#include "model/Outputs.h"
+#include "model/Zones.h"
+#include "screens/OverrideViewController.h"
 #include "screens/Readings.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Translatable.h"
@@ -21,7 +24,7 @@ using Kind = Control::Kind;
 
 /// One control of the layout, or `count` of them: their names end in 1 to `count`, and so do their captions
 /// if they have any.
-struct Line {
+struct LayoutLine {
     std::string_view name;
     std::string_view caption;
     Kind kind;
@@ -32,27 +35,29 @@ struct Line {
     float value = 0; ///< a slider's value; a switch is on where it is not 0
     bool enabled = true;
     bool sends = true; ///< see View::Item
-    int count = 1;
+    std::int64_t count = 1;
 };
 
 struct Screen {
     std::string_view name;
     std::string_view title;
-    std::span<const Line> lines;
+    std::span<const LayoutLine> lines;
 };
 
+// By FilterType.
 constexpr std::array FILTER_TYPES{LUMBRA_TEXT("System", "Bypass"),     LUMBRA_TEXT("System", "High-pass"),
                                   LUMBRA_TEXT("System", "High shelf"), LUMBRA_TEXT("System", "Low-pass"),
                                   LUMBRA_TEXT("System", "Low shelf"),  LUMBRA_TEXT("System", "Parametric")};
+static_assert(FILTER_TYPES.size() == FILTERS.size());
 
-constexpr Line picker(std::string_view name, std::string_view caption) {
+constexpr LayoutLine picker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker};
 }
-constexpr Line itemPicker(std::string_view name, std::string_view caption) {
+constexpr LayoutLine itemPicker(std::string_view name, std::string_view caption) {
     return {.name = name, .caption = caption, .kind = Kind::Picker, .sends = false};
 }
-constexpr Line slider(std::string_view name, std::string_view caption, float minimum, float maximum,
-                      float value) {
+constexpr LayoutLine slider(std::string_view name, std::string_view caption, float minimum, float maximum,
+                            float value) {
     return {.name = name,
             .caption = caption,
             .kind = Kind::Slider,
@@ -60,23 +65,27 @@ constexpr Line slider(std::string_view name, std::string_view caption, float min
             .maximum = maximum,
             .value = value};
 }
-constexpr Line onOff(std::string_view name, std::string_view caption, bool on) {
+constexpr LayoutLine volumeSlider() {
+    return slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), Items::min_volume,
+                  Items::max_possible_volume, Items::FIRST_VOLUME);
+}
+constexpr LayoutLine onOff(std::string_view name, std::string_view caption, bool on) {
     return {.name = name, .caption = caption, .kind = Kind::Switch, .value = on ? 1.0F : 0.0F};
 }
-constexpr Line label(std::string_view name, const Reading& reading) {
+constexpr LayoutLine label(std::string_view name, const Reading& reading) {
     return {.name = name, .caption = {}, .kind = Kind::Label, .reading = reading};
 }
-constexpr Line button(std::string_view name, std::string_view title) {
+constexpr LayoutLine button(std::string_view name, std::string_view title) {
     return {.name = name, .caption = {}, .kind = Kind::Button, .text = title};
 }
-constexpr Line spinner() {
+constexpr LayoutLine spinner() {
     return {.name = "spinner", .caption = {}, .kind = Kind::ActivityIndicator};
 }
-constexpr Line times(int count, Line line) {
+constexpr LayoutLine times(std::int64_t count, LayoutLine line) {
     line.count = count;
     return line;
 }
-constexpr Line disabled(Line line) {
+constexpr LayoutLine disabled(LayoutLine line) {
     line.enabled = false;
     return line;
 }
@@ -84,13 +93,13 @@ constexpr Line disabled(Line line) {
 constexpr std::array ZONE{
     itemPicker("zonePicker", LUMBRA_TEXT("System", "Zone")),
     picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
-    slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
-    label("volumeLabel", percentOfVolume(-40)),
+    volumeSlider(),
+    label("volumeLabel", percentOfVolume(Items::FIRST_VOLUME)),
     onOff("muteSwitch", LUMBRA_TEXT("System", "Mute"), false),
     onOff("loudnessSwitch", LUMBRA_TEXT("System", "Loudness"), false),
-    slider("bassSlider", LUMBRA_TEXT("System", "Bass"), -15, 15, 0),
+    slider("bassSlider", LUMBRA_TEXT("System", "Bass"), Zones::min_bass, Zones::max_bass, 0),
     label("bassLabel", percentOfTone(0)),
-    slider("trebleSlider", LUMBRA_TEXT("System", "Treble"), -15, 15, 0),
+    slider("trebleSlider", LUMBRA_TEXT("System", "Treble"), Zones::min_treble, Zones::max_treble, 0),
     label("trebleLabel", percentOfTone(0)),
     spinner(),
 };
@@ -98,31 +107,35 @@ constexpr std::array ZONE{
 const std::array OUTPUT{
     itemPicker("outputPicker", LUMBRA_TEXT("System", "Output")),
     picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
-    slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
-    label("volumeLabel", decibels(-40)),
+    volumeSlider(),
+    label("volumeLabel", decibels(Items::FIRST_VOLUME)),
     onOff("muteSwitch", LUMBRA_TEXT("System", "Mute"), false),
     onOff("powerSwitch", LUMBRA_TEXT("System", "Power"), true),
-    times(7, {.name = "filterType", .caption = LUMBRA_TEXT("System", "Type"), .kind = Kind::Segmented}),
-    times(7, disabled(slider("filterFreq", LUMBRA_TEXT("System", "Frequency"), frequencyToSlider(20),
-                             frequencyToSlider(20000), 3000))),
-    times(7, label("freqLabel", hertz(1000))),
-    times(7, disabled(slider("filterGain", LUMBRA_TEXT("System", "Gain"), -15, 15, 0))),
-    times(7, label("gainLabel", decibels(0))),
+    times(Outputs::bands,
+          {.name = "filterType", .caption = LUMBRA_TEXT("System", "Type"), .kind = Kind::Segmented}),
+    times(Outputs::bands,
+          disabled(slider("filterFreq", LUMBRA_TEXT("System", "Frequency"),
+                          frequencyToSlider(Outputs::SHOWN_FREQ_MIN), frequencyToSlider(Outputs::FREQ_MAX),
+                          frequencyToSlider(Outputs::FIRST_FREQ)))),
+    times(Outputs::bands, label("freqLabel", hertz(Outputs::FIRST_FREQ))),
+    times(Outputs::bands, disabled(slider("filterGain", LUMBRA_TEXT("System", "Gain"), Outputs::GAIN_MIN,
+                                          Outputs::GAIN_MAX, 0))),
+    times(Outputs::bands, label("gainLabel", decibels(0))),
     spinner(),
 };
 
 constexpr std::array GROUP{
     itemPicker("groupPicker", LUMBRA_TEXT("System", "Group")),
     picker("sourcePicker", LUMBRA_TEXT("System", "Input")),
-    slider("volumeSlider", LUMBRA_TEXT("System", "Volume"), -80, 0, -40),
-    label("volumeLabel", percentOfVolume(-40)),
+    volumeSlider(),
+    label("volumeLabel", percentOfVolume(Items::FIRST_VOLUME)),
     onOff("muteSwitch", LUMBRA_TEXT("System", "Mute"), false),
     onOff("powerSwitch", LUMBRA_TEXT("System", "Power"), true),
     spinner(),
 };
 
 constexpr std::array OVERRIDE{
-    times(10, onOff("ovrSwitch", LUMBRA_TEXT("System", "Override"), false)),
+    times(OverrideViewController::size, onOff("ovrSwitch", LUMBRA_TEXT("System", "Override"), false)),
     spinner(),
 };
 
@@ -141,7 +154,7 @@ const std::array SCREENS{
     Screen{"scene", LUMBRA_TEXT("System", "Scenes"), SCENE},
 };
 
-std::shared_ptr<Control> build(const Line& line) {
+std::shared_ptr<Control> build(const LayoutLine& line) {
     std::shared_ptr<Control> control;
     switch (line.kind) {
     case Kind::Picker:
@@ -168,6 +181,8 @@ std::shared_ptr<Control> build(const Line& line) {
         break;
     }
     control->setEnabled(line.enabled);
+    if (line.sends && line.kind != Kind::ActivityIndicator && line.kind != Kind::Button)
+        control->setKnown(false);
     return control;
 }
 
@@ -179,7 +194,7 @@ std::shared_ptr<View> buildView(std::string_view screen) {
     assert(found != SCREENS.end() && "no such screen in the layout");
     auto view = std::make_shared<View>(std::string(found->name), std::string(found->title));
     for (const auto& line : found->lines) {
-        for (int number = 1; number <= line.count; ++number) {
+        for (std::int64_t number = 1; number <= line.count; ++number) {
             std::string name(line.name);
             std::string caption(line.caption);
             if (line.count > 1) {

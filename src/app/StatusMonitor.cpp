@@ -47,13 +47,10 @@ void StatusMonitor::update() {
     } else if (wait_) {
         return; // waiting or silent already
     } else {
-        wait_ = std::make_shared<char>();
-        queue_.postAfter(PATIENCE, [this, wait = std::weak_ptr(wait_)] {
-            if (wait.expired())
-                return;
+        queue_.postAfter(PATIENCE, wait_.emplace().guard([this] {
             status_ = ScreenStatus::Silent;
             changed_.emit();
-        });
+        }));
     }
     if (std::exchange(status_, status) != status)
         changed_.emit();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/ServerConnection.h"
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "toolkit/ActivityIndicator.h"
 #include "toolkit/Signal.h"
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace lumbra {
@@ -55,8 +57,8 @@ private:
     MainQueue& queue_;
     ScreenStatus status_ = ScreenStatus::Offline;
     std::shared_ptr<ActivityIndicator> spinner_;
-    bool queryIsDue_ = false;    ///< the screen is about to send its query
-    std::shared_ptr<char> wait_; ///< the present wait for an answer; null outside one
+    bool queryIsDue_ = false;      ///< the screen is about to send its query
+    std::optional<Lifetime> wait_; ///< of the present wait for an answer; nothing outside one
     Signal<> changed_;
     Subscription screens_;
     Subscription links_;

@@ -1,8 +1,8 @@
 #include "console/ConsoleFrontEnd.h"
 
 #include "console/Completion.h"
-#include "console/JsonPrinter.h"
 #include "console/TextPrinter.h"
+#include "script/JsonPrinter.h"
 
 #include <array>
 #include <cerrno>
@@ -16,6 +16,7 @@
 namespace lumbra {
 
 using namespace console;
+using namespace script;
 
 namespace {
 
@@ -33,30 +34,37 @@ bool canEditLines(const ConsoleOptions& options) {
 
 } // namespace
 
-ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& watcher,
-                                 const ConsoleOptions& options, std::function<void(int)> quit)
+ConsoleFrontEnd::ConsoleFrontEnd(Application& application, DescriptorWatcher& watcher, ConsoleOptions options,
+                                 std::function<void(int)> quit)
     : application_(application),
       watcher_(watcher),
-      options_(options),
+      options_(std::move(options)),
       quit_(std::move(quit)),
-      inputIsTerminal_(::isatty(options.input) != 0),
-      editor_(canEditLines(options)
+      inputIsTerminal_(::isatty(options_.input) != 0),
+      output_(options_.output, options_.endSignals, application.queue(),
+              [this](bool begins) {
+                  if (editor_)
+                      begins ? editor_->hide() : editor_->show();
+              }),
+      editor_(canEditLines(options_)
                   ? std::make_unique<LineEditor>(LineEditor::Delegate{
-                        [this](std::string line) { typed_.push_back({std::move(line)}); },
-                        [this] { inputEnded_ = true; },
-                        [this](std::string_view line) { return completions(application_, line); }})
+                        .entered = [this](std::string line) { typed_.push_back({std::move(line)}); },
+                        .ended = [this] { inputEnded_ = true; },
+                        .completions = [this](auto line) { return completions(application_, line); },
+                        .print = [this](std::string_view text) { output_.print(text); }})
                   : nullptr),
-      output_(options.output, options.endSignals, application.queue(),
-              editor_ ? std::function<void(bool)>(
-                            [this](bool begins) { begins ? editor_->hide() : editor_->show(); })
-                      : nullptr),
-      printer_(options.json ? std::unique_ptr<Printer>(std::make_unique<JsonPrinter>(output_))
-                            : std::make_unique<TextPrinter>(output_)),
+      printer_(options_.json ? std::unique_ptr<Printer>(std::make_unique<JsonPrinter>(output_))
+                             : std::make_unique<TextPrinter>(output_)),
       events_(application, *printer_, output_),
-      interpreter_(application, *printer_,
+      interpreter_(application, *printer_, events_,
                    {.resumed = [this] { pump(); },
-                    .terminated = [this] { events_.printGathered(); },
-                    .watchItems = [this](bool watches) { events_.watchItems(watches); }}) {}
+                    .quit =
+                        [this] {
+                            terminate();
+                            return Done{};
+                        },
+                    .store = [this](auto key, auto value) { return store(key, std::move(value)); },
+                    .place = options_.place}) {}
 
 ConsoleFrontEnd::~ConsoleFrontEnd() = default;
 
@@ -119,7 +127,7 @@ void ConsoleFrontEnd::pump() {
         if (!line)
             break;
         interpreter_.execute(*line);
-        if (interpreter_.hasQuit()) {
+        if (terminated_) {
             end(false);
             return;
         }
@@ -138,14 +146,28 @@ void ConsoleFrontEnd::pump() {
 }
 
 void ConsoleFrontEnd::pumpLater() {
-    auto work = [this, weak = std::weak_ptr(life_)] {
-        if (!weak.expired())
-            pump();
-    };
+    auto work = life_.guard([this] { pump(); });
     if (output_.isFull())
         application_.queue().postAfter(FULL_OUTPUT_PAUSE, std::move(work));
     else
         application_.queue().post(std::move(work));
+}
+
+Outcome ConsoleFrontEnd::store(std::string_view key, std::optional<SettingValue> value) {
+    auto& settings = application_.settings();
+    if (value)
+        settings.setValue(key, *std::move(value));
+    else
+        settings.remove(key);
+    settings.flush();
+    return Done{};
+}
+
+void ConsoleFrontEnd::terminate() {
+    if (std::exchange(terminated_, true))
+        return;
+    application_.terminate();
+    events_.printGathered();
 }
 
 void ConsoleFrontEnd::end(bool atOnce) {
@@ -154,12 +176,12 @@ void ConsoleFrontEnd::end(bool atOnce) {
     inputWatch_.reset();
     endWatch_.reset();
     windowWatch_.reset();
-    interpreter_.terminate();
+    terminate();
+    editor_.reset();
     if (atOnce)
         output_.flush();
     else
         output_.finish();
-    editor_.reset();
     quit_(interpreter_.hasFailed() && !inputIsTerminal_ ? 1 : 0);
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
+#include "script/Output.h"
 
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -13,47 +14,51 @@ namespace lumbra::console {
 /// Writes to a descriptor at the end of each turn of the main loop, as much as the reader takes. Only
 /// `finish` waits for the reader; a caller with much output checks `isBehind` and `isFull` first. Once the
 /// reader is gone, all output is dropped. Main thread only.
-class DescriptorOutput {
+class DescriptorOutput final : public script::Output {
 public:
-    /// With this many pending bytes a write does not wait for the end of the turn.
+    /// With this many bytes of lines a write does not wait for the end of the turn.
     static constexpr std::size_t FLUSH_SIZE = std::size_t{1} << 14;
     /// With this many pending bytes commands wait for the reader.
     static constexpr std::size_t FULL_SIZE = std::size_t{1} << 20;
 
     /// The caller owns `descriptor`. `finish` gives up once `interrupt` is readable. `around` is called
-    /// before (true) and after (false) each piece of output; it may be null.
+    /// before (true) and after (false) the lines of a turn; what it prints stands around them. It
+    /// may be null.
     DescriptorOutput(int descriptor, int interrupt, MainQueue& queue, std::function<void(bool)> around);
+    ~DescriptorOutput() override;
+    DescriptorOutput(const DescriptorOutput&) = delete;
+    DescriptorOutput& operator=(const DescriptorOutput&) = delete;
 
-    /// Writes one or more complete lines, with their line ends.
-    void write(std::string_view lines);
+    void write(std::string_view lines) override;
+    /// Prints what is no line, such as the echo of a key: before the lines that have not been written yet.
+    void print(std::string_view text);
     /// Writes as much as the reader takes now.
     void flush();
     /// Writes everything, waiting for the reader unless interrupted.
     void finish();
 
-    /// The reader has not taken everything yet.
-    bool isBehind() const { return behind_; }
+    bool isBehind() const override { return behind_; }
     /// So many bytes are pending that commands should wait.
-    bool isFull() const { return pending_.size() - written_ >= FULL_SIZE; }
-    /// Sets the function that is called each time the reader has caught up after being behind.
-    void onCaughtUp(std::function<void()> caughtUp) { caughtUp_ = std::move(caughtUp); }
+    bool isFull() const { return lines_.size() + pending_.size() - written_ >= FULL_SIZE; }
 
 private:
     void scheduleFlush(bool later);
-    bool isWritable(int milliseconds);
+    bool isWritable(bool waits) const;
+    void writeAll(bool waits);
     void writePending(bool waits);
 
     int descriptor_;
+    bool owned_; ///< the descriptor is ours
     int interrupt_;
     MainQueue& queue_;
     std::function<void(bool)> around_;
-    std::function<void()> caughtUp_;
-    std::string pending_;
+    std::string lines_;       ///< to be written once all of `pending_` is
+    std::string pending_;     ///< as it goes to the descriptor
     std::size_t written_ = 0; ///< the bytes of `pending_` that are written
     bool behind_ = false;
     bool scheduled_ = false;
     bool closed_ = false;
-    std::shared_ptr<const char> life_ = std::make_shared<const char>();
+    Lifetime life_;
 };
 
 } // namespace lumbra::console

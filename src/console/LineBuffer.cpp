@@ -5,6 +5,8 @@
 
 namespace lumbra::console {
 
+using script::Line;
+
 void LineBuffer::append(std::string_view bytes) {
     bytes_ += bytes;
 }
@@ -19,9 +21,9 @@ std::optional<Line> LineBuffer::next() {
     const bool last = !whole && ended_ && (!bytes_.empty() || !beginning_.empty());
     if (!whole && !last) {
         searched_ = bytes_.size();
-        if (bytes_.size() > MAX_LINE + 1) {
+        if (bytes_.size() > Line::MAX_LENGTH + 1) {
             if (beginning_.empty())
-                beginning_ = bytes_.substr(0, MAX_LINE);
+                beginning_ = bytes_.substr(0, Line::MAX_LENGTH);
             bytes_.clear();
             searched_ = 0;
         }
@@ -35,8 +37,8 @@ std::optional<Line> LineBuffer::next() {
         line.text.pop_back();
     if (!beginning_.empty())
         line = {std::exchange(beginning_, {}), true};
-    else if (line.text.size() > MAX_LINE)
-        line = {line.text.substr(0, MAX_LINE), true};
+    else if (line.text.size() > Line::MAX_LENGTH)
+        line = {line.text.substr(0, Line::MAX_LENGTH), true};
     return line;
 }
 

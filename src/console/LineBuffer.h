@@ -1,5 +1,7 @@
 #pragma once
 
+#include "script/Line.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -7,23 +9,15 @@
 
 namespace lumbra::console {
 
-/// One line of the input, without its end.
-struct Line {
-    std::string text;
-    bool tooLong = false; ///< `text` is only the beginning
-};
-
 /// Splits bytes into lines. A line ends with LF or CR LF, the last one also at the end of the input. Only the
-/// beginning of a line longer than MAX_LINE bytes is kept.
+/// beginning of a line longer than Line::MAX_LENGTH is kept.
 class LineBuffer {
 public:
-    static constexpr std::size_t MAX_LINE = 65536;
-
     void append(std::string_view bytes);
     /// Ends the input: what remains is the last line.
     void end();
     /// Returns and removes the next complete line, if any.
-    std::optional<Line> next();
+    std::optional<script::Line> next();
 
 private:
     std::string bytes_;

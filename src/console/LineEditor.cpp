@@ -41,17 +41,32 @@ std::size_t columnsOf(std::string_view text) {
     return columns;
 }
 
-void print(std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
-}
-
 char* offer(const char*, int state) {
     const auto index = static_cast<std::size_t>(state);
     return index < offered.size() ? ::strdup(offered[index].c_str()) : nullptr;
 }
 
 } // namespace
+
+/// The library's output, which it keeps. It writes to a stream of ours, because a write to a terminal that is stopped
+/// would block.
+std::FILE* LineEditor::openOutput() {
+    constexpr cookie_io_functions_t PRINT{.read = nullptr,
+                                          .write = [](void*, const char* text, std::size_t size) -> ssize_t {
+                                              if (editor)
+                                                  editor->delegate_.print({text, size});
+                                              return static_cast<ssize_t>(size);
+                                          },
+                                          .seek = nullptr,
+                                          .close = nullptr};
+    auto* const stream = ::fopencookie(nullptr, "w", PRINT);
+    if (!stream)
+        return stdout;
+    std::setvbuf(stream, nullptr, _IONBF, 0);
+    // It edits nothing where its output is no terminal, and a stream of this kind has no descriptor of its own.
+    stream->_fileno = STDOUT_FILENO;
+    return stream;
+}
 
 LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
     assert(!editor);
@@ -67,6 +82,8 @@ LineEditor::LineEditor(Delegate delegate) : delegate_(std::move(delegate)) {
         offered = editor->delegate_.completions(line + text);
         return rl_completion_matches(text, offer);
     };
+    static std::FILE* const stream = openOutput();
+    rl_outstream = stream;
     rl_initialize();
     using_history();
     stifle_history(1000);
@@ -103,7 +120,7 @@ void LineEditor::take(char* line) {
     prompting_ = false;
     rl_callback_handler_remove();
     if (!line) {
-        print("\n");
+        delegate_.print("\n");
         delegate_.ended();
         return;
     }
@@ -124,8 +141,8 @@ void LineEditor::hide() {
     const auto row =
         (columnsOf(prompt_) + columnsOf(before)) / static_cast<std::size_t>(std::max(1, columns));
     if (row > 0)
-        print("\x1b[" + std::to_string(row) + "A");
-    print("\r\x1b[J");
+        delegate_.print("\x1b[" + std::to_string(row) + "A");
+    delegate_.print("\r\x1b[J");
 }
 
 void LineEditor::show() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,8 @@ public:
         std::function<void(std::string line)> entered;
         std::function<void()> ended; ///< the user has ended the input
         std::function<std::vector<std::string>(std::string_view line)> completions;
+        /// Prints the prompt, the echo of keys and what moves the cursor. It never waits for the terminal.
+        std::function<void(std::string_view text)> print;
     };
 
     explicit LineEditor(Delegate delegate);
@@ -36,6 +39,7 @@ public:
     void windowChanged();
 
 private:
+    static std::FILE* openOutput();
     void take(char* line);
 
     Delegate delegate_;

@@ -1,8 +1,8 @@
 #include "console/TextPrinter.h"
 
-#include "console/ConsoleCommand.h"
-#include "console/Numbers.h"
-#include "console/Utf8.h"
+#include "script/Command.h"
+#include "script/Numbers.h"
+#include "script/Utf8.h"
 #include "toolkit/Controls.h"
 
 #include <algorithm>
@@ -13,6 +13,8 @@
 #include <vector>
 
 namespace lumbra::console {
+
+using namespace script;
 
 namespace {
 
@@ -80,7 +82,7 @@ struct Shown {
 };
 
 /// A control as text. Of rows and segments all are listed, or only the selected one.
-Shown shownBy(const Control& control, bool all) {
+Shown shownBy(const Control& control, const Hand* hand, bool all) {
     const auto list = all ? choices : choice;
     auto shown = visit(
         control, Overloads{
@@ -109,6 +111,10 @@ Shown shownBy(const Control& control, bool all) {
                  });
     if (!control.isEnabled())
         shown.state += ", disabled";
+    if (hand && hand->isHeld())
+        shown.state += ", held at " + decimalOf(hand->shown());
+    if (control.known() == false)
+        shown.state += ", not reported";
     return shown;
 }
 
@@ -140,9 +146,20 @@ std::string textOf(const std::optional<SettingValue>& value) {
 
 constexpr std::size_t ITEM_COLUMNS = 6;
 
+/// `value`, or a dash where it has never been reported, and what was asked for and not reported since.
+std::string withAsked(bool known, const std::string& value, const std::optional<std::string>& asked) {
+    return (known ? value : "–") + (asked ? " (asked: " + *asked + ")" : "");
+}
+
 std::array<std::string, ITEM_COLUMNS> cellsOf(std::size_t row, const ItemRow& item) {
-    return {std::to_string(row), quotedForTerminal(item.name), quotedForTerminal(item.input),
-            item.level.text(),   item.mute ? "muted" : "",     item.power && !*item.power ? "power off" : ""};
+    return {std::to_string(row),
+            quotedForTerminal(item.name),
+            withAsked(item.known.input, quotedForTerminal(item.input),
+                      item.askedInput ? std::optional(quotedForTerminal(*item.askedInput)) : std::nullopt),
+            withAsked(item.known.volume, item.level.text(),
+                      item.askedLevel ? std::optional(item.askedLevel->text()) : std::nullopt),
+            item.mute ? "muted" : "",
+            item.power == false ? "power off" : ""};
 }
 
 } // namespace
@@ -157,11 +174,12 @@ void TextPrinter::failed(std::string_view, std::string_view error) {
 
 void TextPrinter::state(std::string_view, const State& state) {
     const auto& view = state.tabs.selectedViewController()->view();
-    std::string text = view.name() + " screen, link " + std::string(nameOf(state.link)) +
-                       "; tabs: " + tabsOf(state.tabs) + "\n";
+    std::string text = view.name() + " screen, link " + std::string(nameOf(state.link)) + " (" +
+                       escapedForTerminal(state.address) + ", unit " + std::to_string(state.unit) +
+                       (state.retrying ? ", kept connected" : "") + "); tabs: " + tabsOf(state.tabs) + "\n";
     Table<3> table;
     for (const auto& item : view.items()) {
-        auto [kind, shown] = shownBy(*item.control, true);
+        auto [kind, shown] = shownBy(*item.control, state.hands.find(*item.control), true);
         table.add({item.name, std::move(kind), std::move(shown)});
     }
     text += table.text();
@@ -184,7 +202,7 @@ void TextPrinter::settings(std::string_view, std::span<const StoredSetting> sett
     output_.write(table.text());
 }
 
-void TextPrinter::help(std::string_view, std::span<const ConsoleCommand> commands) {
+void TextPrinter::help(std::string_view, std::span<const Command> commands) {
     Table<2> table;
     for (const auto& command : commands)
         table.add({std::string(command.usage), std::string(command.help)});
@@ -193,12 +211,13 @@ void TextPrinter::help(std::string_view, std::span<const ConsoleCommand> command
 
 void TextPrinter::screenChanged(const TabBarController& tabs) {
     output_.write("screen: " + tabsOf(tabs) + "\n");
+    lastChange_.clear();
 }
 
-void TextPrinter::controlChanged(const View&, const View::Item& item) {
+void TextPrinter::controlChanged(const View&, const View::Item& item, const Hand* hand) {
     // An answer of the unit may change a picker row by row. The short line is the same each time and is
     // printed once.
-    auto line = item.name + ": " + shownBy(*item.control, false).state + "\n";
+    auto line = item.name + ": " + shownBy(*item.control, hand, false).state + "\n";
     if (line == lastChange_)
         return;
     output_.write(line);
@@ -207,6 +226,10 @@ void TextPrinter::controlChanged(const View&, const View::Item& item) {
 
 void TextPrinter::alertAskedFor(const Alert& alert) {
     output_.write("alert: " + textOf(alert) + "\n");
+}
+
+void TextPrinter::alertWithdrawn() {
+    output_.write("alert: gone\n");
 }
 
 void TextPrinter::linkChanged(LinkState link) {

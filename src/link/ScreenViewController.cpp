@@ -36,21 +36,17 @@ void ScreenViewController::applicationDidBecomeActive() {
 }
 
 void ScreenViewController::connectServer() {
-    auto self = shared(this);
-    serverConn_->setDelegate(self);
+    serverConn_->setDelegate(shared(this));
     if (serverConn_->isConnected()) {
         poll();
         return;
     }
+    // The worker owns neither the screen nor the connection, which may end meanwhile.
     const bool posted =
-        context_.worker.post([self, connection = serverConn_, attempt = serverConn_->nextOpenAttempt(),
-                              &queue = context_.queue]() mutable {
-            const bool started = connection->open(attempt);
-            // The screen and the connection belong to the main thread: their last references must not end here.
-            queue.post([self = std::move(self), connection = std::move(connection), started] {
-                if (!started)
-                    self->displayConnectionError();
-            });
+        context_.worker.post([attempt = serverConn_->nextOpenAttempt(), &queue = context_.queue,
+                              failed = whileAlive([this] { displayConnectionError(); })] {
+            if (!ServerConnection::open(attempt))
+                queue.post(failed);
         });
     if (!posted)
         displayConnectionError();
@@ -78,12 +74,12 @@ void ScreenViewController::dataReceived(const ReceiveBuffer& buffer, std::size_t
 }
 
 void ScreenViewController::displayConnectionError() {
-    context_.queue.post([self = shared(this), address = serverConn_->ip_address()] {
-        self->context_.alerts.present(
+    context_.queue.post(whileAlive([this, address = serverConn_->ip_address()] {
+        context_.alerts.present(
             {.title = {LUMBRA_TEXT("System", "Error")},
              .message = {LUMBRA_TEXT("System", "Failed to connect to IP address %1."), {address}},
              .button = {LUMBRA_TEXT("System", "OK")}});
-    });
+    }));
 }
 
 std::int64_t ScreenViewController::send(std::string_view body) {

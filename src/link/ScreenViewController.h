@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/ServerConnection.h"
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "platform/Worker.h"
 #include "protocol/ReportBuffer.h"
@@ -12,6 +13,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace lumbra {
@@ -29,7 +31,8 @@ protected:
     ~LinkOwner() = default;
 };
 
-/// The surroundings of a screen. Everything outlives the screen.
+/// The surroundings of a screen. Everything outlives the screen; the queue and the worker also outlive what it
+/// posts to them.
 struct ScreenContext {
     MainQueue& queue;
     Worker& worker;
@@ -77,6 +80,11 @@ protected:
     std::int64_t send(std::string_view body);
 
     MainQueue& queue() { return context_.queue; }
+    /// `work` as a function to post to the queue. It does nothing once this screen is gone.
+    template <class Work>
+    auto whileAlive(Work work) const {
+        return life_.guard(std::move(work));
+    }
     /// Valid from `viewDidLoad` on.
     ServerConnection& link() { return *serverConn_; }
     ActivityIndicator& spinner() { return *spinner_.operator->(); }
@@ -88,6 +96,7 @@ private:
     Outlet<ActivityIndicator> spinner_;
     Subscription activation_; ///< only while this screen is the current one
     ReportBuffer reports_;
+    Lifetime life_;
 };
 
 } // namespace lumbra

@@ -15,17 +15,17 @@ void ServerConnection::setIpAddress(std::string address) {
 }
 
 ServerConnection::OpenAttempt ServerConnection::nextOpenAttempt() {
-    return {++createdAttempts_, ip_address_};
+    return {weak_from_this(), ++createdAttempts_, ip_address_, queue_, streams_, reachability_};
 }
 
 bool ServerConnection::open(const OpenAttempt& attempt) {
-    if (!connectedToNetwork())
+    if (!attempt.connectedToNetwork())
         return false;
     // std::function needs a copyable capture, hence the shared pair.
-    auto pair = std::make_shared<StreamPair>(streams_.createPair(attempt.address, telnet_port));
+    auto pair = std::make_shared<StreamPair>(attempt.streams.createPair(attempt.address, telnet_port));
     if (!pair->input || !pair->output)
         return false;
-    queue_.post([weak = weak_from_this(), number = attempt.number, pair = std::move(pair)] {
+    attempt.queue.post([weak = attempt.connection, number = attempt.number, pair = std::move(pair)] {
         if (const auto connection = weak.lock())
             connection->adopt(number, std::move(*pair));
     });

@@ -53,16 +53,16 @@ constexpr std::string_view nameOf(LinkState link) {
 /// The application's only link to the unit: a pair of TCP streams to port 23 of `ip_address`, driven by the
 /// main loop. It does not interpret the bytes, never retries and has no timer.
 ///
-/// All members belong to the main thread except `open`. A worker runs `open` on an attempt that the main
-/// thread has created. `open` touches nothing that the main thread writes: it posts its stream pair to the
-/// main queue, and the pair is used only there.
+/// It belongs to the main thread. A worker runs `open` on an attempt that the main thread has created. An
+/// attempt has nothing of the connection, which may end meanwhile: its stream pair is posted to the main queue,
+/// and used or dropped only there.
 class ServerConnection final : public StreamDelegate, public std::enable_shared_from_this<ServerConnection> {
 public:
     /// The TCP port of every unit.
     static constexpr std::uint16_t telnet_port = 23;
     static constexpr const char* DEFAULT_IP_ADDRESS = "192.168.1.50";
 
-    /// All three outlive the connection.
+    /// All three outlive the connection and its attempts.
     ServerConnection(MainQueue& queue, StreamFactory& streams, const Reachability& reachability);
 
     /// The unit number that every command carries, 1 to 4.
@@ -79,21 +79,24 @@ public:
     const std::shared_ptr<ServerConnectionDelegate>& delegate() const { return delegate_; }
     void setDelegate(std::shared_ptr<ServerConnectionDelegate> delegate) { delegate_ = std::move(delegate); }
 
-    /// True when the device has a usable network, whatever the address. Any thread.
-    bool connectedToNetwork() const { return reachability_.isReachable(); }
-
-    /// One run of `open`: the address at the time when the attempt was created, and the attempt's sequence
-    /// number.
+    /// One run of `open`, and all that it needs.
     struct OpenAttempt {
-        std::uint64_t number;
-        std::string address;
+        std::weak_ptr<ServerConnection> connection; ///< locked on the main thread only
+        std::uint64_t number;                       ///< in sequence
+        std::string address;                        ///< at the time when the attempt was created
+        MainQueue& queue;
+        StreamFactory& streams;
+        const Reachability& reachability;
+
+        /// True when the device has a usable network, whatever the address. Any thread.
+        bool connectedToNetwork() const { return reachability.isReachable(); }
     };
     /// Creates the next attempt. Main thread.
     OpenAttempt nextOpenAttempt();
     /// Creates the stream pair and posts it to the main thread, which opens it. The pair is dropped if the
-    /// connection has been closed since the attempt was created, or if a later attempt's pair has arrived.
-    /// Returns false and does nothing if there is no network or the pair cannot be created. Any thread.
-    bool open(const OpenAttempt& attempt);
+    /// connection has been closed or has ended since the attempt was created, or if a later attempt's pair has
+    /// arrived. Returns false and does nothing if there is no network or the pair cannot be created. Any thread.
+    static bool open(const OpenAttempt& attempt);
 
     /// True once both streams have completed their open.
     bool isConnected() const { return pair_.inputIsOpen && pair_.outputIsOpen; }

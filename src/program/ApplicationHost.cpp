@@ -3,6 +3,7 @@
 #include "app/Settings.h"
 #include "platform/MemorySettingsStore.h"
 #include "simulator/UnitServer.h"
+#include "system/FilePath.h"
 #include "system/FileSettingsStore.h"
 #include "system/FixedReachability.h"
 #include "system/NetworkReachability.h"
@@ -24,14 +25,20 @@ namespace lumbra {
 
 namespace {
 
-std::unique_ptr<SettingsStore> openSettings(const Options& options, MainQueue& queue) {
+/// The file of the settings; empty: they are not stored.
+QString settingsFile(const Options& options) {
     if (options.demo && options.settingsFile.isEmpty())
+        return {};
+    return !options.settingsFile.isEmpty()
+               ? options.settingsFile
+               : QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+                     .filePath(QStringLiteral("settings.json"));
+}
+
+std::unique_ptr<SettingsStore> openSettings(const std::string& path, MainQueue& queue) {
+    if (path.empty())
         return std::make_unique<MemorySettingsStore>();
-    const auto path = !options.settingsFile.isEmpty()
-                          ? options.settingsFile
-                          : QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
-                                .filePath(QStringLiteral("settings.json"));
-    return std::make_unique<FileSettingsStore>(queue, QFile::encodeName(path).toStdString());
+    return std::make_unique<FileSettingsStore>(queue, path);
 }
 
 /// The unit of the demo has the number that the settings ask for.
@@ -40,22 +47,9 @@ int demoUnitNumber(const SettingsStore& settings) {
     return static_cast<int>(std::clamp(stored, MIN_UNIT_NUMBER, MAX_UNIT_NUMBER));
 }
 
-/// What a reader of a trace must know of this run. No names of files, and no address but `place`: that of the
-/// settings is in the trace if it was connected to.
-TraceStart traceStart(const Options& options, const std::optional<HostPort>& place,
-                      const SettingsStore& settings) {
-    TraceStart start;
-    const auto add = [&start](bool isGiven, const std::string& option) {
-        if (isGiven)
-            start.options += (start.options.empty() ? "--" : " --") + option;
-    };
-    add(options.console, "console");
-    add(options.json, "json");
-    add(options.fullscreen, "fullscreen");
-    add(options.keepConnected, "keep-connected");
-    add(options.demo, "demo");
-    if (place)
-        add(!options.demo, "connect-to " + formatHostPort(*place));
+/// What a reader of a trace must know of this run. No names of files, and no address but the one connected to.
+TraceStart traceStart(const Options& options, const SettingsStore& settings) {
+    TraceStart start{.options = publicOptions(options.given)};
     for (const auto& [key, type, caption] : SETTINGS)
         if (type != SettingEntry::Type::Text && settings.value(key))
             start.settings.insert(QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())),
@@ -68,13 +62,19 @@ TraceStart traceStart(const Options& options, const std::optional<HostPort>& pla
 } // namespace
 
 ApplicationHost::ApplicationHost(Options options)
-    : options_(std::move(options)),
-      settings_(openSettings(options_, queue_)),
-      sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
-    if (options_.traceFile.isEmpty())
+    : options_(std::move(options)), sockets_(std::make_unique<SocketStreamFactory>(queue_)) {
+    auto settings = QFile::encodeName(settingsFile(options_)).toStdString();
+    const auto trace = QFile::encodeName(options_.traceFile).toStdString();
+    if (!trace.empty() && !settings.empty() && areOneFile(trace, settings)) {
+        error_ = QStringLiteral("The trace can't be written to %1: the settings are kept there.")
+                     .arg(options_.traceFile);
+        settings.clear(); // a trace would be set aside as settings that can't be read
+    }
+    settings_ = openSettings(settings, queue_);
+    if (trace.empty() || !error_.isEmpty())
         return;
-    trace_ = std::make_unique<TraceFile>(queue_, QFile::encodeName(options_.traceFile).toStdString(),
-                                         FileSettingsStore::reportOnStandardError);
+    trace_ = std::make_unique<TraceFile>(queue_, trace, FileSettingsStore::reportOnStandardError,
+                                         options_.traceLimit);
     tracing_ = std::make_unique<TracingStreamFactory>(*sockets_, *trace_);
     error_ = QString::fromStdString(trace_->error());
 }
@@ -99,7 +99,7 @@ bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
         place = HostPort{demoUnit_->address().toString().toStdString(), demoUnit_->port()};
     }
     if (trace_)
-        trace_->start(traceStart(options_, place, *settings_));
+        trace_->start(traceStart(options_, *settings_));
     auto& network = tracing_ ? *tracing_ : *sockets_;
     if (place) {
         redirection_ = std::make_unique<RedirectingStreamFactory>(network, *place);
@@ -115,8 +115,8 @@ bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
 }
 
 ApplicationHost::~ApplicationHost() {
-    // Work on the worker uses the connection, the streams and the reachability. Posted work may hold the last
-    // references to screens and sockets.
+    // What the worker runs uses the stream factories and the reachability. A pair of streams that it has handed
+    // over waits in the queue, and must not outlive its factory.
     worker_.stop();
     application_.reset();
     queue_.drop();

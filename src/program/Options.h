@@ -2,6 +2,7 @@
 
 #include "system/CommandLine.h"
 #include "system/HostPort.h"
+#include "system/TraceFile.h"
 
 #include <QString>
 #include <QStringList>
@@ -21,7 +22,12 @@ struct Options {
     std::optional<HostPort> connectTo; ///< replaces the unit's address in every connection
     QString settingsFile;              ///< empty: the user's default file
     QString traceFile;                 ///< empty: nothing is traced
+    int traceLimit = TraceFile::DEFAULT_LIMIT;
+    GivenOptions given; ///< for a trace
 };
+
+/// Makes `options` those of a user who has asked for the demo: it leaves nothing in the settings.
+void chooseDemo(Options& options);
 
 /// The command line of the program, which stores into `options`. `options` outlives it.
 CommandLine commandLine(Options& options);

@@ -13,6 +13,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <thread>
 
@@ -29,9 +30,23 @@ QString endpointOf(const Options& options) {
     return {};
 }
 
+QtMessageHandler formerHandler = nullptr;
+
+/// The toolkit waits for ever for a thread that the system refuses.
+void endWithoutThread(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.startsWith(QLatin1String("QThread::start: Thread creation error"))) {
+        std::fputs(
+            "lumbra-remote: The system gives this program too few threads, or too little memory for them.\n",
+            stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+    formerHandler(type, context, message);
+}
+
 int run(int& argc, char** argv, const Options& options) {
     // A signal ends the program as closing the window does: the link is closed and the settings are written.
     const SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
+    formerHandler = qInstallMessageHandler(endWithoutThread);
     std::optional<DisplayGuard> guard(std::in_place);
     const QGuiApplication qt(argc, argv);
     guard.reset();
@@ -58,9 +73,8 @@ int run(int& argc, char** argv, const Options& options) {
     std::optional<FirstRun> first;
     const auto answered = [&](const std::optional<UnitPlace>& unit) {
         auto used = options;
-        if (!unit) { // the demo leaves nothing in the settings
-            used.demo = true;
-            used.settingsFile.clear();
+        if (!unit) {
+            chooseDemo(used);
             host.emplace(used);
         }
         if (!launch(used, unit, first->geometry()))

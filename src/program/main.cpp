@@ -16,8 +16,11 @@
 #include <exception>
 #include <fcntl.h>
 #include <latch>
+#include <malloc.h>
 #include <new>
+#include <pthread.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -63,7 +66,12 @@ void openStandardDescriptors() {
 constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
 constexpr std::size_t WINDOW_DESCRIPTORS = 48;
 constexpr std::size_t WINDOW_THREADS = 8;
-constexpr std::size_t WINDOW_ADDRESS_SPACE = std::size_t{320} << 20;
+constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
+constexpr std::size_t WINDOW_ADDRESS_SPACE =
+    256 * MEBIBYTE; // about three times what it takes after `economise`
+constexpr std::size_t WINDOW_DATA = 128 * MEBIBYTE;
+constexpr std::size_t WINDOW_STACK = MEBIBYTE;
+constexpr rlim_t AMPLE_MEMORY = 8192 * MEBIBYTE; // a driver for drawing and 64 processors need less
 
 bool canOpen(std::size_t count) {
     std::vector<int> opened;
@@ -78,8 +86,28 @@ bool canOpen(std::size_t count) {
     return opened.size() == count;
 }
 
-bool canReserve(std::size_t bytes) {
-    void* const space = ::mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+bool isLimited(__rlimit_resource resource, rlim_t below) {
+    rlimit limit{};
+    return ::getrlimit(resource, &limit) == 0 && limit.rlim_cur < below;
+}
+
+/// For a process whose memory is limited. Else each thread takes 8 MiB for its stack and, at moments that depend on
+/// the others, up to 128 MiB for its own heap; a driver for drawing takes hundreds.
+void economise() {
+    ::mallopt(M_ARENA_MAX, 1);
+    pthread_attr_t attributes;
+    ::pthread_attr_init(&attributes);
+    ::pthread_attr_setstacksize(&attributes, 2 * MEBIBYTE);
+    ::pthread_setattr_default_np(&attributes);
+    ::pthread_attr_destroy(&attributes);
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
+        qputenv("QT_QUICK_BACKEND", "software");
+}
+
+/// With PROT_NONE of the address space, with PROT_WRITE of the data, too.
+bool canReserve(std::size_t bytes, int protection) {
+    void* const space =
+        ::mmap(nullptr, bytes, protection, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (space == MAP_FAILED) // NOLINT: the system's macro
         return false;
     ::munmap(space, bytes);
@@ -115,6 +143,7 @@ int runConsole(int& argc, char** argv, const Options& options) {
     const SignalPipe windowSignals({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every);
     ConsoleFrontEnd console(host.application(), watcher,
                             {.json = options.json,
+                             .place = options.connectTo ? formatHostPort(*options.connectTo) : std::string(),
                              .endSignals = endSignals.descriptor(),
                              .windowSignals = windowSignals.descriptor()},
                             &QCoreApplication::exit);
@@ -122,8 +151,11 @@ int runConsole(int& argc, char** argv, const Options& options) {
     return QCoreApplication::exec();
 }
 
-int runTouch(int& argc, char** argv, const Options& options) {
-    if (!canReserve(WINDOW_ADDRESS_SPACE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
+int runTouchModule(int& argc, char** argv, const Options& options) {
+    if (isLimited(RLIMIT_AS, AMPLE_MEMORY) || isLimited(RLIMIT_DATA, AMPLE_MEMORY))
+        economise();
+    if (isLimited(RLIMIT_STACK, WINDOW_STACK) || !canReserve(WINDOW_ADDRESS_SPACE, PROT_NONE) ||
+        !canReserve(WINDOW_DATA, PROT_WRITE) || !canOpen(WINDOW_DESCRIPTORS) || !canRun(WINDOW_THREADS)) {
         complain(
             QStringLiteral("The system gives this program too little memory, or too few file descriptors or "
                            "threads, for a window; see \"ulimit -a\". --console needs less."));
@@ -158,12 +190,14 @@ int main(int argc, char** argv) {
         return USAGE_ERROR;
     }
     if (const auto* request = std::get_if<InformationRequest>(&parsed)) {
-        std::fputs(request->text.toLocal8Bit().constData(), stdout);
-        return 0;
+        const auto problem = print(*request);
+        if (!problem.isEmpty())
+            complain(problem);
+        return problem.isEmpty() ? 0 : FAILURE;
     }
     const auto& options = std::get<Options>(parsed);
     try {
-        return options.console ? runConsole(argc, argv, options) : runTouch(argc, argv, options);
+        return options.console ? runConsole(argc, argv, options) : runTouchModule(argc, argv, options);
     } catch (...) { // unwinding has restored the terminal
         endOnException();
     }

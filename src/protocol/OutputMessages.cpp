@@ -1,6 +1,5 @@
 #include "protocol/OutputMessages.h"
 
-#include "model/Outputs.h"
 #include "protocol/Command.h"
 #include "protocol/InputMessages.h"
 
@@ -14,17 +13,11 @@ namespace {
 using namespace reports;
 using Row = ReportRow<Report>;
 
-template <std::int64_t TYPE>
-Report bypass(const Captures& c) {
-    return Band{c.index(1), c.index(2), TYPE, std::nullopt, std::nullopt};
-}
-template <std::int64_t TYPE>
-Report atFrequency(const Captures& c) {
-    return Band{c.index(1), c.index(2), TYPE, std::nullopt, c.number(3)};
-}
-template <std::int64_t TYPE>
-Report withGain(const Captures& c) {
-    return Band{c.index(1), c.index(2), TYPE, c.number(3), c.number(4)};
+template <FilterType TYPE>
+Report band(const Captures& c) {
+    constexpr auto has = FILTERS[TYPE];
+    return Band{c.index(1), c.index(2), TYPE, has.gain ? std::optional(c.number(3)) : std::nullopt,
+                has.frequency ? std::optional(c.number(has.gain ? 4 : 3)) : std::nullopt};
 }
 
 // In matching order.
@@ -33,12 +26,12 @@ constexpr Row ROWS[]{
     {"U#O##I##", Row::index<Input>},
     {"U#O##M[0-1]", Row::flag<Mute>},
     {"U#O##P[0-1]", Row::flag<Power>},
-    {"U#O##B[1-7]BYPASS", bypass<Outputs::FILTER_BYPASS>},
-    {"U#O##B[1-7]HPF#####", atFrequency<Outputs::FILTER_HIGHPASS>},
-    {"U#O##B[1-7]HS-##F#####", withGain<Outputs::FILTER_HIGHSHELF>},
-    {"U#O##B[1-7]LPF#####", atFrequency<Outputs::FILTER_LOWPASS>},
-    {"U#O##B[1-7]LS-##F#####", withGain<Outputs::FILTER_LOWSHELF>},
-    {"U#O##B[1-7]P-##F#####", withGain<Outputs::FILTER_PARAMETRIC>},
+    {"U#O##B[1-7]BYPASS", band<FILTER_BYPASS>},
+    {"U#O##B[1-7]HPF#####", band<FILTER_HIGHPASS>},
+    {"U#O##B[1-7]HS-##F#####", band<FILTER_HIGHSHELF>},
+    {"U#O##B[1-7]LPF#####", band<FILTER_LOWPASS>},
+    {"U#O##B[1-7]LS-##F#####", band<FILTER_LOWSHELF>},
+    {"U#O##B[1-7]P-##F#####", band<FILTER_PARAMETRIC>},
     INPUT_NAME<Report>,
     {R"(U#O##N"*")", Row::name<ItemName>},
     {"U#O##MV-##", Row::number<MaxVolume>},
@@ -49,21 +42,8 @@ constexpr Row ROWS[]{
     {"U#APPQ1", Row::end},
 };
 
-/// The keyword of a filter type on the wire, and the values that follow it.
-struct FilterWord {
-    std::string_view keyword;
-    bool hasGain;
-    bool hasFrequency;
-};
-
-constexpr std::array<FilterWord, 6> FILTER_WORDS{{
-    {"BYPASS", false, false},
-    {"HPF", false, true},
-    {"HS", true, true},
-    {"LPF", false, true},
-    {"LS", true, true},
-    {"P", true, true},
-}};
+/// What names a filter on the wire, by type.
+constexpr std::array<std::string_view, FILTERS.size()> FILTER_WORDS{"BYPASS", "HPF", "HS", "LPF", "LS", "P"};
 
 } // namespace
 
@@ -71,14 +51,14 @@ std::optional<Parsed<Report>> parse(std::string_view text) {
     return parseReport<Report, ROWS>(text);
 }
 
-std::string setBand(std::int64_t output, std::int64_t band, std::int64_t type, std::int64_t gain,
+std::string setBand(std::int64_t output, std::int64_t band, FilterType type, std::int64_t gain,
                     std::int64_t frequency) {
-    const auto& word = FILTER_WORDS.at(static_cast<std::size_t>(type));
+    const auto index = static_cast<std::size_t>(type);
     std::string rest = "B" + std::to_string(band + 1);
-    rest += word.keyword;
-    if (word.hasGain)
+    rest += FILTER_WORDS.at(index);
+    if (FILTERS.at(index).gain)
         rest += std::to_string(gain) + "F";
-    if (word.hasFrequency)
+    if (FILTERS.at(index).frequency)
         rest += std::to_string(frequency);
     return detail::itemCommand("O", output, rest);
 }

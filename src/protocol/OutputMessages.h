@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FilterType.h"
 #include "protocol/ItemReports.h"
 #include "protocol/ReportParser.h"
 
@@ -17,8 +18,8 @@ namespace lumbra::outputs {
 /// The complete setting of one band of an output's equaliser.
 struct Band {
     int item;
-    int band;                     ///< 0 to 6
-    std::int64_t type;            ///< Outputs::FILTER_*
+    int band; ///< 0 to 6
+    FilterType type;
     std::optional<int> gain;      ///< dB, for the shelves and the parametric filter
     std::optional<int> frequency; ///< Hz, for all but the bypass
 };
@@ -46,11 +47,10 @@ using Report = std::variant<reports::Volume, reports::Input, reports::Mute, repo
 /// Parses a report text (the unit's bytes). Nothing if it is no report of the Output screen. Any thread.
 std::optional<Parsed<Report>> parse(std::string_view text);
 
-/// Returns the command body for the complete setting of a band. `output` and `band` are 0-based. `type` is
-/// one of Outputs::FILTER_*; any other value throws std::out_of_range. `gain` is in dB (-15 to 15),
-/// `frequency` in Hz (1 to 20000); each is sent only for the types that have it. Ranges other than that of
-/// `type` are not checked. Any thread.
-std::string setBand(std::int64_t output, std::int64_t band, std::int64_t type, std::int64_t gain,
+/// Returns the command body for the complete setting of a band. `output` and `band` are 0-based. `gain`
+/// is in dB (-15 to 15), `frequency` in Hz (1 to 20000); each is sent only for the types that have it. Ranges are not
+/// checked. Any thread.
+std::string setBand(std::int64_t output, std::int64_t band, FilterType type, std::int64_t gain,
                     std::int64_t frequency);
 
 } // namespace lumbra::outputs

@@ -13,7 +13,7 @@ struct StateQuery {
     int unit;   ///< the unit that is asked, one digit
     int number; ///< the screen's QUERY_NUMBER, 0 to 4
 
-    auto operator<=>(const StateQuery&) const = default;
+    auto operator<=>(const StateQuery&) const = default; // NOLINT(modernize-use-nullptr): there is none
 };
 
 /// The query that a whole command is; nothing if it is another command. Any thread.

@@ -7,8 +7,9 @@
 namespace lumbra {
 
 GroupViewController::GroupViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, "groupPicker",
-                         percentOfVolume),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Group, std::make_unique<Groups>(),
+                         "groupPicker", percentOfVolume),
+      group_(static_cast<Groups&>(items())),
       powerSwitch_(this->view().outlet<Switch>("powerSwitch")) {}
 
 void GroupViewController::viewDidLoad() {
@@ -17,7 +18,7 @@ void GroupViewController::viewDidLoad() {
 }
 
 void GroupViewController::powerSwitchChange(Switch& sender) {
-    send(setPower(itemKind(), group().current, sender.isOn()));
+    send(setPower(itemKind(), group_.current, sender.isOn()));
 }
 
 void GroupViewController::processCommand(std::string_view report) {
@@ -26,16 +27,22 @@ void GroupViewController::processCommand(std::string_view report) {
 
 void GroupViewController::showItem() {
     ItemViewController::showItem();
-    powerSwitch_->setOn(ofCurrent(group().power));
+    showPower();
+}
+
+void GroupViewController::showPower() {
+    powerSwitch_->setOn(ofCurrent(group_.power));
+    setKnown(toldOfCurrent().power, powerSwitch_);
 }
 
 void GroupViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
-    model().power[static_cast<std::size_t>(report.item)] = report.on;
+    ofItem(group_.power, report.item) = report.on;
+    told(report.item).power = true;
     announceItem(report.item);
     if (isCurrent(report.item))
-        powerSwitch_->setOn(report.on);
+        showPower();
 }
 
 } // namespace lumbra

@@ -1,6 +1,6 @@
 #include "screens/OutputViewController.h"
 
-#include "screens/FrequencyScale.h"
+#include "model/FrequencyScale.h"
 #include "screens/Readings.h"
 
 #include <algorithm>
@@ -14,21 +14,18 @@ namespace {
 /// The controls NAME1 ... NAME7.
 template <class Control>
 auto outletsOf(const View& view, const std::string& name) {
-    std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)> outlets;
+    Outputs::PerBand<Outlet<Control>> outlets;
     for (std::size_t band = 0; band < outlets.size(); ++band)
         outlets[band] = view.outlet<Control>(name + std::to_string(band + 1));
     return outlets;
 }
 
-bool hasGain(std::int64_t type) {
-    return type == Outputs::FILTER_HIGHSHELF || type == Outputs::FILTER_LOWSHELF ||
-           type == Outputs::FILTER_PARAMETRIC;
-}
-
 } // namespace
 
 OutputViewController::OutputViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output, "outputPicker", decibels),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output,
+                         std::make_unique<Outputs>(), "outputPicker", decibels),
+      output_(static_cast<Outputs&>(items())),
       powerSwitch_(this->view().outlet<Switch>("powerSwitch")),
       filterType_(outletsOf<SegmentedControl>(this->view(), "filterType")),
       filterFreq_(outletsOf<Slider>(this->view(), "filterFreq")),
@@ -53,31 +50,32 @@ void OutputViewController::viewDidLoad() {
 }
 
 void OutputViewController::powerSwitchChange(Switch& sender) {
-    send(setPower(itemKind(), output().current, sender.isOn()));
+    send(setPower(itemKind(), output_.current, sender.isOn()));
 }
 
 void OutputViewController::filterTypeChange(std::size_t band) {
-    ofCurrent(model().filter_type)[band] = filterType_[band]->selected();
+    ofCurrent(output_.filter_type)[band] = static_cast<FilterType>(filterType_[band]->selected());
     sendFilterCommand(band);
 }
 
 void OutputViewController::filterFreqChange(std::size_t band) {
-    defer(filterFreq_[band], [this, band](float value) {
-        settle(sliderToFrequency(value), ofCurrent(model().filter_freq)[band],
-               [&] { sendFilterCommand(band); });
+    steps().schedule(filterFreq_[band], [this, band](float value) {
+        if (settle(sliderToFrequency(value), ofCurrent(output_.filter_freq)[band]))
+            sendFilterCommand(band);
     });
 }
 
 void OutputViewController::filterGainChange(std::size_t band) {
-    defer(filterGain_[band], [this, band](float value) {
-        settle(truncated(value), ofCurrent(model().filter_gain)[band], [&] { sendFilterCommand(band); });
+    steps().schedule(filterGain_[band], [this, band](float value) {
+        if (settle(truncated(value), ofCurrent(output_.filter_gain)[band]))
+            sendFilterCommand(band);
     });
 }
 
 void OutputViewController::sendFilterCommand(std::size_t band) {
-    send(outputs::setBand(output().current, static_cast<std::int64_t>(band),
-                          ofCurrent(output().filter_type)[band], ofCurrent(output().filter_gain)[band],
-                          ofCurrent(output().filter_freq)[band]));
+    send(outputs::setBand(output_.current, static_cast<std::int64_t>(band),
+                          ofCurrent(output_.filter_type)[band], ofCurrent(output_.filter_gain)[band],
+                          ofCurrent(output_.filter_freq)[band]));
 }
 
 void OutputViewController::processCommand(std::string_view report) {
@@ -86,25 +84,48 @@ void OutputViewController::processCommand(std::string_view report) {
 
 void OutputViewController::showItem() {
     ItemViewController::showItem();
-    powerSwitch_->setOn(ofCurrent(output().power));
+    showPower();
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
-        const auto gain = ofCurrent(output().filter_gain)[band];
+        const auto gain = ofCurrent(output_.filter_gain)[band];
         filterGain_[band]->setValue(static_cast<float>(gain));
         filterGainLabel_[band]->setReading(decibels(gain));
         showFrequency(band);
         showType(band);
+        showKnown(band);
     }
 }
 
+void OutputViewController::showRow(std::int64_t item) {
+    ItemViewController::showRow(item);
+    enableRowMute(item);
+}
+
+void OutputViewController::enableRowMute(std::int64_t item) {
+    rowMute(item).setEnabled(ofItem(output_.power, item) && (!isCurrent(item) || muteSwitch().isEnabled()));
+}
+
+void OutputViewController::showPower() {
+    powerSwitch_->setOn(ofCurrent(output_.power));
+    setKnown(toldOfCurrent().power, powerSwitch_);
+}
+
 void OutputViewController::showType(std::size_t band) {
-    const auto type = ofCurrent(output().filter_type)[band];
+    const auto type = ofCurrent(output_.filter_type)[band];
     filterType_[band]->setSelected(static_cast<int>(type));
-    filterFreq_[band]->setEnabled(type != Outputs::FILTER_BYPASS);
-    filterGain_[band]->setEnabled(hasGain(type));
+    const auto& has = FILTERS[static_cast<std::size_t>(type)];
+    filterFreq_[band]->setEnabled(has.frequency);
+    filterGain_[band]->setEnabled(has.gain);
+}
+
+void OutputViewController::showKnown(std::size_t band) {
+    const auto& known = toldOfCurrent().bands[band];
+    setKnown(known.type, filterType_[band]);
+    setKnown(known.frequency, filterFreq_[band], filterFreqLabel_[band]);
+    setKnown(known.gain, filterGain_[band], filterGainLabel_[band]);
 }
 
 void OutputViewController::showFrequency(std::size_t band) {
-    const auto frequency = ofCurrent(output().filter_freq)[band];
+    const auto frequency = ofCurrent(output_.filter_freq)[band];
     filterFreq_[band]->setValue(frequencyToSlider(frequency));
     filterFreqLabel_[band]->setReading(hertz(frequency));
 }
@@ -112,22 +133,32 @@ void OutputViewController::showFrequency(std::size_t band) {
 void OutputViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
-    const auto item = static_cast<std::size_t>(report.item);
-    auto& outputs = model();
-    outputs.power[item] = report.on;
+    auto& reported = told(report.item);
+    ofItem(output_.power, report.item) = report.on;
+    reported.power = true;
     if (report.on) {
-        outputs.mute[item] = false;
-        outputs.volume[item] = std::max(outputs.volume[item], outputs.min_to_volume[item]);
-        outputs.volume[item] = std::min(outputs.volume[item], outputs.max_to_volume[item]);
+        const auto turnedOn = [&](std::int64_t volume) {
+            return std::min(std::max(volume, ofItem(output_.min_to_volume, report.item)),
+                            ofItem(output_.max_to_volume, report.item));
+        };
+        ofItem(output_.mute, report.item) = false;
+        reported.mute = true;
+        auto& volume = ofItem(output_.volume, report.item);
+        volume = turnedOn(volume);
+        // A volume that no report has given stays unknown.
+        if (reported.volume.known)
+            reported.volume.reported = turnedOn(reported.volume.reported);
     }
     announceItem(report.item);
-    if (!isCurrent(report.item))
-        return;
-    powerSwitch_->setOn(report.on);
-    muteSwitch().setEnabled(report.on);
+    if (isCurrent(report.item)) {
+        showPower();
+        // Nothing else sets this: a mute that is locked stays so when another output is picked. That is meant.
+        muteSwitch().setEnabled(report.on);
+    }
+    enableRowMute(report.item);
     if (report.on) {
-        muteSwitch().setOn(false);
-        showVolume();
+        showMute(report.item);
+        showVolume(report.item);
     }
 }
 
@@ -138,13 +169,16 @@ void OutputViewController::handle(const outputs::Band& report) {
         return;
     if (report.gain && (*report.gain < Outputs::GAIN_MIN || *report.gain > Outputs::GAIN_MAX))
         return;
-    const auto item = static_cast<std::size_t>(report.item);
     const auto band = static_cast<std::size_t>(report.band);
-    model().filter_type[item][band] = report.type;
+    auto& known = told(report.item).bands[band];
+    ofItem(output_.filter_type, report.item)[band] = report.type;
+    known.type = true;
     if (report.frequency)
-        model().filter_freq[item][band] = *report.frequency;
+        ofItem(output_.filter_freq, report.item)[band] = *report.frequency;
     if (report.gain)
-        model().filter_gain[item][band] = *report.gain;
+        ofItem(output_.filter_gain, report.item)[band] = *report.gain;
+    known.frequency |= report.frequency.has_value();
+    known.gain |= report.gain.has_value();
     if (!isCurrent(report.item))
         return;
     showType(band);
@@ -157,31 +191,34 @@ void OutputViewController::handle(const outputs::Band& report) {
     }
     if (report.gain)
         filterGain_[band]->setValue(static_cast<float>(*report.gain));
+    showKnown(band);
 }
 
 bool OutputViewController::isLimit(int item, int level) const {
-    return isItem(item) && level >= Outputs::min_volume && level <= maxVolume(static_cast<std::size_t>(item));
+    return isItem(item) && level >= Outputs::min_volume && level <= output_.maxVolume(item);
 }
 
 void OutputViewController::handle(const reports::MaxVolume& report) {
-    if (isLimit(report.item, report.level))
-        model().max_volume[static_cast<std::size_t>(report.item)] = report.level;
+    if (!isLimit(report.item, report.level))
+        return;
+    ofItem(output_.max_volume, report.item) = report.level;
+    showLimit(report.item);
 }
 
 void OutputViewController::handle(const outputs::MaxTurnOnVolume& report) {
     if (isLimit(report.item, report.level))
-        model().max_to_volume[static_cast<std::size_t>(report.item)] = report.level;
+        ofItem(output_.max_to_volume, report.item) = report.level;
 }
 
 void OutputViewController::handle(const outputs::MinTurnOnVolume& report) {
     if (isLimit(report.item, report.level))
-        model().min_to_volume[static_cast<std::size_t>(report.item)] = report.level;
+        ofItem(output_.min_to_volume, report.item) = report.level;
 }
 
 void OutputViewController::handle(const outputs::Stereo& report) {
     if (!isItem(report.item))
         return;
-    model().stereo[static_cast<std::size_t>(report.item)] = report.on;
+    ofItem(output_.stereo, report.item) = report.on;
     itemsChanged();
 }
 

@@ -5,14 +5,15 @@
 #include "screens/ItemViewController.h"
 #include "toolkit/SegmentedControl.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 
 namespace lumbra {
 
 /// The Output screen: one of the unit's outputs with its input, volume, mute, power and seven-band equaliser.
 /// Main thread only.
-class OutputViewController final : public ItemViewController<Outputs> {
+class OutputViewController final : public ItemViewController {
 public:
     static constexpr int QUERY_NUMBER = 1;
 
@@ -25,11 +26,11 @@ public:
     void filterFreqChange(std::size_t band);
     void filterGainChange(std::size_t band);
 
-    const Outputs& output() const { return model(); }
-
 protected:
     void processCommand(std::string_view report) override;
     void showItem() override;
+    void showRow(std::int64_t item) override;
+    std::optional<bool> power(std::int64_t item) const override { return ofItem(output_.power, item); }
 
 private:
     using ItemViewController::handle;
@@ -42,15 +43,20 @@ private:
 
     /// True if `item` is an output and `level` (dB) is allowed as one of its limits.
     bool isLimit(int item, int level) const;
+    void showPower();
+    /// A row's mute can't be flipped while the output is off, nor, if it is current, while the card's can't.
+    void enableRowMute(std::int64_t item);
     /// Shows the type of a band of the current output, and enables the sliders that the type has.
     void showType(std::size_t band);
     void showFrequency(std::size_t band);
+    void showKnown(std::size_t band);
     /// Sends the complete setting of a band of the current output.
     void sendFilterCommand(std::size_t band);
 
     template <class Control>
-    using PerBand = std::array<Outlet<Control>, static_cast<std::size_t>(Outputs::bands)>;
+    using PerBand = Outputs::PerBand<Outlet<Control>>;
 
+    Outputs& output_;
     Outlet<Switch> powerSwitch_;
     PerBand<SegmentedControl> filterType_;
     PerBand<Slider> filterFreq_;

@@ -32,8 +32,11 @@ void OverrideViewController::processCommand(std::string_view report) {
 }
 
 void OverrideViewController::handle(const overrides::State& report) {
-    if (report.item >= 0 && report.item < static_cast<int>(ovrSwitch_.size()))
-        ovrSwitch_[static_cast<std::size_t>(report.item)]->setOn(report.on);
+    if (report.item < 0 || report.item >= static_cast<int>(ovrSwitch_.size()))
+        return;
+    const auto& ovrSwitch = ovrSwitch_[static_cast<std::size_t>(report.item)];
+    ovrSwitch->setOn(report.on);
+    ovrSwitch->setKnown(true);
 }
 
 void OverrideViewController::handle(const reports::EndOfState&) {

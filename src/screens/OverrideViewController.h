@@ -5,6 +5,7 @@
 #include "toolkit/Switch.h"
 
 #include <array>
+#include <cstddef>
 
 namespace lumbra {
 
@@ -12,6 +13,7 @@ namespace lumbra {
 class OverrideViewController final : public ScreenViewController {
 public:
     static constexpr int QUERY_NUMBER = 3;
+    static constexpr std::size_t size = 10;
 
     OverrideViewController(const ScreenContext& context, std::shared_ptr<View> view);
 
@@ -25,7 +27,7 @@ private:
     void handle(const overrides::State& report);
     void handle(const reports::EndOfState& report);
 
-    std::array<Outlet<Switch>, 10> ovrSwitch_;
+    std::array<Outlet<Switch>, size> ovrSwitch_;
 };
 
 } // namespace lumbra

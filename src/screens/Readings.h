@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Zones.h"
 #include "toolkit/Label.h"
 
 #include <cstdint>
@@ -8,14 +9,15 @@ namespace lumbra {
 
 // The readings of the screens' labels: whole numbers, truncated toward zero. Any thread.
 
-/// A volume in dB as a percentage of the range from -80 to 0: -40 is "50%".
+/// A volume in dB as a percentage of its range: -40 is "50%".
 constexpr Reading percentOfVolume(std::int64_t volume) {
-    return {(volume + 80) * 10 / 8, Reading::Unit::Percent};
+    return {(volume - Items::min_volume) * 100 / (Items::max_possible_volume - Items::min_volume),
+            Reading::Unit::Percent};
 }
 
-/// A tone setting from -15 to 15 as a percentage of 15: -7 is "-46%".
+/// A tone setting as a percentage of the highest: -7 is "-46%".
 constexpr Reading percentOfTone(std::int64_t tone) {
-    return {tone * 100 / 15, Reading::Unit::Percent};
+    return {tone * 100 / Zones::max_bass, Reading::Unit::Percent};
 }
 
 /// A level or gain in dB: "-40 dB".

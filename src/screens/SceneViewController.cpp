@@ -1,6 +1,6 @@
 #include "screens/SceneViewController.h"
 
-#include "model/Defaults.h"
+#include "model/HideLists.h"
 
 #include <cstddef>
 #include <utility>
@@ -15,29 +15,16 @@ SceneViewController::SceneViewController(const ScreenContext& context, std::shar
 
 void SceneViewController::viewDidLoad() {
     ScreenViewController::viewDidLoad();
-    scenePickerData_.resize(10);
-    fillDefaultNames(scenePickerData_, "Scene");
-    const auto self = shared(this);
-    scenePicker_->setDelegate(self);
-    scenePicker_->setDataSource(self);
-    loadSceneButton_->pressed.set(std::weak_ptr(self), &SceneViewController::loadScenePress);
-    saveSceneButton_->pressed.set(std::weak_ptr(self), &SceneViewController::saveScenePress);
+    scenePickerData_ = defaultNames(size, "Scene");
+    scenePicker_->setRows(scenePickerData_);
+    const std::weak_ptr self = shared(this);
+    scenePicker_->picked.set(self, &SceneViewController::scenePick);
+    loadSceneButton_->pressed.set(self, &SceneViewController::loadScenePress);
+    saveSceneButton_->pressed.set(self, &SceneViewController::saveScenePress);
 }
 
-int SceneViewController::numberOfRows(const Picker&) const {
-    return static_cast<int>(scenePickerData_.size());
-}
-
-std::string_view SceneViewController::titleForRow(const Picker&, int row) const {
-    return scenePickerData_.at(static_cast<std::size_t>(row));
-}
-
-AttributedText SceneViewController::attributedTitleForRow(const Picker& picker, int row) const {
-    return {titleForRow(picker, row), Color::White};
-}
-
-void SceneViewController::didSelectRow(Picker&, int row) {
-    current_scene_ = row;
+void SceneViewController::scenePick(Picker& sender) {
+    current_scene_ = sender.selected();
 }
 
 void SceneViewController::loadScenePress(Button&) {
@@ -56,7 +43,7 @@ void SceneViewController::handle(const reports::ItemName& report) {
     if (report.item < 0 || report.item >= static_cast<int>(scenePickerData_.size()))
         return;
     scenePickerData_[static_cast<std::size_t>(report.item)] = report.name.view();
-    scenePicker_->reloadAllComponents();
+    scenePicker_->setRows(scenePickerData_);
     scenePicker_->selectRow(static_cast<int>(current_scene_));
 }
 

@@ -13,21 +13,16 @@ namespace lumbra {
 
 /// The Scene screen: picks one of ten scenes, recalls it, or stores the unit's current setting in it. Main
 /// thread only.
-class SceneViewController final : public ScreenViewController,
-                                  public PickerDataSource,
-                                  public PickerDelegate {
+class SceneViewController final : public ScreenViewController {
 public:
     static constexpr int QUERY_NUMBER = 2;
+    static constexpr std::int64_t size = 10;
 
     SceneViewController(const ScreenContext& context, std::shared_ptr<View> view);
 
     void viewDidLoad() override;
 
-    int numberOfRows(const Picker& picker) const override;
-    std::string_view titleForRow(const Picker& picker, int row) const override;
-    AttributedText attributedTitleForRow(const Picker& picker, int row) const override;
-    void didSelectRow(Picker& picker, int row) override;
-
+    void scenePick(Picker& sender);
     void loadScenePress(Button& sender);
     void saveScenePress(Button& sender);
 
@@ -41,7 +36,7 @@ private:
     Outlet<Picker> scenePicker_;
     Outlet<Button> loadSceneButton_;
     Outlet<Button> saveSceneButton_;
-    std::vector<std::string> scenePickerData_; ///< ten titles once loaded
+    std::vector<std::string> scenePickerData_; ///< empty until the view is loaded
     std::int64_t current_scene_ = 0;
 };
 

@@ -8,8 +8,9 @@
 namespace lumbra {
 
 ZoneViewController::ZoneViewController(const ScreenContext& context, std::shared_ptr<View> view)
-    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Zone, "zonePicker",
-                         percentOfVolume),
+    : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Zone, std::make_unique<Zones>(),
+                         "zonePicker", percentOfVolume),
+      zone_(static_cast<Zones&>(items())),
       loudnessSwitch_(this->view().outlet<Switch>("loudnessSwitch")),
       bassSlider_(this->view().outlet<Slider>("bassSlider")),
       trebleSlider_(this->view().outlet<Slider>("trebleSlider")),
@@ -27,21 +28,21 @@ void ZoneViewController::viewDidLoad() {
 }
 
 void ZoneViewController::bassSliderChange(Slider&) {
-    defer(bassSlider_, [this](float value) {
-        settle(truncated(value), ofCurrent(model().bass),
-               [&] { send(zones::setBass(zone().current, ofCurrent(zone().bass))); });
+    steps().schedule(bassSlider_, [this](float value) {
+        if (settle(truncated(value), ofCurrent(zone_.bass)))
+            send(zones::setBass(zone_.current, ofCurrent(zone_.bass)));
     });
 }
 
 void ZoneViewController::trebleSliderChange(Slider&) {
-    defer(trebleSlider_, [this](float value) {
-        settle(truncated(value), ofCurrent(model().treble),
-               [&] { send(zones::setTreble(zone().current, ofCurrent(zone().treble))); });
+    steps().schedule(trebleSlider_, [this](float value) {
+        if (settle(truncated(value), ofCurrent(zone_.treble)))
+            send(zones::setTreble(zone_.current, ofCurrent(zone_.treble)));
     });
 }
 
 void ZoneViewController::loudnessSwitchChange(Switch& sender) {
-    send(zones::setLoudness(zone().current, sender.isOn()));
+    send(zones::setLoudness(zone_.current, sender.isOn()));
 }
 
 void ZoneViewController::processCommand(std::string_view report) {
@@ -50,39 +51,49 @@ void ZoneViewController::processCommand(std::string_view report) {
 
 void ZoneViewController::showItem() {
     ItemViewController::showItem();
-    loudnessSwitch_->setOn(ofCurrent(zone().loudness));
+    showLoudness();
     showBass();
     showTreble();
 }
 
+void ZoneViewController::showLoudness() {
+    loudnessSwitch_->setOn(ofCurrent(zone_.loudness));
+    setKnown(toldOfCurrent().loudness, loudnessSwitch_);
+}
+
 void ZoneViewController::showBass() {
-    bassSlider_->setValue(static_cast<float>(ofCurrent(zone().bass)));
-    bassLabel_->setReading(percentOfTone(ofCurrent(zone().bass)));
+    bassSlider_->setValue(static_cast<float>(ofCurrent(zone_.bass)));
+    bassLabel_->setReading(percentOfTone(ofCurrent(zone_.bass)));
+    setKnown(toldOfCurrent().bass, bassSlider_, bassLabel_);
 }
 
 void ZoneViewController::showTreble() {
-    trebleSlider_->setValue(static_cast<float>(ofCurrent(zone().treble)));
-    trebleLabel_->setReading(percentOfTone(ofCurrent(zone().treble)));
+    trebleSlider_->setValue(static_cast<float>(ofCurrent(zone_.treble)));
+    trebleLabel_->setReading(percentOfTone(ofCurrent(zone_.treble)));
+    setKnown(toldOfCurrent().treble, trebleSlider_, trebleLabel_);
 }
 
 void ZoneViewController::handle(const reports::MaxVolume& report) {
-    if (isItem(report.item) && report.level >= Zones::min_volume &&
-        report.level <= Zones::max_possible_volume)
-        model().max_volume[static_cast<std::size_t>(report.item)] = report.level;
+    if (!isItem(report.item) || report.level < Zones::min_volume || report.level > Zones::max_possible_volume)
+        return;
+    ofItem(zone_.max_volume, report.item) = report.level;
+    showLimit(report.item);
 }
 
 void ZoneViewController::handle(const zones::Loudness& report) {
     if (!isItem(report.item))
         return;
-    model().loudness[static_cast<std::size_t>(report.item)] = report.on;
+    ofItem(zone_.loudness, report.item) = report.on;
+    told(report.item).loudness = true;
     if (isCurrent(report.item))
-        loudnessSwitch_->setOn(report.on);
+        showLoudness();
 }
 
 void ZoneViewController::handle(const zones::Bass& report) {
     if (!isItem(report.item) || report.level < Zones::min_bass || report.level > Zones::max_bass)
         return;
-    model().bass[static_cast<std::size_t>(report.item)] = report.level;
+    ofItem(zone_.bass, report.item) = report.level;
+    told(report.item).bass = true;
     if (isCurrent(report.item))
         showBass();
 }
@@ -90,7 +101,8 @@ void ZoneViewController::handle(const zones::Bass& report) {
 void ZoneViewController::handle(const zones::Treble& report) {
     if (!isItem(report.item) || report.level < Zones::min_treble || report.level > Zones::max_treble)
         return;
-    model().treble[static_cast<std::size_t>(report.item)] = report.level;
+    ofItem(zone_.treble, report.item) = report.level;
+    told(report.item).treble = true;
     if (isCurrent(report.item))
         showTreble();
 }
@@ -98,7 +110,7 @@ void ZoneViewController::handle(const zones::Treble& report) {
 void ZoneViewController::handle(const zones::OutputAssignment& report) {
     if (!isItem(report.item) || report.output < 0 || report.output >= Outputs::size)
         return;
-    model().hasMembership[static_cast<std::size_t>(report.item)] = true;
+    ofItem(zone_.hasMembership, report.item) = true;
     itemsChanged();
 }
 

@@ -8,7 +8,7 @@ namespace lumbra {
 
 /// The Zone screen: one of the unit's zones with its input, volume, mute, loudness, bass and treble. Main
 /// thread only.
-class ZoneViewController final : public ItemViewController<Zones> {
+class ZoneViewController final : public ItemViewController {
 public:
     static constexpr int QUERY_NUMBER = 0;
 
@@ -18,8 +18,6 @@ public:
     void bassSliderChange(Slider& sender);
     void trebleSliderChange(Slider& sender);
     void loudnessSwitchChange(Switch& sender);
-
-    const Zones& zone() const { return model(); }
 
 protected:
     void processCommand(std::string_view report) override;
@@ -33,9 +31,11 @@ private:
     void handle(const zones::Treble& report);
     void handle(const zones::OutputAssignment& report);
 
+    void showLoudness();
     void showBass();
     void showTreble();
 
+    Zones& zone_;
     Outlet<Switch> loudnessSwitch_;
     Outlet<Slider> bassSlider_;
     Outlet<Slider> trebleSlider_;

@@ -2,6 +2,11 @@
 
 #include <QCommandLineParser>
 
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
 namespace lumbra {
 
 namespace {
@@ -19,6 +24,37 @@ std::function<bool(const QString&)> storesFile(QString& name) {
     };
 }
 
+CommandLineOption takesNumber(CommandLineOption option, int low, int high, std::function<void(int)> store) {
+    option.store = [low, high, store = std::move(store)](const QString& value) {
+        bool isRight = false;
+        const int number = value.toInt(&isRight);
+        isRight = isRight && number >= low && number <= high;
+        if (isRight)
+            store(number);
+        return isRight;
+    };
+    option.takes = QStringLiteral("a whole number from %1 to %2").arg(low).arg(high);
+    return option;
+}
+
+std::string publicOptions(const GivenOptions& given) {
+    QStringList words;
+    for (const auto& option : given)
+        if (option.isPublic) {
+            words += QStringLiteral("--") + text(option.name);
+            if (!option.value.isEmpty())
+                words += option.value;
+        }
+    return words.join(QLatin1Char(' ')).toStdString();
+}
+
+QString print(const InformationRequest& request) {
+    if (std::fputs(qPrintable(request.text), stdout) >= 0 && std::fflush(stdout) == 0)
+        return {};
+    return QStringLiteral("Standard output can't be written to: %1.")
+        .arg(QString::fromStdString(std::generic_category().message(errno)));
+}
+
 std::vector<CommandLineOption> CommandLine::allOptions() const {
     auto all = options;
     all.push_back({.name = "help", .help = "Print this.", .letter = 'h'});
@@ -26,7 +62,7 @@ std::vector<CommandLineOption> CommandLine::allOptions() const {
     return all;
 }
 
-std::optional<std::variant<InformationRequest, UsageError>>
+std::variant<GivenOptions, InformationRequest, UsageError>
 CommandLine::parse(const QStringList& arguments) const {
     QCommandLineParser parser;
     parser.setApplicationDescription(text(description));
@@ -42,19 +78,22 @@ CommandLine::parse(const QStringList& arguments) const {
         return UsageError{
             QStringLiteral("Unexpected argument \"%1\".").arg(parser.positionalArguments().constFirst())};
 
+    GivenOptions given;
     const auto isGiven = [&](const char* name) { return name && parser.isSet(text(name)); };
     for (const auto& option : options) {
         if (!isGiven(option.name))
             continue;
         if (option.needs && !isGiven(option.needs))
             return UsageError{QStringLiteral("--%1 needs --%2.").arg(text(option.name), text(option.needs))};
-        if (isGiven(option.excludes))
-            return UsageError{QStringLiteral("--%1 and --%2 exclude each other.")
-                                  .arg(text(option.name), text(option.excludes))};
+        for (const auto* other : option.excludes)
+            if (isGiven(other))
+                return UsageError{
+                    QStringLiteral("--%1 and --%2 exclude each other.").arg(text(option.name), text(other))};
         const auto value = option.value ? parser.value(text(option.name)) : QString();
         if (!option.store(value))
             return UsageError{
                 QStringLiteral("--%1 takes %2, not \"%3\".").arg(text(option.name), option.takes, value)};
+        given.push_back({option.name, value, option.isPublic || !option.value});
     }
     if (isGiven("help")) {
         // Without an application object the parser does not know the program's name; with one it takes the path.
@@ -65,7 +104,7 @@ CommandLine::parse(const QStringList& arguments) const {
     }
     if (isGiven("version"))
         return InformationRequest{text(program) + QStringLiteral(" " LUMBRA_VERSION "\n")};
-    return std::nullopt;
+    return given;
 }
 
 } // namespace lumbra

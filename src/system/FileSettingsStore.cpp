@@ -1,10 +1,10 @@
 #include "system/FileSettingsStore.h"
 
+#include "system/FilePath.h"
+
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonParseError>
-#include <QSaveFile>
 
 #include <cerrno>
 #include <cstdint>
@@ -50,38 +50,12 @@ std::optional<SettingValue> fromJson(const QJsonValue& value) {
     return number.toString().toStdString();
 }
 
-/// The file itself if `path` is a symbolic link to it.
-fs::path target(const std::string& path) {
-    std::error_code error;
-    return fs::weakly_canonical(fs::absolute(path, error), error);
-}
-
-/// `start` followed by the first number for which no file exists.
-QString freeName(const QString& start) {
-    for (int number = 1;; ++number) {
-        const QFileInfo info(start + QString::number(number));
-        if (!info.exists() && !info.isSymLink())
-            return info.filePath();
-    }
-}
-
-/// Writes all of `text`. A full disk may accept a part without an error and refuse only the rest.
-bool writeAll(QFileDevice& file, QByteArray text) {
-    while (!text.isEmpty()) {
-        const auto count = file.write(text);
-        if (count <= 0)
-            return false;
-        text.remove(0, count);
-    }
-    return true;
-}
-
 /// An advisory lock on the folder of a file, for as long as this object lives. It leaves nothing on the disk
 /// and ends with the program, even a killed one.
 class FolderLock {
 public:
     explicit FolderLock(const std::string& file, std::chrono::milliseconds patience = {})
-        : folder_(::open(target(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        : folder_(::open(followed(file).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
         constexpr std::chrono::milliseconds STEP{10};
         for (;; patience -= STEP) {
             isBusy_ = ::flock(folder_, LOCK_EX | LOCK_NB) == -1 && errno == EWOULDBLOCK;
@@ -113,7 +87,7 @@ QByteArray withMarksEscaped(const QByteArray& json) {
 } // namespace
 
 std::variant<QJsonObject, std::string> parseSettings(const QByteArray& text) {
-    if (text.size() > FileSettingsStore::MAX_FILE_SIZE)
+    if (text.size() > WholeFile::LONGEST)
         return "it is larger than 1 MiB";
     if (text.trimmed().isEmpty())
         return QJsonObject();
@@ -133,11 +107,11 @@ void FileSettingsStore::reportOnStandardError(const std::string& sentence) {
 }
 
 FileSettingsStore::FileSettingsStore(MainQueue& queue, const std::string& path, Report report)
-    : queue_(queue), path_(path), report_(std::move(report)) {
+    : queue_(queue), file_(path), report_(std::move(report)) {
     refresh();
     if (problem_.reason.empty())
         return;
-    const FolderLock lock(path_, PATIENCE);
+    const FolderLock lock(file_.path(), PATIENCE);
     if (lock.isBusy())
         problem_ = {LOCKED, false};
     else
@@ -154,25 +128,16 @@ void FileSettingsStore::refresh() const {
     if (inMemoryOnly_)
         return;
     problem_ = {};
-    std::error_code error;
-    const auto type = fs::status(path_, error).type();
-    if (type == fs::file_type::not_found) {
+    const auto content = file_.read();
+    if (!content.isThere) {
         values_ = {};
         return;
     }
-    if (type != fs::file_type::regular) { // opening a pipe would block
-        problem_.reason = error ? error.message() : "it is no regular file";
+    if (!content.problem.isEmpty()) {
+        problem_.reason = content.problem.toStdString();
         return;
     }
-    QFile file(QFile::decodeName(path_.c_str()));
-    QByteArray text;
-    if (file.open(QIODevice::ReadOnly))
-        text = file.read(MAX_FILE_SIZE + 1);
-    if (file.error() != QFileDevice::NoError) {
-        problem_.reason = file.errorString().toStdString();
-        return;
-    }
-    const auto parsed = parseSettings(text);
+    const auto parsed = parseSettings(content.text);
     if (const auto* wrong = std::get_if<std::string>(&parsed))
         problem_ = {*wrong, true};
     else
@@ -207,12 +172,10 @@ void FileSettingsStore::change(const QString& key, const QJsonValue& value) {
 void FileSettingsStore::flushLater() {
     if (std::exchange(flushPosted_, true))
         return;
-    queue_.postAfter(FLUSH_DELAY, [this, alive = std::weak_ptr(life_)] {
-        if (alive.expired())
-            return;
+    queue_.postAfter(FLUSH_DELAY, life_.guard([this] {
         flushPosted_ = false;
         flush();
-    });
+    }));
 }
 
 void FileSettingsStore::flush() {
@@ -223,8 +186,8 @@ void FileSettingsStore::save(std::chrono::milliseconds patience) {
     if (inMemoryOnly_ || changes_.empty())
         return;
     std::error_code error; // the write reports it
-    fs::create_directories(fs::path(path_).parent_path(), error);
-    const FolderLock lock(path_, patience);
+    fs::create_directories(fs::path(file_.path()).parent_path(), error);
+    const FolderLock lock(file_.path(), patience);
     if (lock.isBusy())
         return patience == patience.zero() ? flushLater() : saveFailed(LOCKED);
     refresh();
@@ -237,13 +200,9 @@ void FileSettingsStore::save(std::chrono::milliseconds patience) {
     auto values = values_;
     for (const auto& [key, value] : changes_)
         values.insert(key, value); // an undefined value removes the key
-    if (values != values_) {
-        QSaveFile file(QFile::decodeName(path_.c_str()));
-        // Unbuffered, because a buffered file can be committed after a partial write.
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-            !writeAll(file, QJsonDocument(values).toJson()) || !file.commit())
-            return saveFailed(file.errorString().toStdString());
-    }
+    if (values != values_)
+        if (const auto problem = file_.replace(QJsonDocument(values).toJson()); !problem.isEmpty())
+            return saveFailed(problem.toStdString());
     failureReported_ = false;
     changes_.clear();
     values_ = values;
@@ -251,18 +210,18 @@ void FileSettingsStore::save(std::chrono::milliseconds patience) {
 
 void FileSettingsStore::saveFailed(const std::string& reason) {
     if (!std::exchange(failureReported_, true))
-        report_("The settings can't be saved in " + path_ + " (" + reason +
+        report_("The settings can't be saved in " + file_.path() + " (" + reason +
                 "). The next change tries again; what is not saved when the program ends is lost.");
 }
 
 void FileSettingsStore::setAside() {
-    const auto sentence = "The settings in " + path_ + " can't be read (" + problem_.reason + ")";
+    const auto sentence = "The settings in " + file_.path() + " can't be read (" + problem_.reason + ")";
     auto refusal = std::string("the file is left as it is");
     if (problem_.isContent) {
-        QFile file(QFile::decodeName(target(path_).c_str()));
-        const auto aside = freeName(file.fileName() + QStringLiteral(".unreadable-"));
-        if (file.rename(aside)) {
-            report_(sentence + "; the file was renamed to " + QFile::encodeName(aside).toStdString() + ".");
+        const auto aside = file_.setAside([](int n) { return QStringLiteral(".unreadable-%1").arg(n); });
+        if (aside.problem.isEmpty()) {
+            report_(sentence + "; the file was renamed to " + QFile::encodeName(aside.name).toStdString() +
+                    ".");
             // The values that were read before go into the new file.
             for (auto value = values_.begin(); value != values_.end(); ++value)
                 changes_.try_emplace(value.key(), value.value());
@@ -270,7 +229,7 @@ void FileSettingsStore::setAside() {
             problem_ = {};
             return;
         }
-        refusal = "it can't be renamed (" + file.errorString().toStdString() + ")";
+        refusal = "it can't be renamed (" + aside.problem.toStdString() + ")";
     }
     inMemoryOnly_ = true;
     report_(sentence + "; " + refusal + ", and changes hold only until the program ends.");

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 #include "platform/SettingsStore.h"
+#include "system/WholeFile.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -11,7 +13,6 @@
 #include <chrono>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -64,8 +65,6 @@ public:
     static constexpr std::chrono::milliseconds FLUSH_DELAY{200};
     /// How long the constructor and the destructor wait for the lock.
     static constexpr std::chrono::milliseconds PATIENCE{500};
-    /// A larger file is no settings file.
-    static constexpr qint64 MAX_FILE_SIZE = 1 << 20; // bytes
 
 private:
     struct Problem {
@@ -83,7 +82,7 @@ private:
     void setAside();
 
     MainQueue& queue_;
-    const std::string path_;
+    const WholeFile file_;
     const Report report_;
 
     mutable QJsonObject values_;            ///< as last read
@@ -92,7 +91,7 @@ private:
     bool inMemoryOnly_ = false;
     bool failureReported_ = false;
     bool flushPosted_ = false;
-    std::shared_ptr<char> life_ = std::make_shared<char>();
+    Lifetime life_;
 };
 
 } // namespace lumbra

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace lumbra {
 
@@ -17,6 +18,12 @@ struct Handled {
     struct sigaction former {};
 };
 std::array<Handled, NSIG> handled;
+volatile std::sig_atomic_t firstSignal = 0;
+
+/// The main loop has not ended the program in time. The signal has its default action by now.
+void endBySignal(int) {
+    ::raise(firstSignal);
+}
 
 void handleSignal(int signal) {
     const int error = errno;
@@ -24,6 +31,11 @@ void handleSignal(int signal) {
     for (int other = 1; other < NSIG; ++other)
         if (const auto& same = handled[static_cast<std::size_t>(other)]; same.once && same.pipe == entry.pipe)
             ::signal(other, SIG_DFL); // NOLINT: the system's macro
+    if (entry.once) {
+        firstSignal = signal;
+        ::signal(SIGALRM, endBySignal);
+        ::alarm(SignalPipe::LONGEST_END.count());
+    }
     const auto byte = static_cast<unsigned char>(signal);
     // If the pipe is full, enough signals are pending.
     [[maybe_unused]] const auto written = ::write(entry.pipe, &byte, 1);
@@ -54,7 +66,8 @@ SignalPipe::~SignalPipe() {
     for (const int signal : signals_) {
         auto& entry = handled.at(static_cast<std::size_t>(signal));
         ::sigaction(signal, &entry.former, nullptr);
-        entry.once = 0;
+        if (std::exchange(entry.once, 0))
+            ::alarm(0);
     }
     ::close(ends_[0]);
     ::close(ends_[1]);

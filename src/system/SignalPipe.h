@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
@@ -16,6 +17,9 @@ public:
         Every, ///< every signal
         First, ///< the first one; from then on all have their default action, so the next one ends the process
     };
+    /// After the first one of `Takes::First` the pipe must be destroyed within this time. Else the signal ends the
+    /// process: the main loop hangs.
+    static constexpr std::chrono::duration<unsigned> LONGEST_END{5};
 
     /// Throws std::system_error if the system gives no pipe. If the parent process ignores SIGHUP (nohup), it
     /// stays ignored.

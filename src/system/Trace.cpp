@@ -1,5 +1,7 @@
 #include "system/Trace.h"
 
+#include "system/Printable.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QJsonDocument>
@@ -22,11 +24,12 @@ struct EventName {
     Kind kind;
     const char* name;
 };
-constexpr std::array<EventName, 5> EVENTS{{{Kind::Attempt, "attempt"},
+constexpr std::array<EventName, 6> EVENTS{{{Kind::Attempt, "attempt"},
                                            {Kind::Opened, "opened"},
                                            {Kind::Error, "error"},
                                            {Kind::End, "end"},
-                                           {Kind::Closed, "closed"}}};
+                                           {Kind::Closed, "closed"},
+                                           {Kind::Full, "full"}}};
 
 constexpr auto TIME_LIMIT = 1e9; // s
 
@@ -79,6 +82,10 @@ public:
             return readStep(object, entry);
         if (auto problem = readTime(object, entry); !problem.empty())
             return problem;
+        if (textOf(object.value(QLatin1String("event"))) == "full") {
+            entry.kind = Kind::Full;
+            return {};
+        }
         entry.link = object.value(QLatin1String("link")).toInt();
         if (entry.link < 1)
             return "has no \"link\", a number from 1 on";
@@ -92,8 +99,10 @@ public:
 private:
     std::string readTime(const QJsonObject& object, TraceEntry& entry) {
         const auto time = object.value(QLatin1String("time")).toDouble(-1);
-        if (!(time >= 0 && time < TIME_LIMIT))
+        if (!(time >= 0))
             return "has no \"time\" in seconds";
+        if (time >= TIME_LIMIT)
+            return "has a \"time\" of 1000000000 seconds or more, which is too long for a trace";
         entry.time = std::chrono::microseconds(std::llround(time * 1e6));
         if (entry.time < last_)
             return "is earlier than the one before";
@@ -111,7 +120,7 @@ private:
         const auto* const event =
             std::find_if(EVENTS.begin(), EVENTS.end(), [&](const auto& known) { return known.name == name; });
         if (event == EVENTS.end())
-            return "has an event that is not known, \"" + name + "\"";
+            return "has an event that is not known, \"" + printable(name) + "\"";
         entry.kind = event->kind;
         if (entry.kind != Kind::Attempt)
             return {};
@@ -160,9 +169,10 @@ std::string formatTraceStart(const TraceStart& start) {
 std::string formatTraceEntry(const TraceEntry& entry) {
     std::array<char, 64> begin{};
     const auto time = static_cast<long long>(entry.time.count());
-    std::snprintf(begin.data(), begin.size(), R"({"time":%lld.%06lld,"link":%d,)", time / 1'000'000,
-                  time % 1'000'000, entry.link);
+    std::snprintf(begin.data(), begin.size(), R"({"time":%lld.%06lld,)", time / 1'000'000, time % 1'000'000);
     std::string line = begin.data();
+    if (entry.kind != Kind::Full)
+        line += R"("link":)" + std::to_string(entry.link) + ',';
     const bool isSent = entry.kind == Kind::Sent;
     if (isSent || entry.kind == Kind::Received) {
         line += isSent ? R"("sent":)" : R"("received":)";
@@ -183,6 +193,8 @@ std::string formatTraceEntry(const TraceEntry& entry) {
             line += R"(,"host":)";
             appendUtf8(line, entry.text);
             line += R"(,"port":)" + std::to_string(entry.port);
+        } else if (entry.kind == Kind::Full) {
+            line += R"(,"limit":)" + std::to_string(entry.limit);
         }
     }
     return line += "}\n";
@@ -222,9 +234,20 @@ std::variant<Trace, std::string> parseTrace(const QByteArray& text) {
 
 std::variant<Trace, std::string> readTrace(const std::string& path) {
     QFile file(QFile::decodeName(path.c_str()));
-    if (!file.open(QFile::ReadOnly))
+    const auto failed = [&] {
         return "Can't read the trace in " + path + ": " + file.errorString().toStdString() + ".";
-    auto result = parseTrace(file.readAll());
+    };
+    if (!file.open(QFile::ReadOnly))
+        return failed();
+    // The first line tells whether the rest, which may have no end, is worth reading.
+    auto text = file.peek(TRACE_MARK.size());
+    if (text == QByteArray::fromRawData(TRACE_MARK.data(), TRACE_MARK.size()))
+        text = file.read(LONGEST_TRACE + 1);
+    if (file.error() != QFile::NoError)
+        return failed();
+    if (text.size() > LONGEST_TRACE)
+        return "Can't read the trace in " + path + ": it is larger than 1 GiB.";
+    auto result = parseTrace(text);
     if (const auto* problem = std::get_if<std::string>(&result))
         return path + " holds no trace that can be read. " + *problem;
     return result;

@@ -21,12 +21,14 @@ struct TraceEntry {
         Closed,   ///< the program has released the link; its last entry
         Sent,     ///< the program has written
         Received, ///< the program has read
+        Full,     ///< the trace has reached its limit, `limit`; its last entry, of no link
         Step,     ///< what the user did, put in by hand for a test; of no link
     };
     Kind kind{};
     int link = 0;                     ///< counted from 1 in the order of the attempts
     std::string text{};               ///< the bytes sent or received, the host (UTF-8), or the step
     std::uint16_t port = 0;           ///< of an attempt
+    std::int64_t limit = 0;           ///< in bytes
     std::string notSent{};            ///< the bytes of a write that the network did not take
     bool failed = false;              ///< the write was an error
     std::chrono::microseconds time{}; ///< since the start of the trace
@@ -44,6 +46,9 @@ struct Trace {
     TraceStart start;
     std::vector<TraceEntry> entries;
 };
+
+/// A longer file is not read as a trace.
+inline constexpr std::int64_t LONGEST_TRACE = std::int64_t{1} << 30; // bytes
 
 /// How the first line of every trace begins.
 inline constexpr std::string_view TRACE_MARK = R"({"trace":)";

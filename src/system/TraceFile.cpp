@@ -13,6 +13,10 @@ namespace lumbra {
 
 namespace {
 
+constexpr mode_t OWNER_ONLY = S_IRUSR | S_IWUSR;
+/// More than the line takes that tells of the limit.
+constexpr std::int64_t LAST_LINE = 128;
+
 std::string systemError() {
     return std::generic_category().message(errno);
 }
@@ -29,8 +33,8 @@ bool beginsAsTrace(const std::string& path) {
 
 } // namespace
 
-TraceFile::TraceFile(MainQueue& queue, std::string path, Report report)
-    : queue_(queue), path_(std::move(path)), report_(std::move(report)) {
+TraceFile::TraceFile(MainQueue& queue, std::string path, Report report, int limit)
+    : queue_(queue), path_(std::move(path)), report_(std::move(report)), limit_(std::int64_t{limit} << 20) {
     if (const auto problem = open(); !problem.empty()) {
         error_ = "The trace can't be written to " + path_ + ": " + problem + ".";
         isOver_ = true;
@@ -39,7 +43,7 @@ TraceFile::TraceFile(MainQueue& queue, std::string path, Report report)
 
 std::string TraceFile::open() {
     // Neither an open nor a write of a pipe or a device may wait.
-    file_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, S_IRUSR | S_IWUSR);
+    file_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, OWNER_ONLY);
     if (file_ == -1)
         return systemError();
     struct stat status {};
@@ -49,6 +53,8 @@ std::string TraceFile::open() {
         return "another program writes its trace there";
     if (status.st_size > 0 && !beginsAsTrace(path_))
         return "it holds something other than a trace, and is left as it is";
+    if (::fchmod(file_, OWNER_ONLY) == -1)
+        return "others could read it, and its mode can't be changed (" + systemError() + ")";
     return ::ftruncate(file_, 0) == -1 ? systemError() : std::string();
 }
 
@@ -63,31 +69,38 @@ void TraceFile::start(const TraceStart& start) {
 }
 
 void TraceFile::add(TraceEntry entry) {
-    append([&] {
-        entry.time =
-            std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin_);
-        return formatTraceEntry(entry);
-    });
+    append([&] { return formatNow(std::move(entry)); });
+}
+
+std::string TraceFile::formatNow(TraceEntry entry) const {
+    entry.time =
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin_);
+    return formatTraceEntry(entry);
 }
 
 void TraceFile::append(const std::function<std::string()>& line) {
     const std::lock_guard lock(mutex_);
     if (isOver_)
         return;
-    pending_ += line(); // inside the lock, so that the times ascend
+    auto added = line(); // inside the lock, so that the times ascend
+    if (added_ + static_cast<std::int64_t>(added.size()) > limit_ - LAST_LINE) {
+        added = formatNow({.kind = TraceEntry::Kind::Full, .limit = limit_});
+        isFull_ = isOver_ = true;
+    }
+    added_ += static_cast<std::int64_t>(added.size());
+    pending_ += added;
     if (!std::exchange(posted_, true))
-        queue_.post([this, weak = std::weak_ptr(life_)] {
-            if (!weak.expired())
-                write();
-        });
+        queue_.post(life_.guard([this] { write(); }));
 }
 
 void TraceFile::write() {
     std::string lines;
+    bool isFull = false;
     {
         const std::lock_guard lock(mutex_);
         lines.swap(pending_);
         posted_ = false;
+        isFull = std::exchange(isFull_, false);
     }
     std::size_t written = 0;
     while (written < lines.size()) {
@@ -108,6 +121,9 @@ void TraceFile::write() {
         }
     }
     size_ += static_cast<std::int64_t>(lines.size());
+    if (isFull)
+        report_("The trace in " + path_ + " ends here: it has reached its limit of " +
+                std::to_string(limit_ >> 20) + " MiB.");
 }
 
 } // namespace lumbra

@@ -31,7 +31,10 @@ public:
         changed_.emit();
     }
     /// The program closes the alert, which is no longer true.
-    void withdraw() { dismissByUser(); }
+    void withdraw() {
+        if (dismissByUser())
+            withdrawn_.emit();
+    }
     /// The user presses the button of the alert. False if none is shown.
     bool dismissByUser() {
         if (!shown_)
@@ -41,13 +44,18 @@ public:
         return true;
     }
 
-    /// Calls `observer` each time an alert is presented or dismissed.
+    /// Calls `observer` each time an alert is presented, dismissed or withdrawn.
     Subscription onChange(std::function<void()> observer) { return changed_.subscribe(std::move(observer)); }
+    /// Calls `observer` each time an alert that was shown has been withdrawn.
+    Subscription onWithdrawal(std::function<void()> observer) {
+        return withdrawn_.subscribe(std::move(observer));
+    }
 
 private:
     std::optional<Alert> shown_;
     bool muted_ = false;
     Signal<> changed_;
+    Signal<> withdrawn_;
 };
 
 } // namespace lumbra

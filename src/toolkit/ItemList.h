@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace lumbra {
 
@@ -55,6 +56,15 @@ public:
     /// The same for the item's mute.
     virtual const std::shared_ptr<Switch>& muteOf(std::size_t row) const = 0;
 
+    // The same while the row's item is called `name`, which is what the user saw there; else, and if there is no such
+    // row, null.
+    std::shared_ptr<Slider> volumeAt(std::size_t row, std::string_view name) const {
+        return isAt(row, name) ? volumeOf(row) : nullptr;
+    }
+    std::shared_ptr<Switch> muteAt(std::size_t row, std::string_view name) const {
+        return isAt(row, name) ? muteOf(row) : nullptr;
+    }
+
     /// Calls `observer` with a row whose values may have changed, or with nothing if any row may have, or
     /// their number.
     Subscription onRowChange(std::function<void(std::optional<std::size_t> row)> observer) const {
@@ -67,6 +77,8 @@ protected:
     void announceRows() const { changed_.emit(std::nullopt); }
 
 private:
+    bool isAt(std::size_t at, std::string_view name) const { return at < rowCount() && row(at).name == name; }
+
     mutable Signal<std::optional<std::size_t>> changed_;
 };
 

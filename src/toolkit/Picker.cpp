@@ -1,44 +1,23 @@
 #include "toolkit/Picker.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace lumbra {
 
-std::string_view nameOf(Color color) {
-    return color == Color::White ? "white" : "black";
+std::string_view nameOf(Color) {
+    return "white";
 }
 
-void Picker::setDataSource(std::weak_ptr<PickerDataSource> dataSource) {
-    dataSource_ = std::move(dataSource);
-    reloadAllComponents();
-}
-
-void Picker::reloadAllComponents() {
-    const auto source = dataSource_.lock();
-    if (!source)
+void Picker::setRows(std::span<const std::string> rows) {
+    // The unit repeats all names in each answer to a state query: most calls change nothing.
+    const bool differs = !std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end());
+    const auto last = static_cast<int>(rows.size()) - 1;
+    const int kept = rows.empty() ? -1 : std::clamp(selected_, 0, last);
+    if (!differs && kept == selected_)
         return;
-    const auto count = static_cast<std::size_t>(std::max(0, source->numberOfRows(*this)));
-    bool differs = count != rows_.size();
-    rows_.resize(count);
-    for (std::size_t row = 0; row < count; ++row) {
-        const auto title = source->attributedTitleForRow(*this, static_cast<int>(row));
-        // Most reloads change one row or none: the others are compared, not copied.
-        if (rows_[row] != title.text) {
-            rows_[row] = title.text;
-            differs = true;
-        }
-        if (color_ != title.color) {
-            color_ = title.color;
-            differs = true;
-        }
-    }
-    const int last = static_cast<int>(count) - 1;
-    const int kept = count == 0 ? -1 : std::clamp(selected_, 0, last);
-    differs = differs || kept != selected_;
+    rows_.assign(rows.begin(), rows.end());
     selected_ = kept;
-    if (differs)
-        notifyChanged();
+    notifyChanged();
 }
 
 void Picker::selectRow(int row) {
@@ -50,8 +29,7 @@ bool Picker::pickByUser(int row) {
     if (!isEnabled() || !has(row))
         return false;
     change(selected_, row);
-    if (const auto delegate = delegate_.lock())
-        delegate->didSelectRow(*this, row);
+    picked.send(*this);
     return true;
 }
 

@@ -2,8 +2,6 @@
 
 #include "touch/RefreshQueue.h"
 
-#include <QPointer>
-
 #include <utility>
 
 namespace lumbra {
@@ -11,13 +9,6 @@ namespace lumbra {
 void Adapter::mark() {
     if (!std::exchange(marked_, true))
         queue_.mark(*this);
-}
-
-void Adapter::after(std::chrono::milliseconds delay, std::function<void()> work) {
-    queue_.mainQueue().postAfter(delay, [self = QPointer(this), work = std::move(work)] {
-        if (self)
-            work();
-    });
 }
 
 void Adapter::refreshIfMarked() {

@@ -3,9 +3,6 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-#include <chrono>
-#include <functional>
-
 namespace lumbra {
 
 class RefreshQueue;
@@ -29,8 +26,6 @@ Q_SIGNALS:
 protected:
     /// Call when something visible to QML has changed: schedules `refresh`.
     void mark();
-    /// Runs `work` after `delay`, unless this object is destroyed before.
-    void after(std::chrono::milliseconds delay, std::function<void()> work);
     /// Updates what QML sees.
     virtual void refresh() { Q_EMIT changed(); }
 

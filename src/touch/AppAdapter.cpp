@@ -12,17 +12,11 @@ AppAdapter::AppAdapter(Application& application, WindowLife& life, const QString
       alert_(new AlertAdapter(application.alerts(), refreshQueue_, this)),
       settings_(new SettingsAdapter(application, life, refreshQueue_, this)),
       screenChange_(application.tabs().onScreenChange([this] { updateTabs(); })),
-      alertChange_(application.alerts().onChange([this] { cancelGrabs(); })) {
+      alertChange_(application.alerts().onChange([this] { handsOff(); })) {
     updateTabs();
 }
 
-void AppAdapter::cancelGrabs() {
-    for (auto* const screen : screens_)
-        screen->cancelGrabs();
-}
-
 void AppAdapter::updateTabs() {
-    cancelGrabs();
     QList<ScreenAdapter*> tabs;
     for (const auto& controller : application_.tabs().viewControllers())
         tabs << adapterOf(controller);

@@ -47,8 +47,8 @@ public:
     /// The user selects a tab by its 0-based position, which may be selected already.
     Q_INVOKABLE void selectTab(int index) { application_.tabs().selectByUser(index); }
 
-    /// Cancels the grabs of all sliders, because what is under the finger has moved or disappeared.
-    Q_INVOKABLE void cancelGrabs();
+    /// Takes all hands off, because what is under the finger has moved or disappeared.
+    Q_INVOKABLE void handsOff() { application_.hands().cancel(); }
 
 Q_SIGNALS:
     void tabsChanged();

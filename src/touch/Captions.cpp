@@ -1,5 +1,7 @@
 #include "touch/Captions.h"
 
+#include "app/DefaultName.h"
+
 #include <QCoreApplication>
 
 #include <cctype>
@@ -21,7 +23,7 @@ constexpr const char* CONTEXT = "System";
     QT_TRANSLATE_NOOP("Sentence", "frequency"), QT_TRANSLATE_NOOP("Sentence", "gain"),
 };
 
-QString toQString(std::string_view text) {
+QString utf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
@@ -29,8 +31,7 @@ QString toQString(std::string_view text) {
 QString translatedWords(const char* context, std::string_view text) {
     const auto head = text.substr(0, text.find_last_not_of("0123456789") + 1);
     const auto words = head.ends_with(' ') ? head.substr(0, head.size() - 1) : text;
-    return QCoreApplication::translate(context, std::string(words).c_str()) +
-           toQString(text.substr(words.size()));
+    return QCoreApplication::translate(context, std::string(words).c_str()) + utf8(text.substr(words.size()));
 }
 
 } // namespace
@@ -42,6 +43,11 @@ QString translatedText(std::string_view text) {
 QString translatedText(const Text& text) {
     const auto words = QCoreApplication::translate(CONTEXT, std::string(text.pattern).c_str());
     return QString::fromStdString(text.filled(words.toStdString()));
+}
+
+QString shownName(std::string_view name) {
+    const auto given = defaultName(name);
+    return given ? translatedText(*given) : utf8(name);
 }
 
 QString spokenText(const Label& label) {

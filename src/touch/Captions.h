@@ -18,6 +18,9 @@ QString translatedText(std::string_view text);
 /// Translates the words of a text, and fills in its arguments as they are.
 QString translatedText(const Text& text);
 
+/// A name as it is shown: one that the unit has given unchanged, a default name in the user's language.
+QString shownName(std::string_view name);
+
 /// The text of a label for a screen reader: "50%" is "50 percent", "-40 dB" is "-40 decibels".
 QString spokenText(const Label& label);
 

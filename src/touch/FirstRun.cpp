@@ -1,6 +1,7 @@
 #include "touch/FirstRun.h"
 
-#include "touch/AddressHint.h"
+#include "app/AddressHint.h"
+#include "touch/Captions.h"
 
 #include <QQuickWindow>
 
@@ -31,7 +32,8 @@ int FirstRun::maximumUnit() {
 }
 
 QString FirstRun::hintFor(const QString& address) {
-    return addressHint(address);
+    const auto hint = addressHint(address.toStdString());
+    return hint ? translatedText(*hint) : QString();
 }
 
 void FirstRun::connectTo(const QString& address, int unit) {

@@ -1,6 +1,7 @@
 #include "touch/LinkAdapter.h"
 
 #include "link/ServerConnection.h"
+#include "touch/Captions.h"
 
 #include <utility>
 
@@ -13,20 +14,8 @@ LinkAdapter::LinkAdapter(Application& application, QString endpoint, RefreshQueu
       linkChange_(application.link().onLinkChange([this] { mark(); })),
       statusChange_(application.status().onChange([this] { mark(); })) {}
 
-LinkAdapter::State LinkAdapter::state() const {
-    switch (application_.status().status()) {
-    case ScreenStatus::Waiting:
-        return State::Waiting;
-    case ScreenStatus::Silent:
-        return State::Silent;
-    case ScreenStatus::Current:
-        return State::Current;
-    case ScreenStatus::Offline:
-        break;
-    }
-    if (application_.link().linkState() != LinkState::Closed)
-        return State::Connecting;
-    return application_.keepsConnected() ? State::Retrying : State::NotConnected;
+QString LinkAdapter::text() const {
+    return translatedText(textOf(application_.condition(), application_.link().unit));
 }
 
 QString LinkAdapter::address() const {

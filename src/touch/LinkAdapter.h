@@ -14,18 +14,19 @@ class LinkAdapter final : public lumbra::Adapter {
     QML_ELEMENT
     QML_UNCREATABLE("the application gives it")
     Q_PROPERTY(State state READ state NOTIFY changed)
+    Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(QString address READ address NOTIFY changed)
     Q_PROPERTY(bool redirected READ isRedirected CONSTANT)
-    Q_PROPERTY(int unit READ unit NOTIFY changed)
 
 public:
+    /// As Condition.
     enum class State {
-        NotConnected,
-        Retrying, ///< not connected; the application will try again without the user
-        Connecting,
-        Waiting, ///< connected; the unit has not answered yet
-        Silent,  ///< connected; the unit does not answer
-        Current, ///< connected; the screen shows what the unit has reported
+        NotConnected = static_cast<int>(Condition::NotConnected),
+        Retrying = static_cast<int>(Condition::Retrying),
+        Connecting = static_cast<int>(Condition::Connecting),
+        Waiting = static_cast<int>(Condition::Waiting),
+        Silent = static_cast<int>(Condition::Silent),
+        Current = static_cast<int>(Condition::Current),
     };
     Q_ENUM(State)
 
@@ -33,13 +34,13 @@ public:
     /// `application` outlives the adapter.
     LinkAdapter(Application& application, QString endpoint, RefreshQueue& queue, QObject* parent);
 
-    State state() const;
+    State state() const { return static_cast<State>(application_.condition()); }
+    /// It in words, in the user's language.
+    QString text() const;
     /// What the application connects to: the unit's address as the connection holds it, or what replaces it.
     QString address() const;
     /// Whether something other than the unit's address is reached.
     bool isRedirected() const { return !endpoint_.isEmpty(); }
-    /// The number of the unit.
-    int unit() const { return static_cast<int>(application_.link().unit); }
     /// Runs the connect step of the current screen, and nothing else.
     Q_INVOKABLE void reconnect() { application_.reconnect(); }
 

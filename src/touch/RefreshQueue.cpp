@@ -10,11 +10,11 @@ void RefreshQueue::mark(Adapter& adapter) {
     marked_.emplace_back(&adapter);
     if (std::exchange(waiting_, true))
         return;
-    queue_.post(guarded([this] { refreshMarked(); }));
+    queue_.post(life_.guard([this] { refreshMarked(); }));
 }
 
 void RefreshQueue::refreshMarked() {
-    queue_.postAfter(FRAME, guarded([this] { frameOver(); }));
+    queue_.postAfter(FRAME, life_.guard([this] { frameOver(); }));
     // A refresh may mark further adapters.
     const auto marked = std::exchange(marked_, {});
     for (const auto& adapter : marked)

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/Lifetime.h"
 #include "platform/MainQueue.h"
 
 #include <QPointer>
 
 #include <chrono>
-#include <memory>
 #include <vector>
 
 namespace lumbra {
@@ -32,18 +32,11 @@ public:
 private:
     void refreshMarked();
     void frameOver();
-    template <class Step>
-    auto guarded(Step step) {
-        return [alive = std::weak_ptr(life_), step] {
-            if (!alive.expired())
-                step();
-        };
-    }
 
     MainQueue& queue_;
     std::vector<QPointer<Adapter>> marked_;
     bool waiting_ = false; ///< a refresh is posted, or the frame is not over
-    std::shared_ptr<char> life_ = std::make_shared<char>();
+    Lifetime life_;
 };
 
 } // namespace lumbra

@@ -5,6 +5,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 namespace lumbra {
@@ -15,13 +16,16 @@ ScreenAdapter::ScreenAdapter(std::shared_ptr<ViewController> controller, Applica
       controller_(std::move(controller)),
       application_(application),
       queue_(queue),
-      statusChange_(application.status().onChange([this] { followStatus(); })) {}
+      statusChange_(application.status().onChange([this] { followStatus(); })),
+      handsOff_(application.hands().onCancel([this](const View* view) {
+          if (!view || view == &controller_->view())
+              Q_EMIT handsOff();
+      })) {}
 
 void ScreenAdapter::followStatus() {
-    if (isOffline())
-        cancelGrabs();
-    for (auto* const adapter : sending_)
-        adapter->setLocked(isOffline());
+    for (const auto& item : controller_->view().items())
+        if (auto* const adapter = adapters_.value(QString::fromStdString(item.name)))
+            adapter->setLocked(application_.isLocked(item));
     Q_EMIT statusChanged();
 }
 
@@ -52,12 +56,13 @@ AdapterType* ScreenAdapter::adapter(const QString& name) {
         qWarning() << "The" << this->name() << "screen has no such control:" << name;
         return nullptr;
     }
-    auto* const made = new AdapterType(control, item->caption, queue_, this);
+    AdapterType* made = nullptr;
+    if constexpr (std::is_same_v<ControlType, Slider>)
+        made = new AdapterType(control, application_.hands().on(control), item->caption, queue_, this);
+    else
+        made = new AdapterType(control, item->caption, queue_, this);
+    made->setLocked(application_.isLocked(*item));
     adapters_.insert(name, made);
-    if (item->sends) {
-        sending_ << made;
-        made->setLocked(isOffline());
-    }
     return made;
 }
 
@@ -87,28 +92,6 @@ ActivityAdapter* ScreenAdapter::activity(const QString& name) {
 
 ButtonAdapter* ScreenAdapter::button(const QString& name) {
     return adapter<ButtonAdapter, Button>(name);
-}
-
-void ScreenAdapter::setItemPicker(const QString& name) {
-    const auto control = std::dynamic_pointer_cast<Picker>(controller_->view().find(name.toStdString()));
-    if (!control)
-        return;
-    const auto item = [picker = control.get()] {
-        return std::pair(picker->selected(), picker->selectedText());
-    };
-    itemChange_ = control->onChange([this, item, known = item()]() mutable {
-        if (auto now = item(); now != known) {
-            known = std::move(now);
-            cancelGrabs();
-        }
-    });
-}
-
-void ScreenAdapter::cancelGrabs() {
-    for (auto* const adapter : adapters_)
-        if (auto* const slider = qobject_cast<SliderAdapter*>(adapter))
-            slider->cancelGrabs();
-    Q_EMIT handsOff();
 }
 
 } // namespace lumbra

@@ -21,8 +21,7 @@ namespace lumbra {
 
 /// Exposes a screen to QML: its names, and its controls by their names in the layout. The adapter of a
 /// control is created on the first request and lives as long as this object. A request for a control that the
-/// layout lacks, or that is of another kind, returns null and logs a warning. While the link is not open, all
-/// controls that send are locked. Main thread only.
+/// layout lacks, or that is of another kind, returns null and logs a warning. Main thread only.
 class ScreenAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -55,22 +54,14 @@ public:
     Q_INVOKABLE lumbra::ActivityAdapter* activity(const QString& name);
     Q_INVOKABLE lumbra::ButtonAdapter* button(const QString& name);
 
-    /// From now on, cancels the grabs of the sliders when another row of the picker `name` is selected. The
-    /// sliders then belong to another item: a finger that set one item's volume must not set the other's.
-    /// Ignored if there is no such picker.
-    Q_INVOKABLE void setItemPicker(const QString& name);
-    /// Cancels the grabs of this screen's sliders and emits `handsOff`.
-    void cancelGrabs();
-
     const std::shared_ptr<ViewController>& controller() const { return controller_; }
 
 Q_SIGNALS:
     void statusChanged();
-    /// What is under a finger, or what a question was about, may now be something else.
+    /// Hands have been taken off: what a question was about may now be something else.
     void handsOff();
 
 private:
-    bool isOffline() const { return application_.status().status() == ScreenStatus::Offline; }
     void followStatus();
     template <class AdapterType, class ControlType>
     AdapterType* adapter(const QString& name);
@@ -79,10 +70,9 @@ private:
     Application& application_;
     RefreshQueue& queue_;
     QHash<QString, ControlAdapter*> adapters_;
-    QList<ControlAdapter*> sending_; ///< the adapters of the controls that send
     ItemListAdapter* items_ = nullptr;
     Subscription statusChange_;
-    Subscription itemChange_;
+    Subscription handsOff_;
 };
 
 } // namespace lumbra

@@ -1,7 +1,7 @@
 #include "touch/SettingsAdapter.h"
 
+#include "app/AddressHint.h"
 #include "app/Settings.h"
-#include "touch/AddressHint.h"
 #include "touch/Captions.h"
 
 #include <algorithm>
@@ -43,7 +43,8 @@ void SettingsAdapter::setAddress(const QString& address) {
 }
 
 QString SettingsAdapter::addressHint() const {
-    return lumbra::addressHint(address());
+    const auto hint = lumbra::addressHint(address().toStdString());
+    return hint ? translatedText(*hint) : QString();
 }
 
 int SettingsAdapter::unit() const {

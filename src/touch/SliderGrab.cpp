@@ -1,45 +1,57 @@
 #include "touch/SliderGrab.h"
 
-#include <cmath>
-
 namespace lumbra {
 
 void SliderGrab::setSlider(SliderAdapter* slider) {
     if (slider == slider_)
         return;
-    end();
+    finger_.reset();
+    if (slider_)
+        slider_->disconnect(this);
     slider_ = slider;
+    if (slider_) {
+        finger_.emplace(slider_->hand());
+        // The hand outlives its adapter.
+        QObject::connect(slider_, &QObject::destroyed, this, [this] {
+            finger_.reset();
+            slider_ = nullptr;
+        });
+    }
     Q_EMIT sliderChanged();
 }
 
 void SliderGrab::begin() {
-    last_.reset();
-    offset_ = 0;
-    if (slider_)
-        slider_->grab(this);
+    if (!finger_)
+        return;
+    finger_->press();
+    Q_EMIT slider_->changed();
 }
 
 void SliderGrab::end() {
-    if (slider_)
-        slider_->release(this);
+    if (!finger_)
+        return;
+    finger_->lift();
+    Q_EMIT slider_->changed();
 }
 
 bool SliderGrab::dragToPosition(qreal position) {
-    return slider_ && dragToValue(slider_->minimum() + position * (slider_->maximum() - slider_->minimum()));
+    return slider_ && dragToValue(slider_->valueAt(position));
 }
 
 bool SliderGrab::dragToValue(qreal value) {
-    if (!isActive() || !std::isfinite(value))
+    if (!finger_)
         return false;
-    if (last_ && slider_->value() != last_->left)
-        offset_ = slider_->value() - last_->asked;
-    const bool moved = slider_->moveToValue(value + offset_);
-    last_ = {value, slider_->value()};
+    const bool moved = finger_->dragTo(static_cast<float>(value));
+    Q_EMIT slider_->changed();
     return moved;
 }
 
 bool SliderGrab::moveBy(qreal difference) {
-    return isActive() && slider_->moveBy(difference);
+    if (!finger_)
+        return false;
+    const bool moved = finger_->moveBy(static_cast<float>(difference));
+    Q_EMIT slider_->changed();
+    return moved;
 }
 
 } // namespace lumbra

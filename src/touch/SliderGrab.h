@@ -1,21 +1,17 @@
 #pragma once
 
+#include "app/Finger.h"
 #include "touch/SliderAdapter.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
 
 namespace lumbra {
 
-/// A grab of a slider by a press or drag, from `begin` to `end`. It also ends when `slider` changes, when
-/// either object is destroyed, and when the slider cancels its grabs; drags then do nothing until the next
-/// `begin`. Main thread only.
-///
-/// A drag is relative: if the slider has moved by other means since the last call, such as a report, a drag
-/// goes on from where the slider is now.
+/// Exposes a finger on a slider to QML, from `begin` to `end`. It is lifted when `slider` changes, and when either
+/// object is destroyed. Main thread only.
 class SliderGrab : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -23,7 +19,6 @@ class SliderGrab : public QObject {
 
 public:
     explicit SliderGrab(QObject* parent = nullptr) : QObject(parent) {}
-    ~SliderGrab() override { end(); }
 
     SliderAdapter* slider() const { return slider_; }
     void setSlider(SliderAdapter* slider);
@@ -31,8 +26,7 @@ public:
     /// Does nothing without a slider.
     Q_INVOKABLE void begin();
     Q_INVOKABLE void end();
-    /// Moves the slider to a fraction of its range, clamped to 0 to 1: one event, or none if that is the
-    /// value shown. Returns false and does nothing outside a grab or if the control is disabled.
+    /// Drags the slider to a fraction of its range. False without a slider, and as Finger has it.
     Q_INVOKABLE bool dragToPosition(qreal position);
     /// The same to a value in the units of the control.
     Q_INVOKABLE bool dragToValue(qreal value);
@@ -43,17 +37,8 @@ Q_SIGNALS:
     void sliderChanged();
 
 private:
-    /// The last drag: the value that it asked for, and the value that the slider then had.
-    struct Drag {
-        qreal asked;
-        qreal left;
-    };
-
-    bool isActive() const { return slider_ && slider_->isHeldBy(this); }
-
-    QPointer<SliderAdapter> slider_;
-    std::optional<Drag> last_;
-    qreal offset_ = 0; ///< from what a drag asks for to where it leads
+    SliderAdapter* slider_ = nullptr;
+    std::optional<Finger> finger_; ///< where there is a slider
 };
 
 } // namespace lumbra

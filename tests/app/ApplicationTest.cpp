@@ -1,4 +1,6 @@
 #include "Remote.h"
+#include "app/AddressHint.h"
+#include "app/DefaultName.h"
 
 #include <gtest/gtest.h>
 
@@ -116,6 +118,27 @@ TEST(Life, KeepsConnectedIfAsked) {
             away ; wait 99 ; link closed ; back ; link opening ; error ; alerts 1 ; away ; wait 99 ; link closed)"},
     };
     EXPECT_EQ(playAll(scenarios, "connect", Reconnection::Automatic), "");
+}
+
+TEST(AddressHint, TellsWhatIsOddAndNothingElse) {
+    for (const char* fine :
+         {"192.168.1.50", "0.0.0.0", "unit.local", "lumbra", "küche-2", "fe80::1%eth0", "::a"})
+        EXPECT_FALSE(addressHint(fine)) << fine;
+    for (const char* odd :
+         {"", "192.168.1", "192.168.1.256", "192.168.1.0050", "192.168..50", "1.2.3.4.5", ".",
+          "192.168.1.50 ", "unit\u00a0", "192.168.1.50:23", "unit:23", "http//x", "unit\u201d"})
+        EXPECT_TRUE(addressHint(odd)) << odd;
+}
+
+TEST(DefaultName, IsNoNameThatSomebodyHasGiven) {
+    for (const auto& [name, english] : {std::pair("Zone 1", "Zone 1"),
+                                        {"Source 20", "Source 20"},
+                                        {"Zone", ""},
+                                        {"Zone 100", ""},
+                                        {"Zone 1b", ""},
+                                        {"Zone ", ""},
+                                        {"My Zone 1", ""}})
+        EXPECT_EQ(defaultName(name).value_or(Text{}).english(), english) << name;
 }
 
 } // namespace lumbra::test

@@ -11,20 +11,20 @@ TEST(Console, PlaysItsTranscripts) {
     const Scenario scenarios[] = {
         {"only the screen on show tells of its controls", R"(
             ~ > U1Z1V-30
-            < {"event":"control","screen":"zone","control":"volumeSlider","state":{"kind":"slider","value":-30.0,"min":-80.0,"max":0.0,"enabled":true}}
-            < {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%"}}
+            <~ {"event":"control","screen":"zone","control":"volumeSlider","state":{"kind":"slider","value":-30.0,"min":-80.0,"max":0.0,"enabled":true,"caption":"Volume",
+            <~ {"event":"control","screen":"zone","control":"volumeLabel","state":{"kind":"label","text":"62%","caption":"" ; <~ muteSwitch
             $ tab scene
             < {"event":"screen","screen":"scene","tabs":["zone","group","override","scene"],"selected":3}
             < {"event":"status","status":"waiting"}
-            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true}}
+            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":true,"caption":""}}
             = tab ; ~ > U1Z1V-20 ; ~ > U1APPQ2
-            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":false}}
+            < {"event":"control","screen":"scene","control":"spinner","state":{"kind":"activityIndicator","animating":false,"caption":""}}
             < {"event":"status","status":"current"}
             $ state
-            < {"reply":"state","ok":true,"screen":"scene","tabs":["zone","group","override","scene"],"selected":3,"controls":{"scenePicker":{"kind":"picker","rows":["Scene 1","Scene 2","Scene 3","Scene 4","Scene 5","Scene 6","Scene 7","Scene 8","Scene 9","Scene 10"],"selected":0,"color":"white"},"loadSceneButton":{"kind":"button","title":"Recall"},"saveSceneButton":{"kind":"button","title":"Store"},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open","status":"current"}
+            <~ "loadSceneButton":{"kind":"button","title":"Recall","caption":""},"saveSceneButton":{"kind":"button","title":"Store","caption":""},"spinner":{"kind":"activityIndicator","animating":false,"caption":""}},"alert":null,"link":"open","status":"current","address":"192.168.1.50","unit":1,"retrying":false}
             $ "tab" "0" ; <~ "screen":"zone" ; <~ waiting ; <~ spinner ; = tab
             $ tab override ; <... ; ~ > U1APPQ3 ; <... ; $ state
-            < {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true},"ovrSwitch2":{"kind":"switch","on":false,"enabled":true},"ovrSwitch3":{"kind":"switch","on":false,"enabled":true},"ovrSwitch4":{"kind":"switch","on":false,"enabled":true},"ovrSwitch5":{"kind":"switch","on":false,"enabled":true},"ovrSwitch6":{"kind":"switch","on":false,"enabled":true},"ovrSwitch7":{"kind":"switch","on":false,"enabled":true},"ovrSwitch8":{"kind":"switch","on":false,"enabled":true},"ovrSwitch9":{"kind":"switch","on":false,"enabled":true},"ovrSwitch10":{"kind":"switch","on":false,"enabled":true},"spinner":{"kind":"activityIndicator","animating":false}},"alert":null,"link":"open","status":"current"})"},
+            <~ {"reply":"state","ok":true,"screen":"override","tabs":["zone","group","override","scene"],"selected":2,"controls":{"ovrSwitch1":{"kind":"switch","on":false,"enabled":true,"caption":"Override 1")"},
         {"the tab on show selected again is stored and nothing appears", R"(
             $ set start_tab_preference 3 ; = set ; $ tab zone ; = tab ; ~ sent ; $ get start_tab_preference
             < {"reply":"get","ok":true,"settings":{"start_tab_preference":0}})"},
@@ -32,10 +32,11 @@ TEST(Console, PlaysItsTranscripts) {
             $ slide volumeSlider -30.5 ; <~ "value":-30.5 ; = slide ; $ slide volumeSlider -30.5 ; = slide
             ~ sent ; ~ wait 0.75 ; ~ sent [U1Z1V-30]
             $ slide bassSlider 1e30 ; <~ "value":15.0 ; = slide ; $ slide bassSlider -1e300 ; <~ "value":-15.0 ; = slide
-            $ slide volumeSlider +3 ; <~ "value":0.0 ; = slide)"},
+            $ slide volumeSlider +3 ; <~ "value":0.0 ; = slide
+            $ slide bassSlider 1e5000 ; <~ "value":15.0 ; = slide)"},
         {"a switch, a row and a button", R"(
             $ switch muteSwitch on
-            < {"event":"control","screen":"zone","control":"muteSwitch","state":{"kind":"switch","on":true,"enabled":true}}
+            <~ {"event":"control","screen":"zone","control":"muteSwitch","state":{"kind":"switch","on":true,"enabled":true,"caption":"Mute"
             = switch ; ~ sent [U1Z1M1] ; $ switch muteSwitch on ; = switch ; ~ sent
             $ switch muteSwitch toggle ; <~ "on":false ; = switch ; ~ sent [U1Z1M0]
             ~ > U1I3N"Tuner" ; <~ "Tuner" ; ~ > U1I3N"Tuner"
@@ -44,10 +45,10 @@ TEST(Console, PlaysItsTranscripts) {
             $ press saveSceneButton ; = press ; ~ sent [U1SP5SAVE])"},
         {"an item that changes beside the one on show, while watched", R"(
             ~ > U1Z3V-35 ; $ watch on ; = watch ; ~ > U1Z3V-35
-            $ pick sourcePicker 1 ; <~ sourcePicker ; <~ "row":0,"name":"Zone 1","input":"Source 2" ; = pick
-            $ slide bassSlider 1 ; <... ; $ slide volumeSlider -30 ; <... ; ~ wait 0.75 ; <~ "row":0,"name":"Zone 1","input":"Source 2","volume":-30
+            $ pick sourcePicker 1 ; <~ sourcePicker ; <~ "asked":{"input":"Source 2"} ; = pick
+            $ slide bassSlider 1 ; <... ; $ slide volumeSlider -30 ; <... ; ~ wait 0.75 ; <~ "asked":{"volume":-30,
             ~ > U1Z3V-20
-            < {"event":"item","screen":"zone","item":{"row":2,"name":"Zone 3","input":"Source 1","volume":-20,"text":"75%","mute":false}}
+            <~ {"event":"item","screen":"zone","item":{"row":2,"name":"Zone 3","input":"Source 1","volume":-20,"text":"75%","mute":false,"known":[
             ~ > U1O1Z3 ; <~ zonePicker ; <~ "item":{"row":0,"name":"Zone 3" ; ~ > U1Z3V-25 ; <~ "row":0 ; $ watch 1 ; = watch \"1\" is neither on nor off
             $ watch off ; = watch ; ~ > U1Z3V-30)"},
         {"segments, and the controls they enable", R"(
@@ -55,10 +56,10 @@ TEST(Console, PlaysItsTranscripts) {
             $ segment filterType1 0 ; = segment ; $ slide filterGain1 3 ; = slide filterGain1: disabled ; ~ sent
             $ segment filterType1 6 ; = segment filterType1: no segment 6; there are 0 to 5
             $ segment filterType1 5
-            < {"event":"control","screen":"output","control":"filterType1","state":{"kind":"segmented","segments":["Bypass","High-pass","High shelf","Low-pass","Low shelf","Parametric"],"selected":5,"enabled":true}}
+            <~ {"event":"control","screen":"output","control":"filterType1","state":{"kind":"segmented","segments":["Bypass","High-pass","High shelf","Low-pass","Low shelf","Parametric"],"selected":5,"enabled":true,"caption":"Type 1"
             = segment ; ~ sent [U1O1B1P0F1000] ; ~ > U1O1B1P0F1000
-            < {"event":"control","screen":"output","control":"filterFreq1","state":{"kind":"slider","value":3000.0,"min":1301.03,"max":4301.0303,"enabled":true}}
-            <~ filterGain1
+            <~ {"event":"control","screen":"output","control":"filterFreq1","state":{"kind":"slider","value":3000.0,"min":1301.03,"max":4301.0303,"enabled":true,"caption":"Frequency 1"
+            <~ filterGain1 ; <~ filterType1 ; <~ freqLabel1 ; <~ gainLabel1
             $ slide filterGain1 3 ; <~ "value":3.0 ; = slide)"},
         {"an alert is told each time it is asked for, one stands", R"(
             $ dismiss ; = dismiss no alert is on show ; ~ error
@@ -67,7 +68,7 @@ TEST(Console, PlaysItsTranscripts) {
             < {"event":"alert","title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"}
             ~ network off ; $ tab group ; <~ "event":"screen" ; = tab ; <~ "event":"alert"
             $ state
-            <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed","status":"offline","items":[{"row":0,"name":"Group 1","input":"Source 1","volume":-40,"text":"50%","mute":false,"power":true},{"row":1,
+            <~ "alert":{"title":"Error","message":"Failed to connect to IP address 192.168.1.50.","button":"OK"},"link":"closed","status":"offline","address":"192.168.1.50","unit":1,"retrying":false,"items":[{"row":0,"name":"Group 1","input":"Source 1","volume":-40,"text":"50%","mute":false,"power":true,"known":[]},{"row":1,
             $ dismiss ; = dismiss ; $ dismiss ; <~ "ok":false ; $ state ; <~ "alert":null,"link":"closed")"},
         {"the application leaves and comes back to another address", R"(
             $ app away ; <~ "link":"closed" ; <~ offline ; = app ; $ set ip_address_preference 10.0.0.9 ; = set
@@ -99,6 +100,32 @@ TEST(Console, PlaysItsTranscripts) {
             $    
             $ quit now ; = quit quit stands alone
             $ help ; <~ {"reply":"help","ok":true,"commands":[{"name":"help","usage":"help","help":"lists the commands"},{"name")"},
+        {"a row by its text, the first of several", R"(
+            ~ > U1I3N"Tuner" ; ~ > U1I9N"Tuner" ; <... ; $ pick sourcePicker =Tuner ; <~ "selected":2 ; = pick ; ~ sent [U1Z1I3]
+            $ pick sourcePicker "=Source 2" ; <~ "selected":1 ; = pick ; ~ sent [U1Z1I2]
+            $ pick sourcePicker =Tune ; = pick sourcePicker: no row reads \"Tune\" ; $ pick sourcePicker = ; = pick sourcePicker: no row reads \"\"
+            $ segment filterType1 =Bypass ; <~ no such control ; $ pick muteSwitch =Tuner ; = pick muteSwitch: a switch, not a picker)"},
+        {"at a screen and an item, or not at all", R"(
+            $ at zone switch muteSwitch on ; <~ "on":true ; = switch ; ~ sent [U1Z1M1]
+            $ at group switch muteSwitch off ; = switch the zone screen is on show, not group
+            ~ > U1Z1N"Hall" ; <~ "rows":[] ; $ at zone "=Hall" switch muteSwitch off ; = switch the zone screen shows no item yet, not \"Hall\"
+            ~ > U1O1Z2 ; ~ > U1Z2N"Kitchen" ; <... ; $ at zone =Kitchen switch muteSwitch off ; <~ "on":false ; = switch ; ~ sent [U1Z1M0]
+            $ at zone "=Living Room" switch muteSwitch on ; = switch the zone screen shows \"Kitchen\", not \"Living Room\" ; ~ sent
+            $ at zone =kitchen state ; = state the zone screen shows \"Kitchen\", not \"kitchen\"
+            $ at zone =Kitchen get start_tab_preference ; < {"reply":"get","ok":true,"settings":{"start_tab_preference":null}}
+            $ at zone =Kitchen fly ; = fly fly: no such command; \"help\" lists those there are ; $ at zone tab ; = tab usage: tab NAME
+            $ at zone wait 1 ; = wait wait: can't stand behind at ; $ at zone =Kitchen at zone state ; = at at: can't stand behind at
+            $ at zone ; = at usage: at SCREEN [=TEXT] COMMAND ; $ at zone =Kitchen ; = at usage: at SCREEN [=TEXT] COMMAND
+            $ tab override ; <... ; $ at override =Kitchen state ; = state the override screen has no items
+            $ mute 0 on ; = mute the override screen has no items ; ~ > U1APPQ3 ; <... ; $ at override quit ; = quit ; exit 1)"},
+        {"a finger rests on a slider, and what is said meanwhile is weighed", R"(
+            $ hold volumeSlider ; <~ "value":-40.0 ; = hold ; $ slide volumeSlider -30 ; <~ "held":true,"wish":-30.0} ; = slide
+            ~ > U1Z1V-35 ; <~ "value":-35.0 ; <~ "text":"56%" ; <~ muteSwitch ; $ release volumeSlider ; <~ "held":true,"wish":-30.0} ; = release
+            ~ sent ; ~ wait 1.6 ; <~ "value":-30.0 ; ~ wait 1 ; <... ; ~ sent [U1Z1V-30] ; $ state ; <~ "value":-30.0,"min":-80.0,"max":0.0,"enabled":true,"caption":"Volume","
+            $ hold volumeSlider ; <~ "held":true ; = hold ; ~ > U1Z1V-70 ; <~ "value":-70.0 ; <~ volumeLabel ; $ release volumeSlider ; <~ -70.0 ; = release ; ~ wait 2 ; ~ sent
+            $ release volumeSlider ; = release ; $ release muteSwitch ; = release muteSwitch: a switch, not a slider
+            $ hold volumeSlider ; <... ; ~ end ; <... ; $ slide volumeSlider -20 ; <~ "value":-20.0 ; = slide
+            $ hold volumeSlider ; = hold volumeSlider: can't be held while the link is closed)"},
         {"bad input is answered in words, and nothing of it reaches the unit",
          R"(
             $ fly ; = fly fly: no such command; \"help\" lists those there are
@@ -108,6 +135,9 @@ TEST(Console, PlaysItsTranscripts) {
             $ slide volumeLabel -3 ; = slide volumeLabel: a label, not a slider
             $ press spinner ; = press spinner: an activity indicator, not a button
             $ segment muteSwitch 0 ; = segment muteSwitch: a switch, not a segmented control
+            $ level 16 -3 ; = level zone items: no row 16; there are 0 to 15
+            $ level =Attic -3 ; = level zone items: no row reads \"Attic\"
+            $ hold muteSwitch ; = hold muteSwitch: a switch, not a slider
             $ pick sourcePicker 20 ; = pick sourcePicker: no row 20; there are 0 to 19
             $ pick sourcePicker -1 ; = pick sourcePicker: no row -1; there are 0 to 19
             $ pick sourcePicker 1.0 ; = pick sourcePicker: \"1.0\" is not a whole number
@@ -122,10 +152,10 @@ TEST(Console, PlaysItsTranscripts) {
             $ set start_tab_preference 9223372036854775808 ; = set start_tab_preference: \"9223372036854775808\" is not a whole number
             $ set polling_preference yes ; = set polling_preference: \"yes\" is neither true nor false
             $ app start ; = app start: no such event; there are resign-active, enter-background, enter-foreground, become-active, away and back
-            $ wait long ; = wait \"long\" is neither a time in seconds nor answer, open or closed
-            $ wait nan ; = wait \"nan\" is neither a time in seconds nor answer, open or closed
-            $ wait -1 ; = wait \"-1\" is neither a time in seconds nor answer, open or closed
-            $ wait 3 4 ; = wait \"3\" can't be waited for; there are answer, open and closed
+            $ wait long ; = wait \"long\" is neither a time in seconds nor one of current, answer, open and closed
+            $ wait nan ; = wait \"nan\" is neither a time in seconds nor one of current, answer, open and closed
+            $ wait -1 ; = wait \"-1\" is neither a time in seconds nor one of current, answer, open and closed
+            $ wait 3 4 ; = wait \"3\" can't be waited for; there are current, answer, open and closed
             $ wait open soon ; = wait \"soon\" is not a time in seconds
             $ wait open 1e10 ; = wait \"1e10\" is not a time in seconds
             $ tab "zone ; = tab a quote is opened and not closed
@@ -136,7 +166,7 @@ TEST(Console, PlaysItsTranscripts) {
          R"( ; = tab this line is not UTF-8 text
             ~ wait 9 ; ~ sent)"},
         {"a wait holds back commands, not events", R"(
-            $ wait 0.5 ; $ tab 9 ; ~ wait 0.499 ; ~ > U1Z1V-30 ; <~ volumeSlider ; <~ volumeLabel
+            $ wait 0.5 ; $ tab 9 ; ~ wait 0.499 ; ~ > U1Z1V-30 ; <~ volumeSlider ; <~ volumeLabel ; <~ muteSwitch
             ~ wait 0.001 ; = wait ; <~ "reply":"tab","ok":false ; $ wait 0 ; ~ wait 0 ; = wait)"},
         {"an answer, one that is there already, one that does not come", R"(
             $ tab group ; $ wait answer 2 ; $ dismiss ; <... ; ~ wait 1.9 ; ~ > U2APPQ4 ; ~ > U1APPQ4
@@ -144,6 +174,10 @@ TEST(Console, PlaysItsTranscripts) {
             $ wait answer ; = wait
             $ tab zone ; $ wait answer ; <... ; ~ wait 4.999 ; ~ wait 0.001
             <~ "silent" ; = wait the unit has not answered in time; the link is open)"},
+        {"the status becomes current, is already, or does not", R"(
+            $ wait current ; = wait ; $ tab group ; $ wait current ; $ tab group ; <... ; ~ wait 9.9 ; <~ silent ; ~ > U1APPQ4
+            <~ spinner ; <~ current ; = wait ; = tab ; ~ end ; <... ; $ wait current 0.5 ; ~ wait 0.5 ; = wait the status is offline, not current
+            $ app away ; $ app back ; $ wait current ; <... ; ~ connect ; <... ; ~ wait 10 ; <~ silent ; = wait the status is silent, not current)"},
         {"a screen that is not answered is left for another: nothing is current in between", R"(
             $ tab group ; <~ "screen" ; <~ waiting ; <~ spinner ; = tab ; $ tab scene ; <~ "screen" ; <~ spinner ; = tab
             ~ wait 5 ; <~ silent ; $ tab group ; <~ "screen" ; <~ waiting ; = tab)"},

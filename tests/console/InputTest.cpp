@@ -1,8 +1,8 @@
 #include "Session.h"
 #include "console/Completion.h"
 #include "console/LineBuffer.h"
-#include "console/Numbers.h"
-#include "console/Words.h"
+#include "script/Numbers.h"
+#include "script/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +10,7 @@ namespace {
 
 using namespace lumbra;
 using namespace lumbra::console;
+using namespace lumbra::script;
 using namespace std::chrono_literals;
 
 TEST(Words, AreSplitAtBlanksAndQuotes) {
@@ -26,7 +27,7 @@ TEST(Words, AreSplitAtBlanksAndQuotes) {
 
 // Lines come in pieces of any size; what ends them is no part of them.
 TEST(Console, CutsLinesWhereverTheBytesAreSplit) {
-    const std::string longest = "tab 0" + std::string(LineBuffer::MAX_LINE - 5, ' ');
+    const std::string longest = "tab 0" + std::string(Line::MAX_LENGTH - 5, ' ');
     const std::string bytes =
         "\n" + longest + "\n" + longest + "x\n\r\ntab 0\r\n" + longest + longest + "\ntab 0\r";
     for (const std::size_t piece : {7U, 4096U, 16384U}) {
@@ -54,9 +55,9 @@ TEST(Completion, OffersWhatMayStandThere) {
     Remote remote;
     remote.launch();
     const std::pair<const char*, std::vector<std::string>> cases[] = {
-        {"",
-         {"help", "state", "tab", "pick", "slide", "switch", "segment", "press", "dismiss", "watch", "get",
-          "set", "unset", "app", "wait", "quit"}},
+        {"", {"help",   "state",   "tab",   "pick",  "slide", "hold",    "release",
+              "switch", "segment", "press", "level", "mute",  "dismiss", "watch",
+              "get",    "set",     "unset", "app",   "wait",  "at",      "quit"}},
         {"s", {"state", "slide", "switch", "segment", "set"}},
         {"slide ", {"volumeSlider", "bassSlider", "trebleSlider"}},
         {"press ", {}}, // this screen has no button

@@ -1,12 +1,12 @@
 #include "Session.h"
-#include "console/Utf8.h"
+#include "script/Utf8.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace lumbra;
-using namespace lumbra::console;
+using namespace lumbra::script;
 
 TEST(Utf8, WhatIsNoneIsReplacedByteByByte) {
     const std::pair<const char*, const char*> cases[] = {
@@ -55,8 +55,8 @@ TEST(Text, PlaysItsTranscript) {
         ~ > U1SP2N"Loud" ; $ pick scenePicker 1 ; < scenePicker: 1 "Loud" of 10 ; < ok
         $ pick scenePicker 10 ; < error: scenePicker: no row 10; there are 0 to 9
         $ state
-        < scene screen, link open; tabs: zone group override [scene]
-        <   scenePicker      picker     0 "Quiet\x1b[2J" [1 "Loud"] 2 "Scene 3" 3 "Scene 4" 4 "Scene 5" 5 "Scene 6" 6 "Scene 7" 7 "Scene 8" 8 "Scene 9" 9 "Scene 10"
+        < scene screen, link open (192.168.1.50, unit 1); tabs: zone group override [scene]
+        <~   scenePicker      picker     0 "Quiet\x1b[2J" [1 "Loud"] 2 "Scene 3" 3 "Scene 4" 4 "Scene 5" 5 "Scene 6" 6 "Scene 7" 7 "Scene 8" 8 "Scene 9" 9 "Scene 10"
         <   loadSceneButton  button     "Recall"
         <   saveSceneButton  button     "Store"
         <   spinner          indicator  turning
@@ -66,18 +66,20 @@ TEST(Text, PlaysItsTranscript) {
         ~ error ; < link: closed ; < status: offline ; < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
         $ tab zone ; ~ connect ; ~ > U1Z1N"Hall" ; ~ > U1APPQ0 ; ~ network off ; ~ error ; $ tab group ; $ tab zone ; <...
         $ state
-        < zone screen, link closed; tabs: [zone] group override scene
+        < zone screen, link closed (192.168.1.50, unit 1); tabs: [zone] group override scene
         <   zonePicker      picker     no rows
         <~ sourcePicker
-        <   volumeSlider    slider     -40.0 (-80.0 to 0.0)
-        <   volumeLabel     label      "50%"
-        <   muteSwitch      switch     off
+        <~   volumeSlider    slider     -40.0 (-80.0 to 0.0)
+        <~   volumeLabel     label      "50%"
+        <~   muteSwitch      switch     off
         <~ loudnessSwitch ; <~ bassSlider ; <~ bassLabel ; <~ trebleSlider ; <~ trebleLabel ; <~ stopped
         < alert: Error: Failed to connect to IP address 192.168.1.50. [OK]
         < status: offline ; < items:
         $ tab group ; <... ; $ watch on ; < ok ; ~ network on ; $ app away ; $ app back ; ~ connect ; <...
         ~ > U1G2M1 ; <~ muted ; ~ > U1G2M0 ; <~ "Group 2" ; ~ > U1G3P0 ; <~ power off
-        $ dismiss ; < ok ; $ quit ; < ok ; exit 1)"),
+        $ dismiss ; < ok ; $ watch off ; < ok ; $ set polling_preference false ; $ app away ; $ app back ; ~ connect ; $ tab zone ; <...
+        ~ > U1Z1M1 ; < muteSwitch: on ; $ tab group ; <... ; ~ > U1G1M1 ; < muteSwitch: on
+        $ hold volumeSlider ; <~ held at -40.0 ; < ok ; $ quit ; < ok ; exit 1)"),
               "");
 }
 

@@ -51,7 +51,7 @@ TEST(EndToEnd, WhatIsWrongWithTheOptionsIsToldInOneLine) {
         {1, "/nowhere/a: No such file", {REMOTE_PROGRAM, "--console", "--demo", "--trace", "/nowhere/a"}},
         {1, "no trace that can be read. Line 1 ", {SIMULATOR_PROGRAM, "--replay", "/proc/version"}},
         {1, "no link was opened", {SIMULATOR_PROGRAM, "--replay", empty}},
-        {2, "--replay goes with", {SIMULATOR_PROGRAM, "--replay", empty, "--silence"}},
+        {2, "--replay and --silence exclude", {SIMULATOR_PROGRAM, "--replay", empty, "--silence"}},
         {0, "", {SIMULATOR_PROGRAM, "--help"}}};
     for (const auto& [status, says, command] : cases) {
         Process process(command);
@@ -75,7 +75,7 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
                       "wait answer\nstate\n");
         return remote;
     };
-    const std::string state = "{\"reply\":\"state\",\"ok\":true";
+    const std::string state = "{\"reply\":\"state\",\"ok\":true", end = "\"address\":\"127.0.0.1:";
     for (const auto* settings : {"a.json", "b.json"})
         std::ofstream(folder / settings)
             << R"({"ip_address_preference":"10.1.2.3","unit_number_preference":1,"polling_preference":true})";
@@ -83,7 +83,7 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
     {
         const Simulator unit;
         const auto remote = start(unit, "a.json", file);
-        shown = remote->readUntil(state) ? remote->readLine().value_or("none") : "";
+        shown = remote->readUntil(state) ? remote->readUntil(end).value_or("none") : "";
         remote->signal(SIGKILL);
     }
     std::getline(std::ifstream(file), head);
@@ -91,7 +91,7 @@ TEST(EndToEnd, ATraceIsPlayedBack) {
                       ",\"settings\":{\"polling_preference\":true,\"unit_number_preference\":1}}"});
     Simulator unit({"--replay", file});
     const auto remote = start(unit, "b.json", "/dev/full");
-    EXPECT_TRUE(remote->readUntil(state) && remote->readLine() == shown);
+    EXPECT_TRUE(remote->readUntil(state) && remote->readUntil(end) == shown);
     remote->endInput();
     EXPECT_EQ(remote->wait(), 0);
     EXPECT_EQ(remote->errors(),
@@ -222,6 +222,19 @@ TEST(EndToEnd, ATerminalHasAPromptAndEditing) {
     left.endInput();
     left.closeOutput();
     EXPECT_EQ(left.wait(), 0) << "the terminal has gone";
+    // One that is stopped, and one that takes no more, hold nothing up.
+    for (const auto* stop : {"\x13", ""}) {
+        Process stuck(command("TERM=xterm"), Process::Streams::Terminal);
+        Peer other(connectTo(static_cast<std::uint16_t>(std::stoi(unit.port()))));
+        ASSERT_TRUE(stuck.readUntil("> "));
+        std::string commands = stop;
+        for (int count = 0; count < 100; ++count)
+            commands += "state\n";
+        stuck.write(commands + "tab zone\nswitch loudnessSwitch toggle\n");
+        EXPECT_TRUE(other.receives("Z1LD"));
+        stuck.signal(SIGTERM);
+        EXPECT_EQ(stuck.wait(), 0);
+    }
 }
 
 } // namespace

@@ -25,7 +25,7 @@ class ServerConnectionTest : public testing::Test {
 protected:
     ManualQueue queue;
     ScriptedStreamFactory streams;
-    Remote::SwitchableReachability reachability;
+    SwitchableReachability reachability;
     std::shared_ptr<ServerConnection> connection =
         std::make_shared<ServerConnection>(queue, streams, reachability);
     std::shared_ptr<Recorder> delegate = std::make_shared<Recorder>();
@@ -83,18 +83,19 @@ TEST_F(ServerConnectionTest, AnAttemptThatIsOvertakenNeverComesAlive) {
     EXPECT_EQ(streams.pair(1).live(), 0);
 }
 
-// Run under the thread sanitizer: attempts on a thread while the main thread changes, closes and reads.
+// Run under the thread sanitizer: attempts on a thread while the main thread changes, closes, reads and ends.
 TEST_F(ServerConnectionTest, OpensOnAWorkerWhileTheMainThreadGoesOn) {
     for (int round = 0; round < 200; ++round) {
-        auto attempt = connection->nextOpenAttempt();
-        std::thread worker([this, attempt = std::move(attempt)] { connection->open(attempt); });
+        std::thread worker([attempt = connection->nextOpenAttempt()] { ServerConnection::open(attempt); });
         connection->setIpAddress("10.0.0." + std::to_string(round));
         queue.runPosted();
         if (round % 3 == 0)
             connection->closeConnection();
+        if (round % 3 == 1)
+            connection = std::make_shared<ServerConnection>(queue, streams, reachability);
         worker.join();
         queue.runPosted();
-        EXPECT_EQ(streams.liveStreams(), round % 3 == 0 ? 0 : 2);
+        EXPECT_EQ(streams.liveStreams(), round % 3 == 2 ? 2 : 0);
     }
 }
 

@@ -1,5 +1,4 @@
 #include "FormOracle.h"
-#include "model/Outputs.h"
 #include "protocol/Command.h"
 #include "protocol/StateQuery.h"
 
@@ -13,8 +12,8 @@ using namespace std::string_view_literals;
 
 TEST(OutputMessages, ABandCarriesWhatItsTypeHas) {
     std::string all;
-    for (auto type = Outputs::FILTER_BYPASS; type <= Outputs::FILTER_PARAMETRIC; ++type)
-        all += outputs::setBand(15, 6, type, -6, 8000) + " ";
+    for (auto type = 0; type <= FILTER_PARAMETRIC; ++type)
+        all += outputs::setBand(15, 6, static_cast<FilterType>(type), -6, 8000) + " ";
     EXPECT_EQ(all, "O16B7BYPASS O16B7HPF8000 O16B7HS-6F8000 O16B7LPF8000 O16B7LS-6F8000 O16B7P-6F8000 ");
 }
 

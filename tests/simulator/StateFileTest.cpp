@@ -50,7 +50,7 @@ TEST(StateFile, keepsAMemoryAndSetsAsideOnlyWhatHoldsNone) {
         {with("317", "1e300"), "outputs[4].bands[1].frequency"},
         {with("\"overrides\":[{", "\"overrides\":[{},{"), "overrides is not a list of 10"},
         {with("\"bass\":", "\"boss\":"), "bass"},
-        {QByteArray(StateFile::LONGEST + 1, ' '), "it is too long"},
+        {QByteArray(WholeFile::LONGEST + 1, ' '), "it is too long"},
     };
     QString aside = path + QStringLiteral(".bad");
     for (int number = 2; const auto& [bytes, reason] : CASES) {

@@ -34,6 +34,19 @@ std::string runSteps(std::string_view script, Run run) {
     return problems;
 }
 
+struct SwitchableReachability final : Reachability {
+    bool reachable = true;
+    bool isReachable() const override { return reachable; }
+};
+
+/// What remotes may share, and what outlives them.
+struct House {
+    ManualQueue queue;
+    ManualWorker worker;
+    ScriptedStreamFactory streams;
+    SwitchableReachability reachability;
+};
+
 /// The whole application on virtual time and scripted streams, driven and looked at by short steps of text, so that a
 /// test can be a table of them:
 ///
@@ -53,7 +66,10 @@ std::string runSteps(std::string_view script, Run run) {
 ///     turn, work                      runs one turn of the held queue; the held worker
 ///
 ///     sent [U1Z3V-20] [U1Z3M1]        all that was sent since the last such step; nothing behind it: nothing was
-///     show volumeLabel 62%            what a control shows
+///     show volumeLabel 62%            what a control shows; volume@2 and mute@2 are those of a row, here and above
+///     row 2 Patio, Source 1?, -40, on what the list tells of a row, "?" what it does not know; then what it has asked
+///     known volumeSlider volumeLabel  all controls with a known value; likewise unknown
+///     limit volumeSlider -20          the highest value that the unit allows
 ///     link open                       the link's state; likewise status, alert, screen, sockets, stored KEY
 ///     alerts 1                        how many alerts were asked for since the last such step
 ///     peer 10.0.0.9:23                whereto the newest pair of streams leads
@@ -61,23 +77,22 @@ std::string runSteps(std::string_view script, Run run) {
 ///
 /// `play` gives what went wrong, or an empty text.
 class Remote {
-public:
-    struct SwitchableReachability final : Reachability {
-        bool reachable = true;
-        bool isReachable() const override { return reachable; }
-    };
+    const std::shared_ptr<House> house_;
 
-    ManualQueue queue;
-    ManualWorker worker;
-    ScriptedStreamFactory streams;
-    SwitchableReachability reachability;
+public:
+    ManualQueue& queue = house_->queue;
+    ManualWorker& worker = house_->worker;
+    ScriptedStreamFactory& streams = house_->streams;
+    SwitchableReachability& reachability = house_->reachability;
     MemorySettingsStore settings;
     Application application;
 
     /// The application uses what `around` makes of the scripted streams.
     explicit Remote(Reconnection reconnection = Reconnection::ByUser, MemorySettingsStore stored = {},
-                    const std::function<StreamFactory&(StreamFactory&)>& around = std::identity())
-        : settings(std::move(stored)),
+                    const std::function<StreamFactory&(StreamFactory&)>& around = std::identity(),
+                    std::shared_ptr<House> house = std::make_shared<House>())
+        : house_(std::move(house)),
+          settings(std::move(stored)),
           application({queue, worker, around(streams), reachability, settings}, reconnection) {}
 
     /// Launches and runs the worker; with `connected`, the streams then open and what was sent so far is forgotten.
@@ -113,7 +128,13 @@ public:
 
     template <class T>
     T& control(std::string_view name) {
-        auto found = std::dynamic_pointer_cast<T>(screen().find(name));
+        std::shared_ptr<Control> any = screen().find(name);
+        if (const auto at = name.find('@'); at != std::string_view::npos) {
+            const auto row = std::stoul(std::string(name.substr(at + 1)));
+            any = name[0] == 'v' ? std::shared_ptr<Control>(application.items()->volumeOf(row))
+                                 : application.items()->muteOf(row);
+        }
+        auto found = std::dynamic_pointer_cast<T>(any);
         if (!found)
             throw std::runtime_error("no such control on the screen: " + std::string(name));
         return *found;
@@ -216,6 +237,11 @@ private:
              }},
             {"sockets", [&] { return std::to_string(streams.liveStreams() / 2); }},
             {"show", [&] { return name + " " + shown(name); }},
+            {"row", [&] { return name + " " + row(std::stoul(name)); }},
+            {"known", [&] { return joined(controls(true)); }},
+            {"unknown", [&] { return joined(controls(false)); }},
+            {"limit",
+             [&] { return name + " " + std::to_string(std::lround(control<Slider>(name).limit().value())); }},
             {"stored", [&] { return name + " " + told(settings.value(name)); }},
         };
         if (const auto look = looks.find(words.first); look != looks.end()) {
@@ -226,6 +252,42 @@ private:
         return doing == doings.end() ? "no such step" : doing->second() ? "" : "refused";
     }
 
+    void noteRows(std::optional<std::size_t> row) {
+        rows_.resize(list_->rowCount());
+        for (auto number = row.value_or(0); number < (row ? *row + 1 : rows_.size()); ++number)
+            rows_[number] = list_->row(number);
+    }
+    /// As the list last announced it, from the first look at one of its rows on.
+    std::string row(std::size_t number) {
+        if (const auto* const list = application.items(); std::exchange(list_, list) != list) {
+            noteRows({});
+            rowChanges_ = list_->onRowChange([this](auto changed) { noteRows(changed); });
+        }
+        const auto& row = rows_.at(number);
+        const auto& volume = *list_->volumeOf(number);
+        const auto reading = [](const Slider& slider, std::int64_t level) {
+            return slider.readingOf(static_cast<float>(level));
+        };
+        if (row.known.volume != volume.known() || row.known.mute != list_->muteOf(number)->known() ||
+            row.level != reading(control<Slider>("volumeSlider"), row.volume) ||
+            (row.askedVolume && row.askedLevel != reading(volume, *row.askedVolume)))
+            return "is not what its controls tell";
+        const auto value = [](const std::string& text, bool known) { return text + (known ? ", " : "?, "); };
+        const auto text = value(row.name, row.known.name) + value(row.input, row.known.input) +
+                          value(std::to_string(row.volume), row.known.volume) +
+                          value(row.mute ? "on" : "off", row.known.mute) +
+                          (row.power ? value(*row.power ? "on" : "off", row.known.power) : "") +
+                          (row.askedInput ? "asked " + *row.askedInput + ", " : "") +
+                          (row.askedVolume ? "asked " + std::to_string(*row.askedVolume) + ", " : "");
+        return text.substr(0, text.size() - 2);
+    }
+    std::vector<std::string> controls(bool known) {
+        std::vector<std::string> names;
+        for (const auto& item : screen().items())
+            if (item.control->known() == known)
+                names.push_back(item.name);
+        return names;
+    }
     bool selectTab(const std::string& name) {
         const auto& tabs = application.tabs().viewControllers();
         const auto found =
@@ -263,6 +325,9 @@ private:
 
     bool held_ = false;
     int alertCount_ = 0;
+    const ItemList* list_ = nullptr;
+    std::vector<ItemRow> rows_;
+    Subscription rowChanges_;
     Subscription alerts_ =
         application.alerts().onChange([this] { alertCount_ += application.alerts().shown() ? 1 : 0; });
 };

@@ -105,7 +105,7 @@ TEST_F(FileSettings, OnlyWrongContentIsSetAside) {
     for (const auto& [text, reason] :
          Files{{"{\n\"unit\": 4,\n\"ip", "unterminated string in line 3"},
                {"[1]", "it holds no JSON object"},
-               {std::string(FileSettingsStore::MAX_FILE_SIZE + 1, ' '), "it is larger than 1 MiB"}}) {
+               {std::string(WholeFile::LONGEST + 1, ' '), "it is larger than 1 MiB"}}) {
         put(file, text);
         store().setValue("unit", std::int64_t{1});
         const auto aside = file.string() + ".unreadable-" + std::to_string(++number);

@@ -110,18 +110,19 @@ TEST(ThreadWorker, RunsInOrderOffTheMainThreadAndWaitsForWorkUnderWay) {
     const ThreadWorker idle; // destroyed without a thread
 }
 
-// The first signal reaches the main loop; where the loop no longer runs, the second one ends the process.
+// The first signal reaches the main loop; where the loop no longer runs, the second one ends the process, or the alarm.
 TEST(SignalPipe, LeavesTheSecondSignalToTheSystem) {
-    const auto run = [] {
+    const auto run = [](bool alarms) {
         std::signal(SIGHUP, SIG_IGN); // as nohup does
         SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
         for (const int first : {SIGHUP, SIGTERM})
             ::raise(first);
         if (signals.next() == SIGTERM && !signals.next())
-            ::raise(SIGHUP), ::raise(SIGINT);
+            ::raise(SIGHUP), ::raise(alarms && ::alarm(0) > 0 ? SIGALRM : SIGINT);
         ::_exit(0);
     };
-    EXPECT_EXIT(run(), testing::KilledBySignal(SIGINT), "");
+    EXPECT_EXIT(run(false), testing::KilledBySignal(SIGINT), "");
+    EXPECT_EXIT(run(true), testing::KilledBySignal(SIGTERM), "");
 }
 
 TEST(QtDescriptorWatcher, ReportsPipesAndFiles) {

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <sys/stat.h>
 
 namespace lumbra::test {
 
@@ -22,7 +23,9 @@ TEST(Trace, TakesNothingAwayThatIsNoTrace) {
     EXPECT_NE(error("").find("Is a directory"), std::string::npos);
     std::ofstream(folder / "old") << R"({"trace":1})"
                                   << "\n";
+    ::chmod((folder / "old").c_str(), 0666);
     const TraceFile first(queue, folder / "old", {});
+    EXPECT_EQ(std::filesystem::status(folder / "old").permissions(), std::filesystem::perms(0600));
     EXPECT_EQ(first.error() + std::to_string(std::filesystem::file_size(folder / "old")), "0");
     EXPECT_NE(error("old").find("another program"), std::string::npos);
 }
@@ -49,6 +52,28 @@ TEST(Trace, KeepsWholeLinesOnAFullDisk) {
     EXPECT_TRUE(all.size() > 200 && all.ends_with("}\n")) << all;
 }
 
+// Bytes above 0x7E take six times their room.
+TEST(Trace, EndsAtItsLimitWithALineThatSaysSo) {
+    const Folder folder;
+    ManualQueue queue;
+    std::string told;
+    TraceFile file(
+        queue, folder / "full", [&](const std::string& sentence) { told += sentence; }, 1);
+    file.start({});
+    file.add({.kind = TraceEntry::Kind::Attempt, .link = 1, .text = "a", .port = 23});
+    for (int turn = 0; turn < 20; ++turn) {
+        for (int count = 0; count < 50; ++count)
+            file.add({.kind = TraceEntry::Kind::Received, .link = 1, .text = std::string(256, '\xff')});
+        queue.runTurn();
+    }
+    EXPECT_EQ(told, "The trace in " + (folder / "full") + " ends here: it has reached its limit of 1 MiB.");
+    const auto size = std::filesystem::file_size(folder / "full");
+    EXPECT_TRUE(size <= 1 << 20 && size > (1 << 20) - 2000) << size;
+    const auto trace = readTrace(folder / "full");
+    ASSERT_TRUE(std::holds_alternative<Trace>(trace)) << std::get<std::string>(trace);
+    EXPECT_EQ(std::get<Trace>(trace).entries.back().kind, TraceEntry::Kind::Full);
+}
+
 TEST(Trace, WhatIsNoneIsToldWithItsLine) {
     const auto attempt = R"({"time":1,"link":1,"event":"attempt","host":"a","port":1})"s;
     const std::pair<std::string, const char*> lines[] = {
@@ -57,7 +82,9 @@ TEST(Trace, WhatIsNoneIsToldWithItsLine) {
         {R"({"time":0.9,"link":1,"event":"opened"})", "earlier"},
         {R"({"time":1,"event":"opened"})", "no \"link\""},
         {R"({"time":1,"link":2,"sent":"a"})", "no attempt is known"},
-        {R"({"time":1,"link":1,"event":"flown"})", "\"flown\""},
+        {R"({"time":1,"link":1,"event":"f\u001b\u009b\u202e\n"})", R"("f\x1B\xC2\x9B\xE2\x80\xAE\x0A")"},
+        {R"({"time":1,"link":1,"event":")" + std::string(1'000'000, 'f') + "\"}", "fff... (1000000 bytes)"},
+        {R"({"time":1e9,"link":1,"event":"opened"})", "1000000000 seconds or more"},
         {R"({"time":1,"link":2,"event":"attempt","host":"a"})", "\"port\""},
         {attempt, "again"},
         {R"({"time":1,"link":1})", "has not one of"},

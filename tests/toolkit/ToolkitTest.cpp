@@ -8,17 +8,6 @@
 
 namespace lumbra::test {
 
-struct Rows final : PickerDataSource {
-    std::vector<std::string> data;
-    int numberOfRows(const Picker&) const override { return static_cast<int>(data.size()); }
-    std::string_view titleForRow(const Picker&, int row) const override {
-        return data[static_cast<std::size_t>(row)];
-    }
-    AttributedText attributedTitleForRow(const Picker& picker, int row) const override {
-        return {titleForRow(picker, row), Color::White};
-    }
-};
-
 // What no person and no report asks for must not move a control either: no number, no row, no segment.
 TEST(Controls, HoldTheirRange) {
     Slider slider(-80, 0, -40);
@@ -33,13 +22,12 @@ TEST(Controls, HoldTheirRange) {
     EXPECT_FALSE(segments.tapByUser(2));
     segments.setSelected(-1);
     EXPECT_EQ(segments.selected(), 0);
-    const auto rows = std::make_shared<Rows>();
+    std::vector<std::string> rows;
     Picker picker;
-    picker.setDataSource(rows);
     for (const auto& [count, wanted, selected] :
          {std::tuple(3U, 2, 2), std::tuple(3U, 3, 2), std::tuple(2U, -1, 1), std::tuple(0U, 0, -1)}) {
-        rows->data.resize(count);
-        picker.reloadAllComponents();
+        rows.resize(count);
+        picker.setRows(rows);
         picker.selectRow(wanted);
         EXPECT_EQ(picker.selected(), selected) << count << " rows";
         EXPECT_FALSE(picker.pickByUser(static_cast<int>(count)));

@@ -27,7 +27,8 @@ public:
                   }) {
         file_.start(trace.start);
         // What the program closes when it ends is no business of the application.
-        while (!entries_.empty() && entries_.back().kind == Kind::Closed)
+        while (!entries_.empty() &&
+               (entries_.back().kind == Kind::Closed || entries_.back().kind == Kind::Full))
             entries_.pop_back();
     }
 

@@ -1,13 +1,14 @@
 // Prints what the tables of the programs tell about their options and commands: a manual page, from a template that
 // holds the other sections, or the completions of a shell.
 
-#include "console/CommandInterpreter.h"
 #include "program/Options.h"
+#include "script/CommandInterpreter.h"
 #include "simulator/Options.h"
 
 #include <QFile>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -43,11 +44,13 @@ QStringList spellings(const CommandLineOption& option) {
 
 /// The options after which `option` makes no sense: itself, and what excludes it.
 std::vector<CommandLineOption> rivals(const CommandLineOption& option, const CommandLine& line) {
-    const auto same = [](const char* a, const char* b) { return a && b && std::string_view(a) == b; };
+    const auto excludes = [](const CommandLineOption& one, std::string_view name) {
+        return std::find(one.excludes.begin(), one.excludes.end(), name) != one.excludes.end();
+    };
     std::vector<CommandLineOption> found;
     for (const auto& other : line.allOptions())
-        if (same(other.name, option.name) || same(other.excludes, option.name) ||
-            same(option.excludes, other.name))
+        if (std::string_view(other.name) == option.name || excludes(other, option.name) ||
+            excludes(option, other.name))
             found.push_back(other);
     return found;
 }
@@ -96,7 +99,7 @@ QString manualOptions(const CommandLine& line) {
 
 QString manualCommands() {
     QString page;
-    for (const auto& command : console::CommandInterpreter::commands()) {
+    for (const auto& command : script::CommandInterpreter::commands()) {
         auto usage =
             roff(QString::fromLatin1(command.usage.data(), static_cast<qsizetype>(command.usage.size())));
         usage.replace(QRegularExpression(QStringLiteral("\\b([A-Z]+)\\b")), italic(QStringLiteral("\\1")));

@@ -2,33 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
-    <name>AddressHint</name>
-    <message>
-        <source>An address has four numbers, as in 192.168.1.50.</source>
-        <translation>Eine Adresse hat vier Zahlen, wie 192.168.1.50.</translation>
-    </message>
-    <message>
-        <source>Each number of an address is 255 at most.</source>
-        <translation>Jede Zahl einer Adresse ist höchstens 255.</translation>
-    </message>
-    <message>
-        <source>Without an address there is no unit to reach.</source>
-        <translation>Ohne Adresse ist keine Einheit zu erreichen.</translation>
-    </message>
-    <message>
-        <source>An address has no blanks.</source>
-        <translation>Eine Adresse hat keine Leerzeichen.</translation>
-    </message>
-    <message>
-        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
-        <translation>Ein Port kann nicht angegeben werden; die Einheit ist immer über Port 23 zu erreichen.</translation>
-    </message>
-    <message>
-        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
-        <translation>Das ist weder eine Adresse, wie 192.168.1.50, noch ein Rechnername.</translation>
-    </message>
-</context>
-<context>
     <name>AlertDialog</name>
     <message>
         <source>%1, %2</source>
@@ -116,30 +89,6 @@
     <message>
         <source>Reconnect</source>
         <translation>Neu verbinden</translation>
-    </message>
-    <message>
-        <source>Connected</source>
-        <translation>Verbunden</translation>
-    </message>
-    <message>
-        <source>Connecting</source>
-        <translation>Verbindet</translation>
-    </message>
-    <message>
-        <source>Waiting for the unit</source>
-        <translation>Wartet auf die Einheit</translation>
-    </message>
-    <message>
-        <source>Connected, unit %1 does not answer</source>
-        <translation>Verbunden, Einheit %1 antwortet nicht</translation>
-    </message>
-    <message>
-        <source>Not connected, trying again</source>
-        <translation>Nicht verbunden, neuer Versuch folgt</translation>
-    </message>
-    <message>
-        <source>Not connected</source>
-        <translation>Nicht verbunden</translation>
     </message>
 </context>
 <context>
@@ -488,6 +437,74 @@
     <message>
         <source>Simulated unit</source>
         <translation>Simulierte Einheit</translation>
+    </message>
+    <message>
+        <source>An address has four numbers, as in 192.168.1.50.</source>
+        <translation>Eine Adresse hat vier Zahlen, wie 192.168.1.50.</translation>
+    </message>
+    <message>
+        <source>Each number of an address is 255 at most.</source>
+        <translation>Jede Zahl einer Adresse ist höchstens 255.</translation>
+    </message>
+    <message>
+        <source>Without an address there is no unit to reach.</source>
+        <translation>Ohne Adresse ist keine Einheit zu erreichen.</translation>
+    </message>
+    <message>
+        <source>An address has no blanks.</source>
+        <translation>Eine Adresse hat keine Leerzeichen.</translation>
+    </message>
+    <message>
+        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
+        <translation>Ein Port kann nicht angegeben werden; die Einheit ist immer über Port 23 zu erreichen.</translation>
+    </message>
+    <message>
+        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
+        <translation>Das ist weder eine Adresse, wie 192.168.1.50, noch ein Rechnername.</translation>
+    </message>
+    <message>
+        <source>Not connected, trying again</source>
+        <translation>Nicht verbunden, neuer Versuch folgt</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindet</translation>
+    </message>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Wartet auf die Einheit</translation>
+    </message>
+    <message>
+        <source>Unit %1 does not answer</source>
+        <translation>Einheit %1 antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Zone %1</source>
+        <translation>Zone %1</translation>
+    </message>
+    <message>
+        <source>Output %1</source>
+        <translation>Ausgang %1</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
+    </message>
+    <message>
+        <source>Source %1</source>
+        <translation>Quelle %1</translation>
     </message>
 </context>
 <context>

@@ -2,33 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
-    <name>AddressHint</name>
-    <message>
-        <source>An address has four numbers, as in 192.168.1.50.</source>
-        <translation>Una dirección tiene cuatro números, como 192.168.1.50.</translation>
-    </message>
-    <message>
-        <source>Each number of an address is 255 at most.</source>
-        <translation>Cada número de una dirección es 255 como máximo.</translation>
-    </message>
-    <message>
-        <source>Without an address there is no unit to reach.</source>
-        <translation>Sin dirección no hay unidad que alcanzar.</translation>
-    </message>
-    <message>
-        <source>An address has no blanks.</source>
-        <translation>Una dirección no tiene espacios.</translation>
-    </message>
-    <message>
-        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
-        <translation>No se puede indicar un puerto; la unidad siempre se alcanza en el puerto 23.</translation>
-    </message>
-    <message>
-        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
-        <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
-    </message>
-</context>
-<context>
     <name>AlertDialog</name>
     <message>
         <source>%1, %2</source>
@@ -116,30 +89,6 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconectar</translation>
-    </message>
-    <message>
-        <source>Connected</source>
-        <translation>Conectado</translation>
-    </message>
-    <message>
-        <source>Connecting</source>
-        <translation>Conectando</translation>
-    </message>
-    <message>
-        <source>Waiting for the unit</source>
-        <translation>Esperando a la unidad</translation>
-    </message>
-    <message>
-        <source>Connected, unit %1 does not answer</source>
-        <translation>Conectado, la unidad %1 no responde</translation>
-    </message>
-    <message>
-        <source>Not connected, trying again</source>
-        <translation>Sin conexión, se reintentará</translation>
-    </message>
-    <message>
-        <source>Not connected</source>
-        <translation>Sin conexión</translation>
     </message>
 </context>
 <context>
@@ -488,6 +437,74 @@
     <message>
         <source>Simulated unit</source>
         <translation>Unidad simulada</translation>
+    </message>
+    <message>
+        <source>An address has four numbers, as in 192.168.1.50.</source>
+        <translation>Una dirección tiene cuatro números, como 192.168.1.50.</translation>
+    </message>
+    <message>
+        <source>Each number of an address is 255 at most.</source>
+        <translation>Cada número de una dirección es 255 como máximo.</translation>
+    </message>
+    <message>
+        <source>Without an address there is no unit to reach.</source>
+        <translation>Sin dirección no hay unidad que alcanzar.</translation>
+    </message>
+    <message>
+        <source>An address has no blanks.</source>
+        <translation>Una dirección no tiene espacios.</translation>
+    </message>
+    <message>
+        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
+        <translation>No se puede indicar un puerto; la unidad siempre se alcanza en el puerto 23.</translation>
+    </message>
+    <message>
+        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
+        <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
+    </message>
+    <message>
+        <source>Not connected, trying again</source>
+        <translation>Sin conexión, se reintentará</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Conectando</translation>
+    </message>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Esperando a la unidad</translation>
+    </message>
+    <message>
+        <source>Unit %1 does not answer</source>
+        <translation>La unidad %1 no responde</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Conectado</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Sin conexión</translation>
+    </message>
+    <message>
+        <source>Zone %1</source>
+        <translation>Zona %1</translation>
+    </message>
+    <message>
+        <source>Output %1</source>
+        <translation>Salida %1</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>Grupo %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Escena %1</translation>
+    </message>
+    <message>
+        <source>Source %1</source>
+        <translation>Fuente %1</translation>
     </message>
 </context>
 <context>

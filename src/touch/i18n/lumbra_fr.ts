@@ -2,33 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
-    <name>AddressHint</name>
-    <message>
-        <source>An address has four numbers, as in 192.168.1.50.</source>
-        <translation>Une adresse comporte quatre nombres, comme 192.168.1.50.</translation>
-    </message>
-    <message>
-        <source>Each number of an address is 255 at most.</source>
-        <translation>Chaque nombre d’une adresse vaut 255 au plus.</translation>
-    </message>
-    <message>
-        <source>Without an address there is no unit to reach.</source>
-        <translation>Sans adresse, aucune unité ne peut être jointe.</translation>
-    </message>
-    <message>
-        <source>An address has no blanks.</source>
-        <translation>Une adresse ne comporte pas d’espace.</translation>
-    </message>
-    <message>
-        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
-        <translation>Aucun port ne peut être indiqué ; l’unité est toujours jointe sur le port 23.</translation>
-    </message>
-    <message>
-        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
-        <translation>Ce n’est ni une adresse, comme 192.168.1.50, ni un nom d’hôte.</translation>
-    </message>
-</context>
-<context>
     <name>AlertDialog</name>
     <message>
         <source>%1, %2</source>
@@ -116,30 +89,6 @@
     <message>
         <source>Reconnect</source>
         <translation>Reconnecter</translation>
-    </message>
-    <message>
-        <source>Connected</source>
-        <translation>Connecté</translation>
-    </message>
-    <message>
-        <source>Connecting</source>
-        <translation>Connexion</translation>
-    </message>
-    <message>
-        <source>Waiting for the unit</source>
-        <translation>Attente de l’unité</translation>
-    </message>
-    <message>
-        <source>Connected, unit %1 does not answer</source>
-        <translation>Connecté, l’unité %1 ne répond pas</translation>
-    </message>
-    <message>
-        <source>Not connected, trying again</source>
-        <translation>Non connecté, nouvel essai à venir</translation>
-    </message>
-    <message>
-        <source>Not connected</source>
-        <translation>Non connecté</translation>
     </message>
 </context>
 <context>
@@ -488,6 +437,74 @@
     <message>
         <source>Simulated unit</source>
         <translation>Unité simulée</translation>
+    </message>
+    <message>
+        <source>An address has four numbers, as in 192.168.1.50.</source>
+        <translation>Une adresse comporte quatre nombres, comme 192.168.1.50.</translation>
+    </message>
+    <message>
+        <source>Each number of an address is 255 at most.</source>
+        <translation>Chaque nombre d’une adresse vaut 255 au plus.</translation>
+    </message>
+    <message>
+        <source>Without an address there is no unit to reach.</source>
+        <translation>Sans adresse, aucune unité ne peut être jointe.</translation>
+    </message>
+    <message>
+        <source>An address has no blanks.</source>
+        <translation>Une adresse ne comporte pas d’espace.</translation>
+    </message>
+    <message>
+        <source>A port can&apos;t be given; the unit is always reached on port 23.</source>
+        <translation>Aucun port ne peut être indiqué ; l’unité est toujours jointe sur le port 23.</translation>
+    </message>
+    <message>
+        <source>This is neither an address, as 192.168.1.50, nor a host&apos;s name.</source>
+        <translation>Ce n’est ni une adresse, comme 192.168.1.50, ni un nom d’hôte.</translation>
+    </message>
+    <message>
+        <source>Not connected, trying again</source>
+        <translation>Non connecté, nouvel essai à venir</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Connexion</translation>
+    </message>
+    <message>
+        <source>Waiting for the unit</source>
+        <translation>Attente de l’unité</translation>
+    </message>
+    <message>
+        <source>Unit %1 does not answer</source>
+        <translation>L’unité %1 ne répond pas</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Non connecté</translation>
+    </message>
+    <message>
+        <source>Zone %1</source>
+        <translation>Zone %1</translation>
+    </message>
+    <message>
+        <source>Output %1</source>
+        <translation>Sortie %1</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>Groupe %1</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Scène %1</translation>
+    </message>
+    <message>
+        <source>Source %1</source>
+        <translation>Source %1</translation>
     </message>
 </context>
 <context>

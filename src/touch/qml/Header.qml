@@ -23,22 +23,6 @@ Rectangle {
             return Theme.bad;
         }
     }
-    readonly property string stateText: {
-        switch (app.link.state) {
-        case LinkAdapter.Current:
-            return qsTr("Connected");
-        case LinkAdapter.Connecting:
-            return qsTr("Connecting");
-        case LinkAdapter.Waiting:
-            return qsTr("Waiting for the unit");
-        case LinkAdapter.Silent:
-            return Speech.format(qsTr("Connected, unit %1 does not answer"), [app.link.unit]);
-        case LinkAdapter.Retrying:
-            return qsTr("Not connected, trying again");
-        default:
-            return qsTr("Not connected");
-        }
-    }
     readonly property bool narrow: width < 480 * Theme.textScale
 
     // Not that of the texts, which depends on what they say.
@@ -72,7 +56,7 @@ Rectangle {
                 columnSpacing: Theme.gap
                 rowSpacing: 0
                 Accessible.role: Accessible.StaticText
-                Accessible.name: Speech.format(qsTr("Unit at %1, %2"), [root.app.link.address, root.stateText])
+                Accessible.name: Speech.format(qsTr("Unit at %1, %2"), [root.app.link.address, root.app.link.text])
 
                 FittedText {
                     objectName: "linkState"
@@ -81,7 +65,7 @@ Rectangle {
                     Layout.maximumWidth: Math.ceil(implicitWidth) + 1
                     Layout.fillWidth: true
                     leftPadding: 16
-                    text: root.stateText
+                    text: root.app.link.text
                     color: root.stateColor
                     font.pixelSize: Theme.smallText
                     fontSizeMode: Text.HorizontalFit

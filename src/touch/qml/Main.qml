@@ -12,9 +12,9 @@ T.ApplicationWindow {
 
     // When the layout changes or the window is hidden, what is under a finger is no longer the slider that it
     // grabbed.
-    onWidthChanged: app.cancelGrabs()
-    onHeightChanged: app.cancelGrabs()
-    onVisibilityChanged: app.cancelGrabs()
+    onWidthChanged: app.handsOff()
+    onHeightChanged: app.handsOff()
+    onVisibilityChanged: app.handsOff()
 
     width: 1000
     height: 700

@@ -20,10 +20,7 @@ GridLayout {
     columns: listed && stacked ? 1 : 2
     columnSpacing: Theme.gap
     rowSpacing: Theme.gap
-    Component.onCompleted: {
-        screen.setItemPicker(items);
-        show();
-    }
+    Component.onCompleted: show()
     onListedChanged: show()
     onInputsListedChanged: show()
 

@@ -13,7 +13,6 @@ ScreenPage {
     readonly property bool sure: wide || !wheel.loose
 
     maximumWidth: wide ? 1120 : 560
-    Component.onCompleted: screen.setItemPicker("scenePicker")
 
     ColumnLayout {
         width: parent.width

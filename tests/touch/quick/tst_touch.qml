@@ -346,7 +346,7 @@ TestCase {
             const place = slider.mapToItem(window.contentItem, 0, 0).y;
             for (const [script, says, certain, moves] of [
                 ["link open", "Waiting for the unit", false, true], ["> U1APPQ0", "Connected", true, true],
-                ["tab group ; wait 5 ; tab zone ; wait 5", "Connected, unit 1 does not answer", false, true],
+                ["tab group ; wait 5 ; tab zone ; wait 5", "Unit 1 does not answer", false, true],
                 ["> U1APPQ0", "Connected", true, true], ["end", "Not connected", false, false],
                 ["away ; back", "Connecting", false, false]]) {
                 play(script);
