@@ -2,11 +2,11 @@
 // as a socket hands them over. The whole input is what was received.
 
 #include "Check.h"
+#include "Target.h"
 #include "web/RequestHead.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 #include <variant>
 
@@ -28,8 +28,9 @@ bool hasControl(std::string_view text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+FUZZ_TARGET(web)(Input input) {
+    const auto size = input.size();
+    const auto bytes = input.take(size);
     const auto whole = parseRequestHead(bytes);
     const auto end = bytes.substr(0, MAX_HEAD).find("\r\n\r\n");
     if (const auto* head = std::get_if<RequestHead>(&whole)) {
@@ -61,5 +62,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(std::holds_alternative<IncompleteHead>(part) || std::holds_alternative<RefusedHead>(whole),
               "half a head is refused, and not the whole");
     }
-    return 0;
 }
