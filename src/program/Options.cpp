@@ -3,6 +3,7 @@
 #include "system/SocketAddress.h"
 
 #include <algorithm>
+#include <arpa/inet.h>
 #include <cctype>
 #include <utility>
 
@@ -26,8 +27,10 @@ std::optional<WebPlace> parseWebPlace(const QString& text) {
     const bool isV6 = host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'));
     if (isV6)
         host = host.mid(1, host.size() - 2);
-    const auto found = numericAddresses(host.toStdString(), port);
-    if (found.empty() || isV6 != (found.front().storage.ss_family == AF_INET6))
+    // An IPv4 address in full: "1.2.3" and "010.0.0.1" are read in different ways.
+    in_addr four{};
+    if (isV6 ? numericAddresses(host.toStdString(), port).empty() || !host.contains(QLatin1Char(':'))
+             : inet_pton(AF_INET, qPrintable(host), &four) != 1)
         return std::nullopt;
     return WebPlace{QHostAddress(host), port};
 }

@@ -31,7 +31,7 @@ QByteArray typeOf(const QString& suffix) {
     for (const auto& type : TYPES)
         if (suffix == QLatin1String(type.suffix))
             return type.name;
-    assert(!"a file of the page has no type");
+    assert(false && "a file of the page has no type");
     return "application/octet-stream";
 }
 
