@@ -9,6 +9,7 @@
 #include "script/Words.h"
 #include "web/VisitorSettings.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
@@ -182,6 +183,7 @@ void Visitor::pump() {
            !session_->interpreter->isHeld()) {
         const script::Line line{std::exchange(waiting_.front(), {})};
         waiting_.pop_front();
+        moved();
         session_->interpreter->execute(line);
         if (session_->hasQuit)
             channel_.close(QWebSocketProtocol::CloseCodeNormal);
@@ -195,15 +197,36 @@ void Visitor::closeAfter(std::chrono::seconds time, const QString& reason) {
     }));
 }
 
+void Visitor::moved() {
+    commandsAgain_ = true;
+    if (std::exchange(hasCommanded_, true))
+        return;
+    commandsAgain_ = false;
+    with_.platform.queue.postAfter(AFTERLIFE, life_.guard([this] {
+        hasCommanded_ = false;
+        if (commandsAgain_)
+            moved();
+    }));
+}
+
+bool Visitor::isMoving() {
+    auto& application = session_->application;
+    const auto& items = application.tabs().selectedViewController()->view().items();
+    return hasCommanded_ || std::any_of(items.begin(), items.end(), [&](const View::Item& item) {
+               const auto* hand = application.hands().find(*item.control);
+               return hand && hand->isHeld();
+           });
+}
+
 void Visitor::gone() {
     hasGone_ = true;
     const auto end = [this] {
         const auto over = std::move(over_);
         over();
     };
-    if (!session_)
-        return end();
     waiting_.clear();
+    if (!session_ || !isMoving())
+        return end();
     session_->interpreter.reset();
     session_->reporter.reset();
     with_.platform.queue.postAfter(AFTERLIFE, life_.guard(end));

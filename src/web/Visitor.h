@@ -27,8 +27,8 @@ public:
     static constexpr std::chrono::minutes PAIRING_TIME{5};
     /// The most commands that may wait for another to be answered.
     static constexpr std::size_t MOST_WAITING = 64;
-    /// For how long the application of a visitor that has gone lives on: until what it has moved is sent, and sent once
-    /// more where it must be.
+    /// For how long the application of a visitor that has gone while it moved something lives on: until that is sent,
+    /// and sent once more where it must be.
     static constexpr std::chrono::milliseconds AFTERLIFE = 2 * Hand::HOLD;
 
     /// What it needs of the front end. All outlives it.
@@ -60,6 +60,8 @@ private:
     script::Outcome invite();
     void pump();
     void closeAfter(std::chrono::seconds time, const QString& reason);
+    void moved();
+    bool isMoving();
     void gone();
 
     const Surroundings& with_;
@@ -69,6 +71,8 @@ private:
     Channel channel_;
     std::unique_ptr<Session> session_; ///< once it is in
     std::deque<std::string> waiting_;  ///< commands
+    bool hasCommanded_ = false;        ///< within AFTERLIFE, or up to twice that
+    bool commandsAgain_ = false;
     Lifetime deadline_;
     Lifetime life_;
 };
