@@ -21,17 +21,11 @@ if(LUMBRA_SANITIZE)
   target_link_options(lumbra_flags INTERFACE -fsanitize=${LUMBRA_SANITIZE})
 endif()
 
-# lumbra_room(NAME SOURCES file... LINKS target...): one room of the house, a library that links exactly what it may
-# lean on. A room of headers alone becomes an interface library.
+# lumbra_room(NAME SOURCES file... LINKS target... USES target...): one room of the house, a library that links exactly
+# what it may lean on: LINKS for its headers, USES for its sources alone.
 function(lumbra_room name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
-  if(ARG_SOURCES)
-    add_library(lumbra_${name} STATIC ${ARG_SOURCES})
-    target_include_directories(lumbra_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(lumbra_${name} PUBLIC ${ARG_LINKS} PRIVATE lumbra_flags)
-  else()
-    add_library(lumbra_${name} INTERFACE)
-    target_include_directories(lumbra_${name} INTERFACE ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(lumbra_${name} INTERFACE ${ARG_LINKS})
-  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;USES" ${ARGN})
+  add_library(lumbra_${name} STATIC ${ARG_SOURCES})
+  target_include_directories(lumbra_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(lumbra_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_USES} lumbra_flags)
 endfunction()

@@ -355,49 +355,53 @@ def reset(link):
 
 
 class Zone:
-    """Zone 1 as the zone screen must show it: a second reading of the reports, for the values that are checked."""
+    """Zone 1 as the zone screen must show it: each report of an answer is kept with what it changes."""
 
     def __init__(self, choice):
         self.choice = choice
-        self.shown = {"volumeSlider": None, "muteSwitch": None, "bassSlider": None, "trebleSlider": None, "loudnessSwitch": None}
-        self.names = [f"Zone {n}" for n in range(1, 17)]
+        self.shown = {}
+        self.names = {n: f"Zone {n}" for n in range(1, 17)}
         self.sources = {}
 
     def answer(self):
         """A whole answer with new values everywhere. A volume applied twice would undo the mute behind it."""
         pick = self.choice.randint
-        text = [f'I{n}N"In {n} {pick(0, 999)}"' for n in range(1, 21)]
+        reports = []
+        self.changes = {}
+
+        def add(body, place=None, values=()):
+            reports.append(f"(U1{body})".encode())
+            self.changes[reports[-1]] = {} if place is None else place, values
+
+        for n in range(1, 21):
+            name = f"In {n} {pick(0, 999)}"
+            add(f'I{n}N"{name}"', self.sources, {n: name})
         for n in range(1, 17):
-            text += [f"O{n}Z{n}", f'Z{n}N"Room {n} {pick(0, 999)}"', f"Z{n}V{pick(-80, 0)}", f"Z{n}M{pick(0, 1)}"]
-            text += [f"Z{n}BASS{pick(-15, 15)}", f"Z{n}TREB{pick(-15, 15)}", f"Z{n}LD{pick(0, 1)}"]
-        return [f"(U1{body})".encode() for body in [*text, "APPQ0"]]
+            name, volume, bass, treble = f"Room {n} {pick(0, 999)}", pick(-80, 0), pick(-15, 15), pick(-15, 15)
+            mute, loudness = pick(0, 1), pick(0, 1)
+            shown = self.shown if n == 1 else None
+            add(f"O{n}Z{n}")
+            add(f'Z{n}N"{name}"', self.names, {n: name})
+            add(f"Z{n}V{volume}", shown, {"volumeSlider": volume, "muteSwitch": False})
+            add(f"Z{n}M{mute}", shown, {"muteSwitch": mute == 1})
+            add(f"Z{n}BASS{bass}", shown, {"bassSlider": bass})
+            add(f"Z{n}TREB{treble}", shown, {"trebleSlider": treble})
+            add(f"Z{n}LD{loudness}", shown, {"loudnessSwitch": loudness == 1})
+        add("APPQ0")
+        return reports
 
     def apply(self, sent):
-        """Takes bytes that were sent; what stands behind the last `)` was no report."""
-        for report in sent.decode("latin1").split(")")[:-1]:
-            body = report.removeprefix("(U1")
-            number, _, name = body[1:].partition('N"')
-            if body[0] == "Z" and name:
-                self.names[int(number) - 1] = name[:-1]
-            elif body[0] == "I" and name:
-                self.sources[int(number)] = name[:-1]
-            elif body.startswith("Z1V"):
-                self.shown |= {"volumeSlider": int(body[3:]), "muteSwitch": False}
-            elif body.startswith("Z1M"):
-                self.shown["muteSwitch"] = body[3] == "1"
-            elif body.startswith("Z1LD"):
-                self.shown["loudnessSwitch"] = body[4] == "1"
-            elif body.startswith("Z1BASS"):
-                self.shown["bassSlider"] = int(body[6:])
-            elif body.startswith("Z1TREB"):
-                self.shown["trebleSlider"] = int(body[6:])
+        """Takes bytes of the last answer that were sent; what stands behind the last `)` was no report."""
+        for report in sent.split(b")")[:-1]:
+            place, values = self.changes[report + b")"]
+            place.update(values)
 
     def check(self, remote):
         controls = remote.ask("state")["controls"]
         for name, wanted in self.shown.items():
             value = controls[name]["on" if name.endswith("Switch") else "value"]
-            check(wanted is None or value == wanted, f"{name} shows {value}, and {wanted} was reported")
-        check(controls["zonePicker"]["rows"] == self.names, f"the zones are {controls['zonePicker']['rows']}")
+            check(value == wanted, f"{name} shows {value}, and {wanted} was reported")
+        check(controls["zonePicker"]["rows"] == list(self.names.values()), f"the zones are {controls['zonePicker']['rows']}")
         rows = controls["sourcePicker"]["rows"]
         check(all(rows[n - 1] == name for n, name in self.sources.items()), f"the inputs are {rows}")
 

@@ -196,7 +196,7 @@ private:
             return;
         }
         if (kind == 'Z')
-            network_.withoutInput = !network_.withoutInput;
+            network_.fails = !network_.fails;
         auto* connection = latest(place_);
         if (!connection || connection->isOver)
             return;

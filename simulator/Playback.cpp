@@ -17,7 +17,7 @@ constexpr std::size_t MOST_READ = 1 << 16;
 
 /// A pause is waited for in parts: a timer can't count the milliseconds of a month.
 constexpr std::chrono::hours LONGEST_WAIT{1};
-/// A longer pause is told of.
+/// A longer pause is announced.
 constexpr std::chrono::minutes LONG_PAUSE{1};
 
 std::string inLine(const TraceEntry& entry) {

@@ -36,7 +36,7 @@ Q_SIGNALS:
     void closed();
 
 private:
-    /// A remote that keeps the playback waiting for longer is told of.
+    /// Once the playback has waited this long for the remote, it says so.
     static constexpr std::chrono::milliseconds PATIENCE{500};
     /// Text without the end of a command is no command from this length on.
     static constexpr std::size_t LONGEST_COMMAND = 64;
@@ -63,7 +63,7 @@ private:
     std::size_t next_ = 0;                    ///< the entry to be played
     std::size_t toldPause_ = ~std::size_t{0}; ///< the last entry that a pause was before
     std::string input_;
-    std::vector<std::string> missed_; ///< expected in vain
+    std::vector<std::string> missed_; ///< commands that did not come
     // Pauses are counted from here: the same moment now and in the trace.
     QElapsedTimer sinceMark_;
     std::chrono::microseconds mark_;

@@ -196,7 +196,7 @@ bool StateFile::load(Memory& memory, QString& message) const {
         [](int n) { return n == 1 ? QStringLiteral(".bad") : QStringLiteral(".bad%1").arg(n); });
     const bool isAside = aside.problem.isEmpty();
     message = QStringLiteral("The state file %1 can't be used: %2. ").arg(path_, error) +
-              (isAside ? QStringLiteral("It is kept as %1, and the unit starts afresh.")
+              (isAside ? QStringLiteral("It is kept as %1, and the unit starts with a new state.")
                        : QStringLiteral("It can't be set aside as %1 either."))
                   .arg(aside.name);
     return isAside;

@@ -28,7 +28,7 @@ public:
 protected:
     /// Takes a new client, and ownership of its socket.
     virtual void welcome(QTcpSocket* socket) = 0;
-    /// A client could not be accepted; `problem` is a clause. Called each time that it is tried in vain.
+    /// A client could not be accepted; `problem` is a clause. Called after each failed attempt.
     virtual void acceptFailed(const std::string& problem) = 0;
 
 private:

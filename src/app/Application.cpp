@@ -13,12 +13,11 @@ namespace lumbra {
 
 namespace {
 
-std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, Signal<>& activated,
-                                                AlertPresenter& alerts) {
+std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, AlertPresenter& alerts) {
     const auto connection =
         std::make_shared<ServerConnection>(platform.queue, platform.streams, platform.reachability);
     auto tabs = std::make_shared<NetworkTabController>(connection, platform.settings);
-    const ScreenContext context{platform.queue, platform.worker, activated, alerts, *tabs};
+    const ScreenContext context{platform.queue, platform.worker, alerts, *tabs};
     tabs->setViewControllers({
         std::make_shared<ZoneViewController>(context, buildView("zone")),
         std::make_shared<OutputViewController>(context, buildView("output")),
@@ -33,14 +32,15 @@ std::shared_ptr<NetworkTabController> buildTabs(const Platform& platform, Signal
 
 Application::Application(const Platform& platform, Reconnection reconnection)
     : platform_(platform),
-      tabs_(buildTabs(platform, activated_, alerts_)),
+      tabs_(buildTabs(platform, alerts_)),
       delegate_(tabs_, platform.settings),
       status_(*tabs_, link(), platform.queue),
-      hands_(*tabs_, link(), platform.queue) {
+      hands_(*tabs_, link(), platform.queue),
+      notice_(alerts_, link(), reconnection == Reconnection::Automatic) {
     if (reconnection != Reconnection::Automatic)
         return;
-    keepConnected_.emplace(
-        KeepConnected::Surroundings{link(), status_, alerts_, platform.queue, [this] { connect(); }});
+    keepConnected_.emplace(KeepConnected::Surroundings{link(), status_, alerts_, platform.queue,
+                                                       [this] { screen().connectServer(); }});
     // The screen that appears runs its connect step for the user.
     screens_ = tabs_->onScreenChange([this] { keepConnected_->userConnects(); });
 }
@@ -71,7 +71,7 @@ void Application::enterBackground() {
 
 void Application::becomeActive() {
     delegate_.didBecomeActive();
-    activated_.emit();
+    screen().applicationDidBecomeActive();
     if (keepConnected_)
         keepConnected_->setActive(true);
 }
@@ -82,9 +82,10 @@ void Application::terminate() {
 }
 
 void Application::reconnect() {
+    notice_.userConnects();
     if (keepConnected_)
         keepConnected_->userConnects();
-    connect();
+    screen().connectServer();
 }
 
 Condition Application::condition() const {
@@ -107,9 +108,8 @@ const ItemList* Application::items() const {
     return dynamic_cast<const ItemList*>(tabs_->selectedViewController().get());
 }
 
-void Application::connect() {
-    if (const auto screen = std::dynamic_pointer_cast<ScreenViewController>(tabs_->selectedViewController()))
-        screen->connectServer();
+ScreenViewController& Application::screen() const {
+    return static_cast<ScreenViewController&>(*tabs_->selectedViewController());
 }
 
 } // namespace lumbra

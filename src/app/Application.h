@@ -5,6 +5,7 @@
 #include "app/Hands.h"
 #include "app/KeepConnected.h"
 #include "app/NetworkTabController.h"
+#include "app/Notice.h"
 #include "app/StatusMonitor.h"
 #include "platform/MainQueue.h"
 #include "platform/Reachability.h"
@@ -51,8 +52,7 @@ public:
     /// Builds the tabs, selects the start tab, shows its screen (which connects) and becomes active.
     void launch();
 
-    // The platform's lifecycle events. On becoming active the delegate acts first, then the current screen is
-    // notified.
+    // The platform's lifecycle events. On becoming active the delegate acts first, then the current screen.
     void resignActive();
     void enterBackground();
     void enterForeground() {} // nothing depends on it
@@ -81,19 +81,21 @@ public:
     /// True if a closed link is opened again without the user.
     bool keepsConnected() const { return keepConnected_.has_value(); }
     AlertPresenter& alerts() { return alerts_; }
+    /// The alert as a person is told of it.
+    Notice& notice() { return notice_; }
     SettingsStore& settings() { return platform_.settings; }
     MainQueue& queue() { return platform_.queue; }
 
 private:
-    void connect();
+    ScreenViewController& screen() const;
 
     Platform platform_;
-    Signal<> activated_;
     AlertPresenter alerts_;
     std::shared_ptr<NetworkTabController> tabs_;
     AppDelegate delegate_;
     StatusMonitor status_;
     Hands hands_;
+    Notice notice_;
     std::optional<KeepConnected> keepConnected_;
     Subscription screens_;
 };

@@ -9,7 +9,7 @@ namespace lumbra {
 Text textOf(Condition condition, std::int64_t unit) {
     switch (condition) {
     case Condition::Retrying:
-        return {LUMBRA_TEXT("System", "Not connected, trying again")};
+        return {LUMBRA_TEXT("System", "Reconnecting…")};
     case Condition::Connecting:
         return {LUMBRA_TEXT("System", "Connecting")};
     case Condition::Waiting:

@@ -6,7 +6,7 @@
 
 namespace lumbra {
 
-/// How things stand with the unit, as people are told: the state of the link and the status of the screen in one.
+/// The state of the link and the status of the screen in one, as people see it.
 enum class Condition : std::uint8_t {
     NotConnected,
     Retrying, ///< not connected; the application will try again without the user
@@ -16,7 +16,7 @@ enum class Condition : std::uint8_t {
     Current, ///< connected; the screen shows what the unit has reported
 };
 
-/// It in words. `unit` is the number of the unit.
+/// The condition in words. `unit` is the number of the unit.
 Text textOf(Condition condition, std::int64_t unit);
 
 } // namespace lumbra

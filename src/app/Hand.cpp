@@ -48,7 +48,9 @@ void Hand::cancel() {
 bool Hand::moveTo(float value) {
     if (!mayMove() || !std::isfinite(value))
         return false;
-    const float clamped = std::clamp(value, slider_->minimum(), slider_->maximum());
+    // Beyond its limit the unit would take the value back.
+    const float highest = std::max(slider_->limit().value_or(slider_->maximum()), shown());
+    const float clamped = std::clamp(value, slider_->minimum(), highest);
     if (clamped == shown())
         return true;
     if (!wish_)

@@ -38,6 +38,11 @@ public:
     /// The value to show: the one that the hand has set in this hold, else the slider's.
     float shown() const { return wish_ ? wish_->value : slider_->value(); }
     bool mayMove() const { return slider_->isEnabled() && mayMove_(); }
+    /// It has stopped at the highest value that the unit allows, which is less than the slider's range.
+    bool isAtLimit() const {
+        return slider_->limit().value_or(slider_->maximum()) < slider_->maximum() &&
+               shown() >= *slider_->limit();
+    }
 
     /// A finger touches the slider. Several may at a time. False if the slider can't be moved.
     bool grab(const void* finger);
@@ -46,8 +51,9 @@ public:
     /// Takes all fingers off and ends the hold, and sends nothing: the slider now belongs to another item,
     /// can't be moved or is no longer visible.
     void cancel();
-    /// Moves the slider to `value`, clamped to its range: one event, or none if that is the value shown. False
-    /// if the slider can't be moved or `value` is not finite.
+    /// Moves the slider to `value`, clamped to its range and to its limit: one event, or none if that is the value
+    /// shown. Where the unit has set more than its limit, that is the limit. False if the slider can't be moved or
+    /// `value` is not finite.
     bool moveTo(float value);
 
     /// Calls `observer` when the hold has begun or ended, or has another value.

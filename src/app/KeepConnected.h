@@ -14,8 +14,8 @@ namespace lumbra {
 
 /// Connects again by itself, for wall panels: while the link is closed and the application is active, runs
 /// the connect step after 2, 5, 10 and then every 30 s. The alerts of these attempts are not presented. Once
-/// a screen is current again, an alert that is still shown is withdrawn. The delays begin anew then, and when
-/// the user connects or comes back. Main thread only.
+/// a screen is current again, an alert that is still shown is withdrawn. The delays then start again at 2 s, as
+/// they do when the user connects or comes back. Main thread only.
 class KeepConnected {
 public:
     /// What it needs of the application. All outlive this object.
@@ -30,7 +30,7 @@ public:
 
     /// The application has become active, or has resigned.
     void setActive(bool active);
-    /// The user connects: the alert of a failure is presented again, and the delays begin anew.
+    /// The user connects: the alert of a failure is presented again, and the delays start again at 2 s.
     void userConnects();
 
 private:

@@ -38,8 +38,8 @@ public:
     /// All three outlive the monitor.
     StatusMonitor(TabBarController& tabs, ServerConnection& link, MainQueue& queue);
 
-    /// Begins to observe. Observers of the tabs, the link and the controls that have subscribed by now are
-    /// told of a change before the status follows it.
+    /// Begins to observe. Whoever observes the tabs, the link or the controls already is called
+    /// before the status follows a change.
     void start();
 
     ScreenStatus status() const { return status_; }

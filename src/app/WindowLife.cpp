@@ -2,8 +2,8 @@
 
 namespace lumbra {
 
-void WindowLife::setVisibility(Visibility visibility) {
-    visibility_ = visibility;
+void WindowLife::setVisible(bool visible) {
+    visible_ = visible;
     settle();
 }
 
@@ -12,22 +12,16 @@ void WindowLife::setSettingsOpen(bool open) {
     settle();
 }
 
-WindowLife::Visibility WindowLife::wanted() const {
-    return settingsOpen_ ? Visibility::Hidden : visibility_;
-}
-
 void WindowLife::settle() {
-    // One step at a time, because an event may change the wanted visibility.
-    while (announced_ != wanted()) {
-        if (announced_ < wanted()) {
-            const bool leaving = announced_ == Visibility::Active;
-            announced_ = leaving ? Visibility::Inactive : Visibility::Hidden;
-            leaving ? events_.resignActive() : events_.enterBackground();
-        } else {
-            const bool waking = announced_ == Visibility::Hidden;
-            announced_ = waking ? Visibility::Inactive : Visibility::Active;
-            waking ? events_.enterForeground() : events_.becomeActive();
-        }
+    if (const bool present = visible_ && !settingsOpen_; present == present_)
+        return;
+    present_ = !present_;
+    if (present_) {
+        application_.enterForeground();
+        application_.becomeActive();
+    } else {
+        application_.resignActive();
+        application_.enterBackground();
     }
 }
 

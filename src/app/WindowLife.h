@@ -1,42 +1,28 @@
 #pragma once
 
-#include <functional>
-#include <utility>
+#include "app/Application.h"
 
 namespace lumbra {
 
-/// Maps the visibility of a front end's window to the application's lifecycle events. Each event is sent once
-/// a change, in the platform's order for leaving and returning. Starts active. Main thread only.
+/// Makes the application follow its window: sends it the lifecycle events for leaving and returning, each once a
+/// change, in the platform's order. Starts visible. Main thread only.
 class WindowLife {
 public:
-    /// The receivers of the events.
-    struct Events {
-        std::function<void()> resignActive;
-        std::function<void()> enterBackground;
-        std::function<void()> enterForeground;
-        std::function<void()> becomeActive;
-    };
-    /// How visible the window is.
-    enum class Visibility {
-        Active,   ///< visible; on a desktop also without the focus
-        Inactive, ///< covered by a system overlay; on phones only
-        Hidden,   ///< hidden, minimised or suspended
-    };
+    /// `application` outlives this object.
+    explicit WindowLife(Application& application) : application_(application) {}
 
-    explicit WindowLife(Events events) : events_(std::move(events)) {}
-
-    void setVisibility(Visibility visibility);
+    /// A window without the focus is visible; one that is hidden, minimised or suspended is not.
+    void setVisible(bool visible);
     /// The settings screen counts as outside the application: opening it hides the window.
     void setSettingsOpen(bool open);
 
 private:
-    Visibility wanted() const;
     void settle();
 
-    Events events_;
-    Visibility visibility_ = Visibility::Active;
+    Application& application_;
+    bool visible_ = true;
     bool settingsOpen_ = false;
-    Visibility announced_ = Visibility::Active;
+    bool present_ = true; ///< as the application was last told
 };
 
 } // namespace lumbra

@@ -25,7 +25,7 @@ int openUnblocked(int descriptor) {
     constexpr int FLAGS = O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     if (::isatty(descriptor) == 0)
         return -1;
-    // Whoever has become another user may not open the terminal by its name, but always as his own.
+    // A process that has changed its user may not open the terminal by its name, but it can open its own.
     const bool isOwn = ::tcgetsid(descriptor) == ::getsid(0);
     const int own = isOwn ? ::open("/dev/tty", FLAGS) : -1;
     return own != -1 ? own : ::open(("/proc/self/fd/" + std::to_string(descriptor)).c_str(), FLAGS);

@@ -1,8 +1,8 @@
 #include "console/TextPrinter.h"
 
 #include "script/Command.h"
-#include "script/Numbers.h"
-#include "script/Utf8.h"
+#include "text/Decimal.h"
+#include "text/Utf8.h"
 #include "toolkit/Controls.h"
 
 #include <algorithm>

@@ -10,8 +10,8 @@
 
 namespace lumbra {
 
-/// Writes commands to one output stream, each as a whole or not at all, whoever they come from. Where the
-/// network takes a part of a command, the rest goes out before anything else. Main thread only.
+/// Writes commands to one output stream, each as a whole or not at all, from any number of senders. If
+/// the network takes only a part of a command, the rest goes out before anything else. Main thread only.
 class CommandWriter {
 public:
     /// Writes one command. Returns its length, 0 if the network takes none of it now, or -1 on an error.

@@ -21,11 +21,6 @@ void ScreenViewController::viewDidLoad() {
 
 void ScreenViewController::viewWillAppear() {
     connectServer();
-    activation_ = context_.activated.subscribe([this] { applicationDidBecomeActive(); });
-}
-
-void ScreenViewController::viewWillDisappear() {
-    activation_ = Subscription();
 }
 
 void ScreenViewController::applicationDidBecomeActive() {

@@ -7,7 +7,6 @@
 #include "protocol/ReportBuffer.h"
 #include "toolkit/ActivityIndicator.h"
 #include "toolkit/Alert.h"
-#include "toolkit/Signal.h"
 #include "toolkit/ViewController.h"
 
 #include <cstdint>
@@ -36,7 +35,6 @@ protected:
 struct ScreenContext {
     MainQueue& queue;
     Worker& worker;
-    Signal<>& activated; ///< the application has become active
     AlertPresenter& alerts;
     LinkOwner& owner;
 };
@@ -50,9 +48,8 @@ public:
 
     void viewDidLoad() override;
     void viewWillAppear() override;
-    void viewWillDisappear() override;
 
-    /// Called when the application becomes active while this screen is the current one.
+    /// Called when the application has become active and this screen is the current one.
     void applicationDidBecomeActive();
     void displayConnectionError() override;
     /// Makes this screen the connection's delegate. Then queries the unit if the link is open, else connects.
@@ -94,7 +91,6 @@ private:
     int queryNumber_;
     std::shared_ptr<ServerConnection> serverConn_;
     Outlet<ActivityIndicator> spinner_;
-    Subscription activation_; ///< only while this screen is the current one
     ReportBuffer reports_;
     Lifetime life_;
 };

@@ -23,7 +23,7 @@ bool ServerConnection::open(const OpenAttempt& attempt) {
         return false;
     // std::function needs a copyable capture, hence the shared pair.
     auto pair = std::make_shared<StreamPair>(attempt.streams.createPair(attempt.address, telnet_port));
-    if (!pair->input || !pair->output)
+    if (!pair->input)
         return false;
     attempt.queue.post([weak = attempt.connection, number = attempt.number, pair = std::move(pair)] {
         if (const auto connection = weak.lock())

@@ -75,7 +75,7 @@ void SharedConnection::connect() {
             connect();
     }));
     auto pair = network_.createPair(host_, port_);
-    if (!pair.input || !pair.output) {
+    if (!pair.input) {
         for (const auto& tap : std::exchange(taps_, {})) {
             tap->end(StreamEvent::ErrorOccurred);
             tap->postDelivery();

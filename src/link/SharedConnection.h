@@ -21,16 +21,16 @@
 
 namespace lumbra {
 
-/// The one connection to one place that all of its taps share. SharedLink tells its rules. Main thread only.
+/// The one connection to one place that all of its taps share. SharedLink describes its rules. Main thread only.
 class SharedConnection final : public std::enable_shared_from_this<SharedConnection>, private StreamDelegate {
 public:
-    /// The connection is closed so long after the last tap has left.
+    /// How long the connection stays open after the last tap has left.
     static constexpr std::chrono::seconds LINGER{10};
-    /// From one connect to the next at least.
+    /// The shortest time between two connects.
     static constexpr std::chrono::seconds CONNECT_INTERVAL{2};
     /// A tap that is not open by then fails.
     static constexpr std::chrono::seconds CONNECT_DEADLINE{10};
-    /// About as many bytes are read in one turn of the main loop.
+    /// About how many bytes one turn of the main loop reads.
     static constexpr std::size_t TURN_LIMIT = 16384;
 
     /// `queue` and `network` outlive the connection.
@@ -41,7 +41,7 @@ public:
     /// Ends the taps that are left, in a later turn.
     ~SharedConnection();
 
-    /// A tap has been opened. It is told of it, or of its failure, in a later turn.
+    /// A tap has been opened. It learns in a later turn whether the connection is open.
     void enter(std::shared_ptr<Tap> tap);
     /// The tap is closed.
     void leave(const Tap& tap);

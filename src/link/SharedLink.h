@@ -25,7 +25,7 @@ class SharedConnection;
 /// - Each `write` is one command, which is taken whole or not at all. A serial announcement after the first one
 ///   of the connection, and a query that is under way already, are taken and not sent. All pairs announce the
 ///   same flag, as the settings are the same for all; one that differs is not sent, either.
-/// - What becomes of the connection becomes of each pair, after the reports that arrived before.
+/// - If the connection fails or ends, so does each pair, after the reports that arrived before.
 /// - A pair whose bytes nobody reads ends when Tap::UNREAD_LIMIT of them wait. It delays no other.
 ///
 /// Pairs to another host or port, as after a change of the settings, share a connection of their own; the old

@@ -20,9 +20,9 @@ namespace lumbra {
 /// PATIENCE without an answer.
 ///
 /// An answer counts only for those who asked before its query was sent: others may have missed its first
-/// reports. The unit answers in the order of the queries. So an answer that comes after its query was repeated
-/// still belongs to the first; should that have been lost, those whom the second was for are asked for once
-/// more. Main thread only.
+/// reports. The unit answers in the order of the queries, so an answer that comes after its query was repeated
+/// still belongs to the first. If the first was lost, the query is sent once more for those who waited for the
+/// second. Main thread only.
 class StateQueries {
 public:
     /// Who asks; it is only compared.
@@ -44,13 +44,13 @@ public:
     /// returned if it took nothing: the query is then forgotten.
     std::ptrdiff_t ask(const StateQuery& query, Asker asker);
 
-    /// The report that ends an answer has just been completed. Returns those whom it concerns, each once.
+    /// The report that ends an answer has just been completed. Returns the askers that it answers, each once.
     std::vector<Asker> end(const StateQuery& query);
 
     /// `asker` has left.
     void forget(Asker asker);
 
-    /// The network takes bytes again: sends what it has refused to take for those who wait.
+    /// The network takes bytes again: sends the queries that it had refused.
     void resume();
 
 private:

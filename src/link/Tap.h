@@ -18,8 +18,8 @@ class SharedConnection;
 /// It touches the connection from its `open` on. The two may end in any order.
 class Tap final : public PairState {
 public:
-    /// The most bytes that wait to be read. A pair whose bytes nobody reads holds up nobody: with more it ends,
-    /// as a unit ends a connection that is not read.
+    /// The most bytes that wait to be read. A pair that nobody reads must not delay the others: with more it
+    /// ends, as a unit ends a connection that is not read.
     static constexpr std::size_t UNREAD_LIMIT = 65536;
 
     /// Returns the connection to enter; null if there is none any more. Called on the main thread.
@@ -54,9 +54,9 @@ private:
 
     const Find find_;
     std::weak_ptr<SharedConnection> connection_;
-    std::uint64_t missed_ = 0; ///< so many reports had begun before it opened
+    std::uint64_t missed_ = 0; ///< how many reports had begun before it opened
     std::vector<std::uint8_t> received_;
-    std::size_t read_ = 0; ///< so many bytes of them are read
+    std::size_t read_ = 0; ///< how many of these bytes are read
     bool wantsSpace_ = false;
 };
 

@@ -22,8 +22,8 @@ public:
     virtual ~DescriptorWatcher() = default;
 
     /// Calls `readable` from the main loop, once a turn, while a read of `fd` would not block. This includes
-    /// the end of a pipe, every regular file, and a descriptor that is not open: its read then fails. The
-    /// caller owns the descriptor and keeps it open while the watch lives.
+    /// the end of a pipe and every regular file. The caller owns the descriptor and keeps it open while the
+    /// watch lives.
     virtual std::unique_ptr<DescriptorWatch> watchReadable(int fd, std::function<void()> readable) = 0;
 };
 

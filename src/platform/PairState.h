@@ -11,9 +11,8 @@
 
 namespace lumbra {
 
-/// The state that the two streams of a pair share, and the events that their delegates are told, in the order
-/// and at the times that Stream asks for. What is derived from it moves the bytes. Each stream owns a
-/// reference.
+/// The state that the two streams of a pair share. It reports the events to their delegates, in the order and
+/// at the times that Stream promises; a derived class moves the bytes. Each stream owns a reference.
 ///
 /// It may be created on any thread. From the first call of a stream on it belongs to the main thread.
 class PairState : public std::enable_shared_from_this<PairState> {
@@ -67,7 +66,7 @@ protected:
     void spaceFound() { spacePending_ = true; }
     /// The connect has failed, or the connection is over. `deliver` reports it behind the unread bytes.
     void over(StreamEvent lastEvent);
-    /// What `over` was told.
+    /// The argument of `over`.
     const std::optional<StreamEvent>& lastEvent() const { return lastEvent_; }
 
     /// Reports what is due to those who listen. They may destroy both streams meanwhile.

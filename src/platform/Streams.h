@@ -70,7 +70,7 @@ public:
     virtual std::ptrdiff_t write(std::span<const std::uint8_t> bytes) = 0;
 };
 
-/// The two directions of one connection. Either is null if the pair could not be created.
+/// The two directions of one connection; no input and no output if the pair could not be created.
 struct StreamPair {
     std::unique_ptr<InputStream> input;
     std::unique_ptr<OutputStream> output;

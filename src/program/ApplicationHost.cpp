@@ -15,7 +15,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QJsonObject>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -52,10 +51,8 @@ TraceStart traceStart(const Options& options, const SettingsStore& settings) {
     TraceStart start{.options = publicOptions(options.given)};
     for (const auto& [key, type, caption] : SETTINGS)
         if (type != SettingEntry::Type::Text && settings.value(key))
-            start.settings.insert(QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size())),
-                                  type == SettingEntry::Type::Flag
-                                      ? QJsonValue(settings.flag(key))
-                                      : QJsonValue(qint64{settings.integer(key)}));
+            start.settings.emplace(key, type == SettingEntry::Type::Flag ? SettingValue(settings.flag(key))
+                                                                         : settings.integer(key));
     return start;
 }
 

@@ -17,7 +17,7 @@ struct Told {
     void report(std::int64_t value) { *this = {value, true}; }
 };
 
-/// What the unit has told of an item, and what it has been asked since. This stands beside the model, which
+/// What the unit has reported of an item, and what it was asked for since. This stands beside the model, which
 /// begins with first values and takes a number as soon as it is sent.
 struct ItemTold {
     /// Which values of a band are known.

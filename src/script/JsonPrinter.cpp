@@ -60,7 +60,7 @@ struct StateWriter {
 
     void operator()(const Picker& picker) const {
         texts(json.field("kind", "picker"), "rows", picker.rows());
-        json.field("selected", picker.selected()).field("color", nameOf(picker.color()));
+        json.field("selected", picker.selected()).field("color", Picker::COLOR);
     }
     void operator()(const Slider& slider) const {
         json.field("kind", "slider").field("value", slider.value()).field("min", slider.minimum());

@@ -1,6 +1,5 @@
 #include "script/Numbers.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <locale>
@@ -47,16 +46,6 @@ std::optional<std::chrono::nanoseconds> parseSeconds(std::string_view text) {
     if (read(text, seconds) != std::errc() || !(seconds >= 0 && seconds <= 1e9))
         return std::nullopt;
     return std::chrono::ceil<std::chrono::nanoseconds>(std::chrono::duration<double>(seconds));
-}
-
-std::string decimalOf(float value) {
-    std::array<char, 32> buffer{};
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    static_cast<void>(error);
-    std::string text(buffer.data(), end);
-    if (text.find_first_of(".en") == std::string::npos)
-        text += ".0";
-    return text;
 }
 
 } // namespace lumbra::script

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace lumbra::script {
@@ -17,9 +16,5 @@ std::optional<float> parseLevel(std::string_view text);
 
 /// Parses a number of seconds from 0 to 10^9; nothing if `text` is none.
 std::optional<std::chrono::nanoseconds> parseSeconds(std::string_view text);
-
-/// The shortest decimal that parses to the same float, always with a decimal point or an exponent, so that it
-/// does not look like an integer: "-40.0", "1301.03".
-std::string decimalOf(float value);
 
 } // namespace lumbra::script

@@ -57,7 +57,7 @@ public:
     /// `hand` is the hand on the control; null if there has never been one.
     virtual void controlChanged(const View& screen, const View::Item& item, const Hand* hand) = 0;
     virtual void alertAskedFor(const Alert& alert) = 0;
-    /// The alert on show is gone without the user's hand.
+    /// The program has withdrawn the alert.
     virtual void alertWithdrawn() = 0;
     virtual void linkChanged(LinkState link) = 0;
     virtual void statusChanged(ScreenStatus status) = 0;

@@ -1,6 +1,6 @@
 #include "script/Words.h"
 
-#include "script/Utf8.h"
+#include "text/Utf8.h"
 
 #include <cstddef>
 

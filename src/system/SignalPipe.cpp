@@ -73,9 +73,4 @@ SignalPipe::~SignalPipe() {
     ::close(ends_[1]);
 }
 
-std::optional<int> SignalPipe::next() {
-    unsigned char byte = 0;
-    return ::read(ends_[0], &byte, 1) == 1 ? std::optional<int>(byte) : std::nullopt;
-}
-
 } // namespace lumbra

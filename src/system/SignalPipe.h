@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cstdint>
 #include <initializer_list>
-#include <optional>
 #include <vector>
 
 namespace lumbra {
@@ -28,10 +27,8 @@ public:
     SignalPipe(const SignalPipe&) = delete;
     SignalPipe& operator=(const SignalPipe&) = delete;
 
-    /// The read end of the pipe: readable while a signal is pending.
+    /// The read end of the pipe, which does not block: each byte is the number of a signal.
     int descriptor() const { return ends_[0]; }
-    /// Returns and removes the next pending signal, if any. Does not block.
-    std::optional<int> next();
 
 private:
     std::vector<int> signals_;

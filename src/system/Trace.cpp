@@ -1,16 +1,17 @@
 #include "system/Trace.h"
 
 #include "system/Printable.h"
+#include "text/Json.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QJsonParseError>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <optional>
 #include <set>
 
@@ -33,36 +34,13 @@ constexpr std::array<EventName, 6> EVENTS{{{Kind::Attempt, "attempt"},
 
 constexpr auto TIME_LIMIT = 1e9; // s
 
-/// Appends JSON text. Its units are bytes, or the UTF-16 of a text.
-template <class Units>
-void appendText(std::string& json, const Units& units) {
-    json += '"';
-    for (const auto unit : units) {
-        const auto code = static_cast<unsigned>(unit);
-        if (code == '"' || code == '\\')
-            json += '\\';
-        if (code >= ' ' && code <= '~') {
-            json += static_cast<char>(code);
-        } else {
-            std::array<char, 7> escaped{};
-            std::snprintf(escaped.data(), escaped.size(), "\\u%04x", code & 0xFFFFU);
-            json.append(escaped.data(), escaped.size() - 1);
-        }
-    }
-    json += '"';
-}
-
-void appendBytes(std::string& json, const std::string& bytes) {
-    appendText(json, std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
-}
-
-void appendUtf8(std::string& json, const std::string& text) {
-    const auto characters = QString::fromStdString(text);
-    appendText(json, std::vector<char16_t>(characters.utf16(), characters.utf16() + characters.size()));
-}
-
 std::string textOf(const QJsonValue& value) {
     return value.toString().toStdString();
+}
+
+/// The text that stands for bytes in a trace, as UTF-8.
+std::string charactersOf(const std::string& bytes) {
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size())).toStdString();
 }
 
 /// The bytes that a text of a trace stands for; nothing if it is no such text.
@@ -157,47 +135,39 @@ private:
 } // namespace
 
 std::string formatTraceStart(const TraceStart& start) {
-    std::string line(TRACE_MARK);
-    line += R"(1,"program":"lumbra-remote","version":")" LUMBRA_VERSION R"(","time":")" +
-            QDateTime::currentDateTimeUtc().toString(Qt::ISODate).toStdString() + R"(","options":)";
-    appendUtf8(line, start.options);
-    return line +
-           ",\"settings\":" + QJsonDocument(start.settings).toJson(QJsonDocument::Compact).toStdString() +
-           "}\n";
+    return Json::asciiLine([&](Json& json) {
+        json.field("trace", 1).field("program", "lumbra-remote").field("version", LUMBRA_VERSION);
+        json.field("time", QDateTime::currentDateTimeUtc().toString(Qt::ISODate).toStdString());
+        json.field("options", start.options).object("settings", [&](Json& settings) {
+            for (const auto& [key, value] : start.settings)
+                std::visit(
+                    [&, name = std::string_view(key)](const auto& plain) { settings.field(name, plain); },
+                    value);
+        });
+    });
 }
 
 std::string formatTraceEntry(const TraceEntry& entry) {
-    std::array<char, 64> begin{};
-    const auto time = static_cast<long long>(entry.time.count());
-    std::snprintf(begin.data(), begin.size(), R"({"time":%lld.%06lld,)", time / 1'000'000, time % 1'000'000);
-    std::string line = begin.data();
-    if (entry.kind != Kind::Full)
-        line += R"("link":)" + std::to_string(entry.link) + ',';
-    const bool isSent = entry.kind == Kind::Sent;
-    if (isSent || entry.kind == Kind::Received) {
-        line += isSent ? R"("sent":)" : R"("received":)";
-        appendBytes(line, entry.text);
-        if (!entry.notSent.empty()) {
-            line += R"(,"not_sent":)";
-            appendBytes(line, entry.notSent);
+    return Json::asciiLine([&](Json& json) {
+        json.field("time", entry.time);
+        if (entry.kind != Kind::Full)
+            json.field("link", entry.link);
+        if (entry.kind == Kind::Sent || entry.kind == Kind::Received) {
+            json.field(entry.kind == Kind::Sent ? "sent" : "received", charactersOf(entry.text));
+            if (!entry.notSent.empty())
+                json.field("not_sent", charactersOf(entry.notSent));
+            if (entry.failed)
+                json.field("failed", true);
+            return;
         }
-        if (entry.failed)
-            line += R"(,"failed":true)";
-    } else {
         const auto* const event = std::find_if(EVENTS.begin(), EVENTS.end(),
                                                [&](const auto& known) { return known.kind == entry.kind; });
-        line += R"("event":")";
-        line += event->name;
-        line += '"';
-        if (entry.kind == Kind::Attempt) {
-            line += R"(,"host":)";
-            appendUtf8(line, entry.text);
-            line += R"(,"port":)" + std::to_string(entry.port);
-        } else if (entry.kind == Kind::Full) {
-            line += R"(,"limit":)" + std::to_string(entry.limit);
-        }
-    }
-    return line += "}\n";
+        json.field("event", event->name);
+        if (entry.kind == Kind::Attempt)
+            json.field("host", entry.text).field("port", int{entry.port});
+        else if (entry.kind == Kind::Full)
+            json.field("limit", entry.limit);
+    });
 }
 
 std::variant<Trace, std::string> parseTrace(const QByteArray& text) {
@@ -219,8 +189,12 @@ std::variant<Trace, std::string> parseTrace(const QByteArray& text) {
         if (number == 1) {
             if (object.value(QLatin1String("trace")).toInt() != 1)
                 return "Line 1 is the first line of a trace of another version of the format.";
-            trace.start = {textOf(object.value(QLatin1String("options"))),
-                           object.value(QLatin1String("settings")).toObject()};
+            trace.start = {textOf(object.value(QLatin1String("options"))), {}};
+            const auto settings = object.value(QLatin1String("settings")).toObject();
+            for (auto setting = settings.begin(); setting != settings.end(); ++setting)
+                trace.start.settings.emplace(setting.key().toStdString(),
+                                             setting->isBool() ? SettingValue(setting->toBool())
+                                                               : std::int64_t{setting->toInteger()});
             continue;
         }
         TraceEntry entry;

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/SettingsStore.h"
+
 #include <QByteArray>
-#include <QJsonObject>
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <variant>
 #include <vector>
@@ -37,8 +40,8 @@ struct TraceEntry {
 
 /// The first line of a trace: what wrote it.
 struct TraceStart {
-    std::string options;    ///< the command line without names of files, the address as it was connected to
-    QJsonObject settings{}; ///< at the start, without the address
+    std::string options; ///< the command line without names of files, the address as it was connected to
+    std::map<std::string, SettingValue, std::less<>> settings{}; ///< at the start, without the address
 };
 
 /// A trace that was read.

@@ -14,7 +14,7 @@ namespace lumbra {
 namespace {
 
 constexpr mode_t OWNER_ONLY = S_IRUSR | S_IWUSR;
-/// More than the line takes that tells of the limit.
+/// More than the last line takes, which names the limit.
 constexpr std::int64_t LAST_LINE = 128;
 
 std::string systemError() {

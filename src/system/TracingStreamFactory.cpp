@@ -30,7 +30,7 @@ public:
         if (++openDirections_ == 2)
             add(Kind::Opened);
     }
-    /// The link is over for the network. It is told of once, however many events and calls say so.
+    /// The link is over. Only the first event or call that says so is traced.
     void over(Kind kind) {
         if (!std::exchange(isOver_, true))
             add(kind);
@@ -128,11 +128,10 @@ StreamPair TracingStreamFactory::createPair(const std::string& host, std::uint16
     const auto link = std::make_shared<TracedLink>(trace_, ++links_);
     link->attempt(host, port);
     auto pair = streams_.createPair(host, port);
-    if (pair.input)
-        pair.input = std::make_unique<TracedInput>(std::move(pair.input), link);
-    if (pair.output)
-        pair.output = std::make_unique<TracedOutput>(std::move(pair.output), link);
-    return pair;
+    if (!pair.input)
+        return pair;
+    return {std::make_unique<TracedInput>(std::move(pair.input), link),
+            std::make_unique<TracedOutput>(std::move(pair.output), link)};
 }
 
 } // namespace lumbra

@@ -13,7 +13,7 @@ namespace lumbra {
 /// when the program is killed during a write. Symbolic links are followed. Any thread.
 class WholeFile {
 public:
-    /// A longer file is no file of ours.
+    /// A longer file was not written by this program.
     static constexpr qint64 LONGEST = 1 << 20; // bytes
 
     /// What was read.

@@ -51,7 +51,7 @@ public:
     /// `row` is less than `rowCount()`, here and below.
     virtual ItemRow row(std::size_t row) const = 0;
     /// The volume of the row's item, in dB: a control of its own, the same one as long as the screen lives. The
-    /// selected item's follows the screen's volume slider, and leads it.
+    /// selected item's and the screen's volume slider follow each other.
     virtual const std::shared_ptr<Slider>& volumeOf(std::size_t row) const = 0;
     /// The same for the item's mute.
     virtual const std::shared_ptr<Switch>& muteOf(std::size_t row) const = 0;

@@ -4,10 +4,6 @@
 
 namespace lumbra {
 
-std::string_view nameOf(Color) {
-    return "white";
-}
-
 void Picker::setRows(std::span<const std::string> rows) {
     // The unit repeats all names in each answer to a state query: most calls change nothing.
     const bool differs = !std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end());

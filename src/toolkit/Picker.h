@@ -3,17 +3,12 @@
 #include "toolkit/Control.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace lumbra {
-
-enum class Color : std::uint8_t { White };
-
-std::string_view nameOf(Color color);
 
 /// A wheel of rows (UTF-8), one of them selected.
 class Picker final : public Control {
@@ -23,8 +18,8 @@ public:
     Picker() : Control(KIND) {}
 
     const std::vector<std::string>& rows() const { return rows_; }
-    /// What the rows are drawn in.
-    static constexpr Color color() { return Color::White; }
+    /// The colour of the rows' text.
+    static constexpr std::string_view COLOR = "white";
     /// 0-based; -1 while there are no rows.
     int selected() const { return selected_; }
     /// The text of the selected row; empty while there are no rows.

@@ -39,12 +39,6 @@ void TabBarController::viewWillAppear() {
     showSelected();
 }
 
-void TabBarController::viewWillDisappear() {
-    onShow_ = false;
-    if (const auto leaving = std::exchange(shown_, nullptr))
-        leaving->viewWillDisappear();
-}
-
 void TabBarController::showSelected() {
     if (!onShow_)
         return;

@@ -12,7 +12,7 @@ namespace lumbra {
 /// Holds screens as tabs and shows one of them. Main thread only.
 ///
 /// A screen that is shown is first loaded if necessary and told that it will appear; then the previous screen
-/// is told that it will disappear. While the tab controller itself is hidden, no screen is told anything.
+/// is told that it will disappear. Before the tab controller itself appears, no screen is told anything.
 class TabBarController : public ViewController {
 public:
     TabBarController();
@@ -37,7 +37,6 @@ public:
     }
 
     void viewWillAppear() override;
-    void viewWillDisappear() override;
 
 protected:
     /// Called after the user has selected a tab, which is the current one now.

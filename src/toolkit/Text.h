@@ -16,8 +16,8 @@ struct Text {
 
     bool operator==(const Text&) const = default;
 
-    /// `words`, the pattern or its translation, with the arguments in place of %1 to %9. What an argument
-    /// contains is not looked at again.
+    /// `words`, the pattern or its translation, with the arguments in place of %1 to %9. A "%1" in
+    /// an argument stays as it is.
     std::string filled(std::string_view words) const {
         std::string text;
         for (std::size_t at = 0; at < words.size(); ++at) {

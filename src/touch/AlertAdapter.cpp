@@ -4,16 +4,16 @@
 
 namespace lumbra {
 
-AlertAdapter::AlertAdapter(AlertPresenter& presenter, RefreshQueue& queue, QObject* parent)
-    : Adapter(queue, parent), presenter_(presenter), subscription_(presenter.onChange([this] { mark(); })) {}
+AlertAdapter::AlertAdapter(Notice& notice, RefreshQueue& queue, QObject* parent)
+    : Adapter(queue, parent), notice_(notice), subscription_(notice.onChange([this] { mark(); })) {}
 
 void AlertAdapter::dismiss() {
-    if (presenter_.dismissByUser())
-        Q_EMIT changed();
+    notice_.dismiss();
+    Q_EMIT changed();
 }
 
 QString AlertAdapter::text(Text Alert::*field) const {
-    return presenter_.shown() ? translatedText(*presenter_.shown().*field) : QString();
+    return notice_.shown() ? translatedText(notice_.shown()->*field) : QString();
 }
 
 } // namespace lumbra

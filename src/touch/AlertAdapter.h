@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/Alert.h"
+#include "app/Notice.h"
 #include "touch/Adapter.h"
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// Exposes the alert to QML, if one is shown. All texts are plain text in the user's language; they are empty
+/// Exposes the alert to QML, as the user is told of it. All texts are plain text in the user's language; they are empty
 /// while no alert is shown.
 class AlertAdapter final : public lumbra::Adapter {
     Q_OBJECT
@@ -20,10 +20,10 @@ class AlertAdapter final : public lumbra::Adapter {
     Q_PROPERTY(QString button READ button NOTIFY changed)
 
 public:
-    /// `presenter` outlives the adapter.
-    AlertAdapter(AlertPresenter& presenter, RefreshQueue& queue, QObject* parent);
+    /// `notice` outlives the adapter.
+    AlertAdapter(Notice& notice, RefreshQueue& queue, QObject* parent);
 
-    bool isShown() const { return presenter_.shown().has_value(); }
+    bool isShown() const { return notice_.shown() != nullptr; }
     QString title() const { return text(&Alert::title); }
     QString message() const { return text(&Alert::message); }
     QString button() const { return text(&Alert::button); }
@@ -33,7 +33,7 @@ public:
 private:
     QString text(Text Alert::*field) const;
 
-    AlertPresenter& presenter_;
+    Notice& notice_;
     Subscription subscription_;
 };
 

@@ -9,7 +9,7 @@ AppAdapter::AppAdapter(Application& application, WindowLife& life, const QString
       application_(application),
       refreshQueue_(application.queue()),
       link_(new LinkAdapter(application, endpoint, refreshQueue_, this)),
-      alert_(new AlertAdapter(application.alerts(), refreshQueue_, this)),
+      alert_(new AlertAdapter(application.notice(), refreshQueue_, this)),
       settings_(new SettingsAdapter(application, life, refreshQueue_, this)),
       screenChange_(application.tabs().onScreenChange([this] { updateTabs(); })),
       alertChange_(application.alerts().onChange([this] { handsOff(); })) {

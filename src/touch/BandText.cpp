@@ -1,6 +1,7 @@
 #include "touch/BandText.h"
 
 #include "app/BandSetting.h"
+#include "touch/Captions.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -25,7 +26,7 @@ QString withGain(const QString& frequency, const QString& gain) {
 } // namespace
 
 QString BandText::gain(qint64 decibels) {
-    return (decibels > 0 ? QStringLiteral("+%1 dB") : QStringLiteral("%1 dB")).arg(decibels);
+    return (decibels > 0 ? QStringLiteral("+%1 dB") : QStringLiteral("%1 dB")).arg(shownNumber(decibels));
 }
 
 QString BandText::shown(qreal frequency, qreal gain, bool hasGain) {

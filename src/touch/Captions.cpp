@@ -50,18 +50,51 @@ QString shownName(std::string_view name) {
     return given ? translatedText(*given) : utf8(name);
 }
 
+std::string givenName(const QString& shown, const std::string& name) {
+    return shownName(name) == shown ? name : shown.toStdString();
+}
+
+QString unknownText() {
+    return QStringLiteral("–");
+}
+
+QString spokenUnknown() {
+    return QCoreApplication::translate(CONTEXT, QT_TRANSLATE_NOOP("System", "unknown"));
+}
+
+QString shownNumber(qint64 number) {
+    return QString::number(number).replace(u'-', QChar(0x2212));
+}
+
+QString shownText(const Label& label) {
+    return label.reading() ? shownText(*label.reading()) : translatedText(label.text());
+}
+
+QString shownText(const Reading& reading) {
+    static constexpr const char* SHOWN[] = {
+        //: With the space before the sign that the language has: a narrow no-break space (U+202F)
+        QT_TRANSLATE_NOOP("System", "%1%"),
+        QT_TRANSLATE_NOOP("System", "%1 dB"),
+        QT_TRANSLATE_NOOP("System", "%1 Hz"),
+        QT_TRANSLATE_NOOP("System", "%1 kHz"),
+    };
+    return QCoreApplication::translate("System", SHOWN[static_cast<std::size_t>(reading.unit)])
+        .arg(shownNumber(reading.number));
+}
+
 QString spokenText(const Label& label) {
-    if (!label.reading())
-        return translatedText(label.text());
+    return label.reading() ? spokenText(*label.reading()) : translatedText(label.text());
+}
+
+QString spokenText(const Reading& reading) {
     static constexpr const char* SPOKEN[] = {
         QT_TRANSLATE_NOOP("System", "%1 percent"),
         QT_TRANSLATE_NOOP("System", "%1 decibels"),
         QT_TRANSLATE_NOOP("System", "%1 hertz"),
         QT_TRANSLATE_NOOP("System", "%1 kilohertz"),
     };
-    const auto& [number, unit] = *label.reading();
-    return QCoreApplication::translate("System", SPOKEN[static_cast<std::size_t>(unit)])
-        .arg(QString::number(number));
+    return QCoreApplication::translate("System", SPOKEN[static_cast<std::size_t>(reading.unit)])
+        .arg(QString::number(reading.number));
 }
 
 QString spokenName(const QString& where, std::string_view caption) {

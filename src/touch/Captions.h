@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <string>
 #include <string_view>
 
 namespace lumbra {
@@ -20,8 +21,24 @@ QString translatedText(const Text& text);
 
 /// A name as it is shown: one that the unit has given unchanged, a default name in the user's language.
 QString shownName(std::string_view name);
+/// `name` if it is shown as `shown`, else `shown` itself: for calls that compare what the user saw with what is there
+/// now.
+std::string givenName(const QString& shown, const std::string& name);
 
-/// The text of a label for a screen reader: "50%" is "50 percent", "-40 dB" is "-40 decibels".
+/// What stands for a value that the unit has not reported: "–".
+QString unknownText();
+/// The same for a screen reader.
+QString spokenUnknown();
+
+/// A whole number with a true minus sign.
+QString shownNumber(qint64 number);
+/// A reading as the user's language writes it: "−40 dB", in German "60 %".
+QString shownText(const Reading& reading);
+/// The text of a label.
+QString shownText(const Label& label);
+/// A reading for a screen reader: "50%" is "50 percent", "-40 dB" is "-40 decibels".
+QString spokenText(const Reading& reading);
+/// The text of a label for a screen reader.
 QString spokenText(const Label& label);
 
 /// The name of a control for a screen reader, from the name of its item and its English caption: "Kitchen

@@ -25,8 +25,8 @@ struct GainMark {
 constexpr FrequencyMark FREQUENCIES[] = {{20, "20"},      {20'000, "20k"}, {1000, "1k"}, {100, "100"},
                                          {10'000, "10k"}, {200, "200"},    {2000, "2k"}, {50, "50"},
                                          {500, "500"},    {5000, "5k"}};
-constexpr GainMark GAINS[] = {{18, "+18"},  {-18, "-18"}, {0, "0"},  {12, "+12"},
-                              {-12, "-12"}, {6, "+6"},    {-6, "-6"}};
+constexpr GainMark GAINS[] = {{18, "+18"},       {-18, "\u221218"}, {0, "0"},       {12, "+12"},
+                              {-12, "\u221212"}, {6, "+6"},         {-6, "\u22126"}};
 
 constexpr double LABEL_GAP = 4;
 constexpr double ARROW = 9;
@@ -122,7 +122,7 @@ void EqPlot::layOut() {
     const QFontMetricsF metrics(font());
     double gutter = 0;
     for (const auto& mark : GAINS)
-        gutter = std::max(gutter, metrics.horizontalAdvance(QString::fromLatin1(mark.text)));
+        gutter = std::max(gutter, metrics.horizontalAdvance(QString::fromUtf8(mark.text)));
     const double side = std::max(handleRadius_, metrics.horizontalAdvance(QStringLiteral("20k")) / 2);
     // The half of a label, or as much of a handle at the highest gain as the range above it has no room for.
     const double half = metrics.height() / 2;
@@ -191,7 +191,7 @@ void EqPlot::drawLabels(QPainter& painter) const {
     const auto shownGains = shownLabels(rooms, 0);
     const double right = grid_.left() - std::max(handleRadius_, LABEL_GAP);
     for (std::size_t mark = 0; mark < std::size(GAINS); ++mark) {
-        const auto text = QString::fromLatin1(GAINS[mark].text);
+        const auto text = QString::fromUtf8(GAINS[mark].text);
         if (shownGains[mark])
             painter.drawText(
                 QPointF(right - metrics.horizontalAdvance(text), rooms[mark].from + metrics.ascent()), text);

@@ -8,7 +8,7 @@
 
 namespace lumbra {
 
-/// Exposes a label to QML.
+/// Exposes a label to QML. One that is not known shows no value.
 class LabelAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -22,9 +22,9 @@ public:
         : ControlAdapter(control, caption, queue, parent), control_(std::move(control)) {}
 
     /// Plain text; must not be interpreted as markup.
-    QString text() const { return translatedText(control_->text()); }
+    QString text() const { return isKnown() ? shownText(*control_) : unknownText(); }
     /// The text for a screen reader: "50 percent".
-    QString spoken() const { return spokenText(*control_); }
+    QString spoken() const { return isKnown() ? spokenText(*control_) : spokenUnknown(); }
 
 private:
     std::shared_ptr<Label> control_;

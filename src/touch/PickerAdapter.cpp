@@ -13,11 +13,13 @@ PickerAdapter::PickerAdapter(std::shared_ptr<Picker> control, const std::string&
 }
 
 QString PickerAdapter::selectedText() const {
-    return QString::fromStdString(control_->selectedText());
+    return shownName(control_->selectedText());
 }
 
 bool PickerAdapter::pick(int row, const QString& text) {
-    return isEnabled() && control_->pickByUser(row, text.toStdString());
+    const auto& rows = control_->rows();
+    const auto at = static_cast<std::size_t>(row); // below 0 it is beyond the rows
+    return isEnabled() && at < rows.size() && control_->pickByUser(row, givenName(text, rows[at]));
 }
 
 void PickerAdapter::refresh() {
@@ -29,7 +31,7 @@ void PickerAdapter::refresh() {
 bool PickerAdapter::updateRows() {
     QStringList wanted;
     for (const auto& row : control_->rows())
-        wanted << QString::fromStdString(row);
+        wanted << shownName(row);
     if (wanted == rows_.stringList())
         return false;
     const auto had = rows_.rowCount();

@@ -9,7 +9,7 @@
 namespace lumbra {
 
 /// Exposes a picker to QML. Its rows are a list model that changes row by row, so that a wheel keeps its place
-/// while names arrive.
+/// while names arrive. Default names are in the user's language.
 class PickerAdapter final : public lumbra::ControlAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -18,6 +18,7 @@ class PickerAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(int count READ count NOTIFY changed)
     Q_PROPERTY(int selected READ selected NOTIFY changed)
     Q_PROPERTY(QString selectedText READ selectedText NOTIFY changed)
+    Q_PROPERTY(QString shownText READ shownText NOTIFY changed)
 
 public:
     PickerAdapter(std::shared_ptr<Picker> control, const std::string& caption, RefreshQueue& queue,
@@ -29,6 +30,8 @@ public:
     /// -1 while there are no rows.
     int selected() const { return control_->selected(); }
     QString selectedText() const;
+    /// The same if the unit has reported it, else "–".
+    QString shownText() const { return isKnown() ? selectedText() : unknownText(); }
 
     /// The text of a row of the list model; empty if there is no such row.
     Q_INVOKABLE QString textAt(int row) const { return rows_.index(row).data().toString(); }

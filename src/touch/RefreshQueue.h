@@ -26,8 +26,6 @@ public:
 
     /// Schedules one refresh of `adapter`, which may be destroyed before.
     void mark(Adapter& adapter);
-    /// The main thread's queue of work.
-    MainQueue& mainQueue() { return queue_; }
 
 private:
     void refreshMarked();

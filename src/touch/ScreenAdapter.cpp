@@ -31,7 +31,7 @@ void ScreenAdapter::followStatus() {
 
 ItemListAdapter* ScreenAdapter::items() {
     if (const auto* const list = dynamic_cast<const ItemList*>(controller_.get()); list && !items_)
-        items_ = new ItemListAdapter(*list, queue_, this);
+        items_ = new ItemListAdapter(*list, controller_->view(), application_, queue_, this);
     return items_;
 }
 

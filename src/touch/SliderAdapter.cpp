@@ -1,5 +1,7 @@
 #include "touch/SliderAdapter.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace lumbra {
@@ -13,7 +15,11 @@ SliderAdapter::SliderAdapter(std::shared_ptr<Slider> control, Hand& hand, const 
 
 QString SliderAdapter::reading() const {
     const auto reading = control_->readingOf(hand_.shown());
-    return reading ? translatedText(reading->text()) : QString();
+    if (!reading)
+        return {};
+    //: %1 is a volume: the unit allows no more
+    return hand_.isAtLimit() ? QCoreApplication::translate("System", "Maximum %1").arg(shownText(*reading))
+                             : shownText(*reading);
 }
 
 bool SliderAdapter::moveToPosition(qreal position) {

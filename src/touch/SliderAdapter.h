@@ -19,6 +19,7 @@ class SliderAdapter final : public lumbra::ControlAdapter {
     Q_PROPERTY(qreal minimum READ minimum CONSTANT)
     Q_PROPERTY(qreal maximum READ maximum CONSTANT)
     Q_PROPERTY(qreal limit READ limit NOTIFY changed)
+    Q_PROPERTY(qreal limitPosition READ limitPosition NOTIFY changed)
     Q_PROPERTY(qreal value READ value NOTIFY changed)
     Q_PROPERTY(qreal position READ position NOTIFY changed)
     Q_PROPERTY(qreal zeroPosition READ zeroPosition CONSTANT)
@@ -35,6 +36,7 @@ public:
     qreal maximum() const { return static_cast<qreal>(control_->maximum()); }
     /// The highest value that the unit allows, as far as it has told.
     qreal limit() const { return static_cast<qreal>(control_->limit().value_or(control_->maximum())); }
+    qreal limitPosition() const { return positionOf(limit()); }
     qreal value() const { return static_cast<qreal>(hand_.shown()); }
     /// The value shown as a fraction of the range, 0 to 1.
     qreal position() const { return positionOf(value()); }
@@ -42,7 +44,8 @@ public:
     qreal zeroPosition() const { return positionOf(std::clamp(0.0, minimum(), maximum())); }
     /// The value at a position.
     qreal valueAt(qreal position) const { return minimum() + position * (maximum() - minimum()); }
-    /// The value shown, as the slider's label would have it: "50%". Empty if the screen has no label for it.
+    /// The value shown, as the slider's label would have it: "50%", or "Maximum 68%" at the limit. Empty if the screen
+    /// has no label for it.
     QString reading() const;
     bool isHeld() const { return hand_.isHeld(); }
 

@@ -1,5 +1,7 @@
 #include "touch/Speech.h"
 
+#include "touch/Captions.h"
+
 namespace lumbra {
 
 QString Speech::format(const QString& pattern, const QStringList& values) {
@@ -11,7 +13,7 @@ QString Speech::format(const QString& pattern, const QStringList& values) {
             filled += pattern[at];
             continue;
         }
-        filled += values[value];
+        filled += values[value] == unknownText() ? spokenUnknown() : values[value];
         ++at;
     }
     return filled;

@@ -15,7 +15,8 @@ class Speech : public QObject {
 
 public:
     /// Returns `pattern` with %1 to %9 replaced by `values`. Values are plain text: a "%1" in the name of a
-    /// zone is kept, where repeated calls of QString::arg would replace it.
+    /// zone is kept, where repeated calls of QString::arg would replace it. What stands for an unknown value is
+    /// spoken as such.
     Q_INVOKABLE static QString format(const QString& pattern, const QStringList& values);
 };
 

@@ -14,19 +14,10 @@ namespace lumbra {
 
 namespace {
 
-#if defined(Q_OS_ANDROID) || defined(Q_OS_IOS)
-constexpr bool IS_PHONE = true;
-#else
-constexpr bool IS_PHONE = false;
-#endif
-
-WindowLife::Visibility visibilityOf(const QWindow& window) {
+bool isInSight(const QWindow& window) {
     const auto state = QGuiApplication::applicationState();
-    if (!window.isVisible() || window.windowStates().testFlag(Qt::WindowMinimized) ||
-        state == Qt::ApplicationHidden || state == Qt::ApplicationSuspended)
-        return WindowLife::Visibility::Hidden;
-    return IS_PHONE && state == Qt::ApplicationInactive ? WindowLife::Visibility::Inactive
-                                                        : WindowLife::Visibility::Active;
+    return window.isVisible() && !window.windowStates().testFlag(Qt::WindowMinimized) &&
+           state != Qt::ApplicationHidden && state != Qt::ApplicationSuspended;
 }
 
 } // namespace
@@ -34,10 +25,7 @@ WindowLife::Visibility visibilityOf(const QWindow& window) {
 TouchFrontEnd::TouchFrontEnd(Application& application, TouchOptions options)
     : application_(application),
       options_(std::move(options)),
-      life_({[&application] { application.resignActive(); },
-             [&application] { application.enterBackground(); },
-             [&application] { application.enterForeground(); },
-             [&application] { application.becomeActive(); }}),
+      life_(application),
       adapter_(std::make_unique<AppAdapter>(application, life_, options_.endpoint)) {}
 
 TouchFrontEnd::~TouchFrontEnd() = default;
@@ -73,7 +61,7 @@ bool TouchFrontEnd::show() {
 }
 
 void TouchFrontEnd::followWindow() {
-    life_.setVisibility(visibilityOf(*window()));
+    life_.setVisible(isInSight(*window()));
 }
 
 } // namespace lumbra

@@ -2,11 +2,11 @@
 
 #include "script/CommandInterpreter.h"
 #include "script/EventReporter.h"
-#include "script/Json.h"
 #include "script/JsonPrinter.h"
 #include "script/Keywords.h"
 #include "script/Numbers.h"
 #include "script/Words.h"
+#include "text/Json.h"
 #include "web/VisitorSettings.h"
 
 #include <algorithm>
@@ -19,7 +19,6 @@ namespace lumbra::web {
 using script::Arguments;
 using script::Done;
 using script::Failed;
-using script::Json;
 using script::Outcome;
 
 namespace {

@@ -1,6 +1,6 @@
 #include "web/WebFrontEnd.h"
 
-#include "script/Json.h"
+#include "text/Json.h"
 
 #include <QHostInfo>
 #include <QNetworkInterface>
@@ -106,9 +106,9 @@ std::vector<std::string> WebFrontEnd::urls() const {
 
 void WebFrontEnd::announce() {
     if (options_.json)
-        return print_(script::Json::line([this](script::Json& json) {
+        return print_(Json::line([this](Json& json) {
             json.field("event", "web");
-            json.array("urls", urls(), [](script::Json& array, const std::string& url) { array.text(url); });
+            json.array("urls", urls(), [](Json& array, const std::string& url) { array.text(url); });
             if (pairing_)
                 json.field("code", pairing_->code());
             else

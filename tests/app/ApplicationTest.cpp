@@ -86,7 +86,7 @@ TEST(Status, FollowsTheLinkAndTheAnswer) {
             > U2APPQ4 ; status silent ; > U1APPQ4 ; status current ; end ; status offline)"},
         {"each screen waits for its own answer, from its own start", R"(
             wait 3 ; tab group ; wait 3 ; status waiting ; wait 2 ; status silent ; tab scene ; status waiting)"},
-        {"a link that opens anew, under a query that was never answered", R"(
+        {"a link that opens again, after a query that was never answered", R"(
             wait 9 ; status silent ; end ; status offline ; away ; back ; status offline
             hold ; connect ; status waiting ; settle ; status waiting ; wait 4 ; status waiting ; > U1APPQ0 ; status current)"},
         {"a query that can't be sent is not answered", R"(
@@ -110,7 +110,7 @@ TEST(Life, KeepsConnectedIfAsked) {
          "error ; wait 2 ; connect ; > U1APPQ0 ; alert none"},
         {"a unit that hangs up before it answers is not asked ever faster", R"(
             end ; wait 2 ; connect ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; alerts 0)"},
-        {"what the user starts fails aloud, and counts anew", R"(
+        {"what the user starts fails with an alert, and the delays start again", R"(
             end ; wait 2 ; error ; wait 5 ; error ; alerts 0 ; network off ; tab group ; alerts 1
             network on ; wait 2 ; link opening ; error ; wait 5 ; error ; away ; back ; error ; alerts 1
             wait 2 ; link opening)"},

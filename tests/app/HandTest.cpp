@@ -1,6 +1,4 @@
 #include "Remote.h"
-#include "app/Finger.h"
-#include "app/Settings.h"
 
 #include <gtest/gtest.h>
 
@@ -12,70 +10,57 @@ protected:
     Remote remote;
 
     void SetUp() override { remote.launch(); }
-    Hand& on(std::string_view name) {
-        return remote.application.hands().on(std::dynamic_pointer_cast<Slider>(remote.screen().find(name)));
-    }
 };
 
-// A hand and the unit on one slider. A number moves by that much, as a key does; "v" and "^" put a finger down and lift it,
-// "=-30" drags it there; "." lets 100 ms pass; a report arrives; "x" takes it off; "frequency" is about another slider.
+// A hand and the unit on one slider.
 TEST_F(Hands, EndWithTheUsersValueOrWithSomebodyElses) {
-    // What happens, the script, what is shown at its end, and what is sent in all.
-    const char* const cases[][4] = {
-        {"a key", "+11", "-29", "[U1Z1V-29]"},
-        {"the echo of an earlier step", "+11 . U1Z1V-35", "-29", "[U1Z1V-29]"},
-        {"of the value at the start", "-3 +8 . U1Z1V-40 U1Z1V-43", "-35", "[U1Z1V-35]"},
-        {"somebody turns it down", "+11 . U1Z1V-60", "-60", ""},
-        {"or up", "+11 . U1Z1V-20", "-20", ""},
-        {"after that a key counts from there", "+11 . U1Z1V-60 +1", "-59", "[U1Z1V-59]"},
-        {"and an echo is one of there", "+11 . U1Z1V-60 +9 +1 U1Z1V-51", "-50", "[U1Z1V-50]"},
-        {"a finger that rests", "v U1Z1V-60 ^", "-60", ""},
-        {"that moved long ago", "v =-29.5 .......... U1Z1V-35 ^", "-29.5", "[U1Z1V-29] [U1Z1V-29]"},
-        {"a level that the unit rounds", "v =-29.5 .......... U1Z1V-29 ^", "-29.5", "[U1Z1V-29]"},
-        {"turned down under a finger", "v =-40 =-29 U1Z1V-60 ^", "-60", ""},
-        {"that moves on from there", "v =-40 =-29 U1Z1V-60 =-28 ^", "-59", "[U1Z1V-59]"},
-        {"a unit that allows no more", "+1 . +29 ....... U1Z1V-20 .........", "-10", "[U1Z1V-10] [U1Z1V-10]"},
-        {"has the last word", "+1 . +29 ....... U1Z1V-20 ......... U1Z1V-20 ..........", "-20", "[U1Z1V-10]"},
-        {"a hand that is taken off", "+11 U1Z1V-35 x", "-35", ""},
-        {"a finger that was not put down", "=-30", "-40", ""},
-        {"a drag over a track without a width", "v =nan ^", "-40", ""},
-        {"the rounding of low frequencies", "U1O1B1P0F30 frequency -167.5 . U1O1B1P0F20 .", "1309.62", ""},
-        {"a filter that is bypassed", "U1O1B1P0F1000 frequency +300 . U1O1B1P0F1000 U1O1B1BYPASS .", "3000",
-         ""},
+    const Scenario scenarios[] = {
+        {"a key", "nudge volumeSlider 11 ; hand volumeSlider -29 held ; wait 5 ; hand volumeSlider -29 ; "
+                  "sent [U1Z1V-29]"},
+        {"the echo of an earlier step", R"(
+            nudge volumeSlider 11 ; wait 0.1 ; > U1Z1V-35 ; hand volumeSlider -29 held ; wait 5 ; sent [U1Z1V-29])"},
+        {"of the value at the start", R"(
+            nudge volumeSlider -3 ; nudge volumeSlider 8 ; wait 0.1 ; > U1Z1V-40 ; > U1Z1V-43
+            hand volumeSlider -35 held ; wait 5 ; sent [U1Z1V-35])"},
+        {"somebody turns it down", R"(
+            nudge volumeSlider 11 ; wait 0.1 ; > U1Z1V-60 ; hand volumeSlider -60 ; wait 5 ; sent)"},
+        {"or up", "nudge volumeSlider 11 ; wait 0.1 ; > U1Z1V-20 ; hand volumeSlider -20 ; wait 5 ; sent"},
+        {"after that a key counts from there, and an echo is one of there", R"(
+            nudge volumeSlider 11 ; wait 0.1 ; > U1Z1V-60 ; nudge volumeSlider 9 ; nudge volumeSlider 1 ; > U1Z1V-51
+            hand volumeSlider -50 held ; wait 5 ; hand volumeSlider -50 ; sent [U1Z1V-50])"},
+        {"a finger that rests", R"(
+            touch volumeSlider ; > U1Z1V-60 ; lift ; hand volumeSlider -60 ; wait 5 ; sent)"},
+        {"that moved long ago", R"(
+            touch volumeSlider ; drag -29.5 ; wait 1 ; > U1Z1V-35 ; lift ; hand volumeSlider -29.5 held
+            wait 5 ; sent [U1Z1V-29] [U1Z1V-29])"},
+        {"a level that the unit rounds", R"(
+            touch volumeSlider ; drag -29.5 ; wait 1 ; > U1Z1V-29 ; lift ; hand volumeSlider -29.5 held ; wait 5 ; sent [U1Z1V-29])"},
+        {"turned down under a finger, which moves on from there", R"(
+            touch volumeSlider ; drag -40 ; drag -29 ; > U1Z1V-60 ; hand volumeSlider -60 held ; drag -28
+            lift ; hand volumeSlider -59 held ; wait 5 ; hand volumeSlider -59 ; sent [U1Z1V-59])"},
+        {"a unit that allows no more is asked twice", R"(
+            nudge volumeSlider 1 ; wait 0.1 ; nudge volumeSlider 29 ; wait 0.7 ; > U1Z1V-20 ; wait 0.9
+            hand volumeSlider -10 held ; wait 5 ; sent [U1Z1V-10] [U1Z1V-10])"},
+        {"and has the last word", R"(
+            nudge volumeSlider 1 ; wait 0.1 ; nudge volumeSlider 29 ; wait 0.7 ; > U1Z1V-20 ; wait 0.9
+            > U1Z1V-20 ; wait 1 ; hand volumeSlider -20 ; wait 5)"},
+        {"a hand that is taken off",
+         "nudge volumeSlider 11 ; > U1Z1V-35 ; off ; hand volumeSlider -35 ; wait 5 ; sent"},
+        {"a finger that was not put down, and a track without a width", R"(
+            touch volumeSlider ; drag nan ; lift ; drag -30 ; hand volumeSlider -40 ; wait 5 ; sent)"},
+        {"the rounding of low frequencies", R"(
+            set advanced_mode_preference true ; away ; back ; connect ; > U1O1B1P0F30 ; sent [U1SERIAL0] [U1APPQ1]
+            nudge filterFreq1 -167.5 ; wait 0.1 ; > U1O1B1P0F20 ; wait 0.1 ; hand filterFreq1 1309.6212 held)"},
+        {"a filter that is bypassed", R"(
+            set advanced_mode_preference true ; away ; back ; connect ; > U1O1B1P0F1000 ; sent [U1SERIAL0] [U1APPQ1]
+            nudge filterFreq1 300 ; wait 0.1 ; > U1O1B1P0F1000 ; > U1O1B1BYPASS ; hand filterFreq1 3000 ; wait 5 ; sent)"},
     };
-    for (const auto& [what, steps, shown, sent] : cases) {
-        const bool isOutput = std::string_view(steps).find("frequency") != std::string_view::npos;
-        remote.settings.setValue(ADVANCED_MODE_PREFERENCE, isOutput);
-        ASSERT_EQ(remote.play("away ; back ; connect ; > U1Z1V-40 ; wait 5"), "");
-        remote.sent();
-        auto& hand = on(isOutput ? "filterFreq1" : "volumeSlider");
-        Finger finger(hand);
-        std::istringstream script(steps);
-        for (std::string word; script >> word;) {
-            if (word[0] == 'U')
-                remote.report(word);
-            else if (word == "v")
-                EXPECT_TRUE(finger.press());
-            else if (word == "^")
-                finger.lift();
-            else if (word[0] == '=')
-                finger.dragTo(std::stof(word.substr(1)));
-            else if (word[0] == '.')
-                remote.queue.advance(std::chrono::milliseconds(100 * word.size()));
-            else if (word == "x")
-                remote.application.hands().cancel();
-            else if (word != "frequency")
-                hand.moveTo(hand.shown() + std::stof(word));
-        }
-        EXPECT_NEAR(hand.shown(), std::stof(shown), 0.01) << what;
-        EXPECT_EQ(remote.play(std::string("wait 5\nsent ").append(sent)), "") << what;
-        EXPECT_FALSE(hand.isHeld()) << what;
-    }
+    EXPECT_EQ(playAll(scenarios, "connect ; > U1Z1V-40"), "");
 }
 
 // Fifteen presses of a key, and a unit whose answers come as late as the network brings them.
 TEST_F(Hands, OnASlowNetworkTheLastValueArrives) {
-    auto& hand = on("volumeSlider");
+    auto& hand = remote.hand("volumeSlider");
     for (const int late : {0, 50, 110, 290, 760, 1000, 3000})
         for (const int pause : {30, 100, 130, 400}) {
             ASSERT_EQ(remote.play("> U1Z1V-40 ; wait 5"), "");
@@ -96,7 +81,7 @@ TEST_F(Hands, OnASlowNetworkTheLastValueArrives) {
 }
 
 TEST_F(Hands, TwoFingersMoveOneSlider) {
-    auto& hand = on("volumeSlider");
+    auto& hand = remote.hand("volumeSlider");
     auto one = std::make_unique<Finger>(hand);
     Finger other(hand);
     for (auto* const each : {one.get(), &other})

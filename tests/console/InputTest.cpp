@@ -3,6 +3,7 @@
 #include "console/LineBuffer.h"
 #include "script/Numbers.h"
 #include "script/Words.h"
+#include "text/Decimal.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Session.h"
-#include "script/Utf8.h"
+#include "text/Utf8.h"
 
 #include <gtest/gtest.h>
 

@@ -39,13 +39,9 @@ protected:
     }
 };
 
-TEST_F(ServerConnectionTest, DoesNotOpenWithHalfAPair) {
-    for (auto* missing : {&streams.withoutInput, &streams.withoutOutput}) {
-        *missing = true;
-        EXPECT_FALSE(open() || connection->linkState() != LinkState::Closed || connection->sendData({}) != 0);
-        *missing = false;
-    }
-    EXPECT_EQ(streams.liveStreams(), 0);
+TEST_F(ServerConnectionTest, DoesNotOpenWithoutAPair) {
+    streams.fails = true;
+    EXPECT_FALSE(open() || connection->linkState() != LinkState::Closed || connection->sendData({}) != 0);
 }
 
 TEST_F(ServerConnectionTest, ReadsInChunksInsideTheEventUntilItIsClosed) {

@@ -64,7 +64,7 @@ private:
         if (verb == "wait")
             queue.advance(std::chrono::milliseconds(std::lround(std::stod(word) * 1e3)));
         else if (verb == "without") {
-            network.withoutInput = word == "streams";
+            network.fails = word == "streams";
         } else if (verb == "gone") {
             link.reset();
         } else if (verb == "sent") {

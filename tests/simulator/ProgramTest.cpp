@@ -49,8 +49,8 @@ TEST(Program, servesAndEndsWhoeverReadsItsOutput) {
     }
 }
 
-// What a remote does, what it then gets, and what is told of it. The third pause is of a month, which is more than a
-// timer takes. The last command is longer than what is read at a time, and a reset is not the last line.
+// What a remote sends, what it gets, and what is printed. One pause lasts a month, which is more than a timer can count.
+// The last command is longer than what is read at a time, and bytes follow the reset in the trace.
 TEST(Program, playsATraceBack) {
     const Folder folder;
     const std::string longCommand(70'000, 'x');

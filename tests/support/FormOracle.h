@@ -1,130 +1,88 @@
 #pragma once
 
-#include "protocol/GroupMessages.h"
-#include "protocol/OutputMessages.h"
-#include "protocol/OverrideMessages.h"
-#include "protocol/SceneMessages.h"
-#include "protocol/ZoneMessages.h"
+#include "protocol/ReportParser.h"
 
-#include <algorithm>
-#include <map>
+#include <array>
 #include <regex>
-#include <typeinfo>
+#include <string>
+#include <utility>
+#include <vector>
 
-// The report forms a second time, as regular expressions on the standard library's engine. Both readings are
-// put in words: "1 Volume 2 -40" is the unit, the typed report and its members. No reading is an empty text.
+// A few forms with every kind of part, read by the matcher, and by regular expressions on the standard library's engine.
+// A reading is put in words: the row, its numbers, its name. No reading is an empty text.
 namespace lumbra::oracle {
 
-inline std::string word(const Name& name) {
-    return " " + std::string(name.view());
-}
-inline std::string word(std::int64_t number) {
-    return " " + std::to_string(number);
-}
-inline std::string word(const std::optional<int>& number) {
-    return number ? word(*number) : " -";
+inline constexpr const char* FORMS[] = {"U#Z##V-##",
+                                        "U#Z##I##",
+                                        "U#Z##MV-##",
+                                        "U#Z##M[0-1]",
+                                        R"(U#Z##N"*")",
+                                        "U#O##B[1-7]BYPASS",
+                                        "U#O##B[1-7]P-##F#####",
+                                        "U#O##Z##",
+                                        "U#APPQ4",
+                                        R"(U#SP##N"*")",
+                                        "U#A-#########B##"};
+
+template <std::size_t ROW>
+std::string words(const Captures& captures) {
+    constexpr Form form(FORMS[ROW]);
+    auto all = std::to_string(ROW);
+    for (const auto& part : form.parts)
+        if (part.kind == FormPart::Kind::Number)
+            all += " " + std::to_string(captures.number(part.numberIndex));
+        else if (part.kind == FormPart::Kind::Name)
+            all += " " + std::string(captures.nameBytes);
+    return all;
 }
 
-template <class Report>
-std::string words(const std::optional<Parsed<Report>>& parsed) {
-    const auto describe = [](const auto& report) {
-        using Kind = std::decay_t<decltype(report)>;
-        // A type's name ends in the length of its own name, that name, and "E".
-        const std::string_view type = typeid(Kind).name();
-        const auto name = type.substr(type.find_last_of("0123456789") + 1);
-        auto kind = " " + std::string(name.substr(0, name.size() - 1));
-        if constexpr (std::is_empty_v<Kind>) {
-            return kind;
-        } else if constexpr (std::is_same_v<Kind, outputs::Band>) {
-            const auto& [item, band, filter, gain, frequency] = report;
-            return kind + word(item) + word(band) + word(filter) + word(gain) + word(frequency);
+template <std::size_t... ROW>
+consteval auto rowsOf(std::index_sequence<ROW...>) {
+    return std::array<ReportRow<std::string>, sizeof...(ROW)>{{{Form(FORMS[ROW]), words<ROW>}...}};
+}
+inline constexpr auto ROWS = rowsOf(std::make_index_sequence<std::size(FORMS)>());
+
+inline std::string byForms(std::string_view text) {
+    const auto parsed = parseReport<std::string, ROWS>(text);
+    return parsed ? parsed->report : "";
+}
+
+/// What a form says, as an expression that captures its numbers and its name.
+inline std::regex expressionOf(std::string_view form) {
+    std::string all;
+    for (std::size_t length = 0; !form.empty(); form.remove_prefix(length)) {
+        const std::size_t sign = form[0] == '-' ? 1 : 0;
+        length = std::min(form.find_first_not_of('#', sign), form.size());
+        if (length > 0) {
+            all += (sign ? "(-?[0-9]{1," : "([0-9]{1,") + std::to_string(length - sign) + "})";
+        } else if (form[0] == '"') {
+            all += "\"(.{1,16})\"";
+            length = 3;
         } else {
-            const auto& [item, value] = report;
-            return kind + word(item) + word(value);
+            length = form[0] == '[' ? 5 : 1;
+            const auto part = std::string(form.substr(0, length));
+            all += length > 1 ? "(" + part + ")" : part;
         }
-    };
-    return parsed ? std::to_string(parsed->unit) + std::visit(describe, parsed->report) : "";
-}
-
-/// The screens: Zone, Output, Group, Override, Scene.
-inline constexpr std::string_view SCREENS = "zogrs";
-
-inline std::string byForms(char screen, std::string_view text) {
-    return screen == 'z'   ? words(zones::parse(text))
-           : screen == 'o' ? words(outputs::parse(text))
-           : screen == 'g' ? words(groups::parse(text))
-           : screen == 'r' ? words(overrides::parse(text))
-                           : words(scenes::parse(text));
-}
-
-/// A form: the screens that read it, its expression behind the unit, and the report that it stands for. In the
-/// expression "*" is what is the screen's item, "$" its query, "#" an item, "~" a signed number, "&" a frequency, "?" a flag and "@" a
-/// name. `members` tells what becomes of its captures: "i" an index, "n" a number, "s" a name; any other character is
-/// the member.
-struct Row {
-    std::string_view screens;
-    std::string_view pattern, kind, members;
-};
-
-inline constexpr Row ROWS[] = {{"zog", "*#V~", "Volume", "in"},
-                               {"zog", "*#I#", "Input", "ii"},
-                               {"zog", "*#M?", "Mute", "in"},
-                               {"og", "*#P?", "Power", "in"},
-                               {"zog", "*#N\"@\"", "ItemName", "is"},
-                               {"s", "SP#N\"@\"", "ItemName", "is"},
-                               {"zo", "*#MV~", "MaxVolume", "in"},
-                               {"z", "Z#LD?", "Loudness", "in"},
-                               {"z", "Z#BASS~", "Bass", "in"},
-                               {"z", "Z#TREB~", "Treble", "in"},
-                               {"z", "O#Z#", "OutputAssignment", "ii"},
-                               {"o", "O#B([1-7])BYPASS", "Band", "ii0--"},
-                               {"o", "O#B([1-7])HPF&", "Band", "ii1-n"},
-                               {"o", "O#B([1-7])HS~F&", "Band", "ii2nn"},
-                               {"o", "O#B([1-7])LPF&", "Band", "ii3-n"},
-                               {"o", "O#B([1-7])LS~F&", "Band", "ii4nn"},
-                               {"o", "O#B([1-7])P~F&", "Band", "ii5nn"},
-                               {"o", "O#MXTO~", "MaxTurnOnVolume", "in"},
-                               {"o", "O#MNTO~", "MinTurnOnVolume", "in"},
-                               {"o", "O#STEREO?", "Stereo", "in"},
-                               {"r", "AO#A?", "State", "in"},
-                               {"zog", "I#N\"@\"", "InputName", "is"},
-                               {"zog", "I#STEREO?", "InputStereo", "in"},
-                               {"zogrs", "APPQ$", "EndOfState", ""}};
-
-inline std::regex expression(char screen, const Row& row) {
-    std::string all = "^U([0-9])";
-    for (const char c : row.pattern)
-        all += c == '*'   ? std::string{"ZOG"[SCREENS.find(screen)]}
-               : c == '$' ? std::string{"01432"[SCREENS.find(screen)]}
-               : c == '#' ? "([0-9]{1,2})"
-               : c == '~' ? "(-?[0-9]{1,2})"
-               : c == '&' ? "([0-9]{1,5})"
-               : c == '?' ? "([0-1])"
-               : c == '@' ? "(.{1,16})"
-                          : std::string{c};
+    }
     return std::regex(all);
 }
 
-inline std::string byExpressions(char screen, std::string_view text) {
-    static std::map<std::pair<char, const Row*>, std::regex> expressions;
-    for (const auto& row : ROWS) {
-        // The letter behind the unit is compared first, because the engine is slow.
-        if (row.screens.find(screen) == std::string_view::npos || text.size() < 3 ||
-            (row.pattern[0] != '*' && row.pattern[0] != text[2]))
-            continue;
-        auto& compiled = expressions[{screen, &row}];
-        if (compiled.mark_count() == 0)
-            compiled = expression(screen, row);
+inline std::string byExpressions(std::string_view text) {
+    static const std::vector<std::regex> expressions = [] {
+        std::vector<std::regex> all;
+        for (const auto* form : FORMS)
+            all.push_back(expressionOf(form));
+        return all;
+    }();
+    for (std::size_t row = 0; row < expressions.size(); ++row) {
         std::cmatch match;
-        if (!std::regex_search(text.data(), text.data() + text.size(), match, compiled))
+        if (!std::regex_search(text.data(), text.data() + text.size(), match, expressions[row],
+                               std::regex_constants::match_continuous))
             continue;
-        auto all = match.str(1) + " " + std::string(row.kind);
-        std::size_t group = 2;
-        for (const char member : row.members)
-            all += member == 'i'   ? word(std::stoi(match.str(group++)) - 1)
-                   : member == 'n' ? word(std::stoi(match.str(group++)))
-                   : member == 's' ? word(Name::fromLatin1(match.str(group++)))
-                                   : std::string{' ', member};
+        auto all = std::to_string(row);
+        for (std::size_t group = 1; group < match.size(); ++group)
+            all += " " + (*match[group].second == '"' ? match.str(group)
+                                                      : std::to_string(std::stoi(match.str(group))));
         return all;
     }
     return "";

@@ -4,6 +4,7 @@
 #include "ManualWorker.h"
 #include "ScriptedStreams.h"
 #include "app/Application.h"
+#include "app/Finger.h"
 #include "platform/MemorySettingsStore.h"
 #include "toolkit/Controls.h"
 
@@ -58,6 +59,8 @@ struct House {
 ///     connect, end, error             what becomes of the newest pair of streams
 ///     output error                    an event of one of its streams: opened, bytes, space, error, end
 ///     reads -1, write 3               what its next read or write returns
+///     nudge volumeSlider 11           a hand moves a slider by so much, as a key does
+///     touch volumeSlider, drag -30    a finger is put on a slider, moves it there; lift, or hands are taken off: off
 ///     network off, threads off        what the system no longer has
 ///     away, back, resign, activate    the application leaves, comes back; one half of it
 ///     reconnect                       the user asks for the link
@@ -73,7 +76,7 @@ struct House {
 ///     link open                       the link's state; likewise status, alert, screen, sockets, stored KEY
 ///     alerts 1                        how many alerts were asked for since the last such step
 ///     peer 10.0.0.9:23                whereto the newest pair of streams leads
-///     calls input.open output.open    all calls of the newest pair's streams since the last such step
+///     hand volumeSlider -29.5 held    what the hand on a slider shows, and whether it holds it
 ///
 /// `play` gives what went wrong, or an empty text.
 class Remote {
@@ -161,10 +164,7 @@ public:
                                         : std::to_string(picker.selected()) + " " + picker.selectedText() +
                                               " of " + std::to_string(picker.rows().size());
                          },
-                         [](const Slider& slider) {
-                             char text[32];
-                             return std::string(text, std::to_chars(text, text + 32, slider.value()).ptr);
-                         },
+                         [](const Slider& slider) { return written(slider.value()); },
                          [](const Switch& onOff) { return std::string(onOff.isOn() ? "on" : "off"); },
                          [](const SegmentedControl& types) { return std::to_string(types.selected()); },
                          [](const Label& label) { return label.text(); },
@@ -175,7 +175,15 @@ public:
                      });
     }
 
+    Hand& hand(std::string_view name) {
+        return application.hands().on(std::dynamic_pointer_cast<Slider>(screen().find(name)));
+    }
+
 private:
+    static std::string written(float value) {
+        char text[32];
+        return {text, std::to_chars(text, text + 32, value).ptr};
+    }
     /// What stands before the first blank of a text, and behind it.
     static std::pair<std::string, std::string> cut(const std::string& text) {
         const auto blank = std::min(text.find(' '), text.size());
@@ -202,6 +210,11 @@ private:
              [&] {
                  return queue.advance(std::chrono::milliseconds(std::lround(std::stod(rest) * 1e3))), true;
              }},
+            {"nudge", [&] { return hand(name).moveTo(hand(name).shown() + std::stof(value)); }},
+            {"touch", [&] { return finger_.emplace(hand(name)).press(); }},
+            {"drag", [&] { return finger_->dragTo(std::stof(rest)), true; }},
+            {"lift", [&] { return finger_->lift(), true; }},
+            {"off", [&] { return application.hands().cancel(), true; }},
             {"connect", [&] { return streams.last().connect(), true; }},
             {"error", [&] { return streams.last().fireInput(StreamEvent::ErrorOccurred); }},
             {"end", [&] { return streams.last().fireInput(StreamEvent::EndEncountered); }},
@@ -225,7 +238,6 @@ private:
         };
         const std::map<std::string_view, std::function<std::string()>> looks{
             {"sent", [&] { return joined(sent()); }},
-            {"calls", [&] { return joined(std::exchange(streams.last().calls, {})); }},
             {"peer", [&] { return streams.last().host + ":" + std::to_string(streams.last().port); }},
             {"link", [&] { return std::string(nameOf(application.link().linkState())); }},
             {"status", [&] { return std::string(nameOf(application.status().status())); }},
@@ -237,6 +249,8 @@ private:
              }},
             {"sockets", [&] { return std::to_string(streams.liveStreams() / 2); }},
             {"show", [&] { return name + " " + shown(name); }},
+            {"hand",
+             [&] { return name + " " + written(hand(name).shown()) + (hand(name).isHeld() ? " held" : ""); }},
             {"row", [&] { return name + " " + row(std::stoul(name)); }},
             {"known", [&] { return joined(controls(true)); }},
             {"unknown", [&] { return joined(controls(false)); }},
@@ -324,6 +338,7 @@ private:
     }
 
     bool held_ = false;
+    std::optional<Finger> finger_;
     int alertCount_ = 0;
     const ItemList* list_ = nullptr;
     std::vector<ItemRow> rows_;

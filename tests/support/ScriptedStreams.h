@@ -17,10 +17,6 @@ public:
     const std::string host;
     const std::uint16_t port;
 
-    /// Every call of both streams in order: "input.setDelegate", "input.open", "input.schedule", "input.remove",
-    /// "input.close", "input.clearDelegate", "input.destroy", and the same of "output".
-    std::vector<std::string> calls;
-
     /// The bytes that wait to be read.
     std::string incoming;
     /// What the next reads return instead of bytes: 0 for the end, negative for an error.
@@ -57,7 +53,6 @@ public:
 
 private:
     struct Direction {
-        std::string name;
         Stream* stream = nullptr;
         StreamDelegate* delegate = nullptr;
         bool scheduled = false;
@@ -71,21 +66,14 @@ private:
             : pair_(std::move(pair)), direction_(direction) {
             direction_.stream = this;
         }
-        ~ScriptedStream() override { record("destroy") = Direction{direction_.name}; }
-        void setDelegate(StreamDelegate* delegate) override {
-            record(delegate ? "setDelegate" : "clearDelegate").delegate = delegate;
-        }
-        void open() override { record("open").open = true; }
-        void scheduleOnMainQueue() override { record("schedule").scheduled = true; }
-        void removeFromMainQueue() override { record("remove").scheduled = false; }
-        void close() override { record("close").open = false; }
+        ~ScriptedStream() override { direction_ = {}; }
+        void setDelegate(StreamDelegate* delegate) override { direction_.delegate = delegate; }
+        void open() override { direction_.open = true; }
+        void scheduleOnMainQueue() override { direction_.scheduled = true; }
+        void removeFromMainQueue() override { direction_.scheduled = false; }
+        void close() override { direction_.open = false; }
 
     protected:
-        Direction& record(const char* call) {
-            pair_->calls.push_back(direction_.name + "." + call);
-            return direction_;
-        }
-
         // Keeps the pair alive, whose member the direction is.
         const std::shared_ptr<ScriptedPair> pair_;
         Direction& direction_;
@@ -135,24 +123,19 @@ private:
         return true;
     }
 
-    Direction input_{"input"};
-    Direction output_{"output"};
+    Direction input_;
+    Direction output_;
 };
 
 /// Creates scripted pairs and remembers them all.
 class ScriptedStreamFactory final : public StreamFactory {
 public:
-    /// Directions that the next pairs lack, as on a platform that could not create them.
-    bool withoutInput = false;
-    bool withoutOutput = false;
+    /// The next pairs can't be created.
+    bool fails = false;
 
     StreamPair createPair(const std::string& host, std::uint16_t port) override {
         auto streams = ScriptedPair::streams(pairs_.emplace_back(std::make_shared<ScriptedPair>(host, port)));
-        if (withoutInput)
-            streams.input.reset();
-        if (withoutOutput)
-            streams.output.reset();
-        return streams;
+        return fails ? StreamPair() : std::move(streams);
     }
 
     /// How many pairs were created so far.

@@ -44,7 +44,7 @@ TEST(Trace, KeepsWholeLinesOnAFullDisk) {
     }
     EXPECT_EQ(told, "The trace in " + (folder / "full") + " ends here: File too large.");
     ScriptedStreamFactory scripted;
-    scripted.withoutInput = scripted.withoutOutput = true;
+    scripted.fails = true;
     const auto none = TracingStreamFactory(scripted, file).createPair("a", 1);
     EXPECT_FALSE(none.input || none.output);
     std::ifstream text(folder / "full");

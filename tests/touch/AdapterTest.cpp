@@ -19,9 +19,7 @@ namespace lumbra::test {
 class Adapters : public testing::Test {
 protected:
     Remote remote;
-    WindowLife life{
-        {[this] { remote.application.resignActive(); }, [this] { remote.application.enterBackground(); },
-         [this] { remote.application.enterForeground(); }, [this] { remote.application.becomeActive(); }}};
+    WindowLife life{remote.application};
     AppAdapter app{remote.application, life};
 
     void SetUp() override { remote.launch(); }
@@ -54,6 +52,16 @@ TEST_F(Adapters, TheAddressIsWhereConnectionsGo) {
     const AppAdapter other(remote.application, life, QStringLiteral("unit:23"));
     EXPECT_TRUE(other.link()->isRedirected() && !app.link()->isRedirected());
     EXPECT_EQ(other.link()->address(), QStringLiteral("unit:23"));
+}
+
+TEST(Notice, APanelThatTriesAgainSaysSoInItsHeaderOnly) {
+    for (const auto reconnection : {Reconnection::ByUser, Reconnection::Automatic}) {
+        Remote remote(reconnection);
+        remote.launch();
+        remote.play("error");
+        EXPECT_TRUE(remote.application.alerts().shown());
+        EXPECT_EQ(remote.application.notice().shown() == nullptr, reconnection == Reconnection::Automatic);
+    }
 }
 
 // What a window's fingers seldom do; the others are played in the window.
@@ -100,11 +108,11 @@ TEST(Captions, NamesAreSpokenAsTheLanguageHasThem) {
 // What the sliders stand for, to the hertz and as it is sent, however coarse the labels are.
 TEST(BandText, IsExactInEveryLanguage) {
     const std::tuple<const char*, double, double, bool, const char*, const char*> cases[] = {
-        {"en", 20, -15, true, "20 Hz, -15 dB", "20 hertz, -15 decibels"},
+        {"en", 20, -15, true, "20 Hz, −15 dB", "20 hertz, -15 decibels"},
         {"en", 999.6, 0.9, true, "1 kHz, 0 dB", "1 kilohertz, 0 decibels"},
         {"en", 1000, 11.8, true, "1 kHz, +11 dB", "1 kilohertz, 11 decibels"},
         {"en", 1050, -0.9, true, "1.05 kHz, 0 dB", "1.05 kilohertz, 0 decibels"},
-        {"en", 1753, -3.7, true, "1.753 kHz, -3 dB", "1.753 kilohertz, -3 decibels"},
+        {"en", 1753, -3.7, true, "1.753 kHz, −3 dB", "1.753 kilohertz, -3 decibels"},
         {"de", 19'900, 15, true, "19,9 kHz, +15 dB", "19,9 kilohertz, 15 decibels"},
         {"es", 20'000, 15, false, "20 kHz", "20 kilohertz"},
     };

@@ -11,39 +11,33 @@
 
 namespace lumbra::test {
 
+// What becomes active once too often asks the unit again; what leaves once too often loses its link.
 TEST(WindowLife, SendsEachEventOnceAChange) {
-    // a, i, h: the window becomes active, inactive, hidden; o, c: the settings open, close; s: from now on the first
-    // event brings the window back to sight. The events: resign active, enter background, enter foreground, become active.
-    const char* const cases[][3] = {{"minimised and back", "ha", "rbfa"},
-                                    {"returning without leaving", "aa", ""},
-                                    {"a phone's notification shade", "ia", "ra"},
-                                    {"back by way of inactive", "hia", "rbfa"},
-                                    {"minimised while the settings are open", "ohac", "rbfa"},
-                                    {"the settings closed while hidden", "hoca", "rbfa"},
-                                    {"the settings opened twice", "oo", "rb"},
-                                    {"closed without having been opened", "c", ""},
-                                    {"an event that changes the window", "sh", "ra"}};
-    for (const auto& [what, happens, expected] : cases) {
-        std::string events;
-        bool returns = false;
-        std::optional<WindowLife> life;
-        const auto resign = [&] {
-            events += 'r';
-            returns ? life->setVisibility(WindowLife::Visibility::Active) : void();
-        };
-        life.emplace(WindowLife::Events{resign, [&] { events += 'b'; }, [&] { events += 'f'; },
-                                        [&] { events += 'a'; }});
-        for (const char happening : std::string(happens)) {
-            if (happening == 's')
-                returns = true;
-            else if (happening == 'o' || happening == 'c')
-                life->setSettingsOpen(happening == 'o');
-            else
-                life->setVisibility(happening == 'a'   ? WindowLife::Visibility::Active
-                                    : happening == 'i' ? WindowLife::Visibility::Inactive
-                                                       : WindowLife::Visibility::Hidden);
-        }
-        EXPECT_EQ(events, expected) << what;
+    const Scenario scenarios[] = {
+        {"minimised and back", "hide ; link closed ; show ; link opening ; sockets 1"},
+        {"returning without leaving", "show ; sent ; link open"},
+        {"minimised while the settings are open",
+         "settings ; hide ; show ; link closed ; done ; link opening"},
+        {"the settings closed while hidden", "hide ; settings ; done ; link closed ; show ; link opening"},
+        {"the settings opened twice", "settings ; reconnect ; settings ; link opening ; connect ; done ; "
+                                      "sent [U1SERIAL0] [U1APPQ0] [U1APPQ0]"},
+        {"closed without having been opened", "done ; sent ; link open"},
+    };
+    for (const auto& [what, script] : scenarios) {
+        Remote remote;
+        remote.launch();
+        WindowLife life(remote.application);
+        const std::map<std::string, std::function<void()>> happenings{
+            {"hide", [&] { life.setVisible(false); }},
+            {"show", [&] { life.setVisible(true); }},
+            {"settings", [&] { life.setSettingsOpen(true); }},
+            {"done", [&] { life.setSettingsOpen(false); }}};
+        const auto problems = runSteps(script, [&](const std::string& step) {
+            if (const auto found = happenings.find(step); found != happenings.end())
+                return found->second(), remote.settle(), std::string();
+            return remote.play(step);
+        });
+        EXPECT_EQ(problems, "") << what;
     }
 }
 

@@ -50,13 +50,11 @@ public:
     }
 
 private:
-    static MemorySettingsStore stored(const QJsonObject& settings) {
+    static MemorySettingsStore stored(const decltype(TraceStart::settings)& settings) {
         MemorySettingsStore store;
-        for (auto setting = settings.begin(); setting != settings.end(); ++setting)
-            store.setValue(setting.key().toStdString(), setting->isBool()
-                                                            ? SettingValue(setting->toBool())
-                                                            : std::int64_t{setting->toInteger()});
-        if (!settings.isEmpty()) // the address is not traced
+        for (const auto& [key, value] : settings)
+            store.setValue(key, value);
+        if (!settings.empty()) // the address is not traced
             store.setValue(IP_ADDRESS_PREFERENCE, "192.168.1.50");
         return store;
     }

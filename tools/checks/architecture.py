@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks what each room includes and links against the table of docs/architecture.md: architecture.py SOURCE_FOLDER"""
+"""Checks what each room includes and links against the table of docs/architecture.md, and the forms of reports against
+those of docs/protocol.md: architecture.py SOURCE_FOLDER"""
 
 import pathlib
 import re
@@ -33,5 +34,18 @@ def violations(source):
                     yield f"{file}: {room} may not use {used or 'Qt'}"
 
 
-found = list(violations(pathlib.Path(sys.argv[1])))
-sys.exit("\n".join(found) or 0)
+def forms(source):
+    """The forms that only the code has, or only the page."""
+    code = "".join(file.read_text() for file in (source / "src/protocol").glob("*Messages.*"))
+    return set(re.findall(r'(?<=["(])U#.+?(?=(?:\)"|(?<!\*)"),)', code)) ^ set(
+        re.findall(r"`(U#.+?)` \|", (source / "docs/protocol.md").read_text()))
+
+
+def main():
+    root = pathlib.Path(sys.argv[1])
+    found = [*violations(root), *(f"only in the code, or only in protocol.md: {form}" for form in forms(root))]
+    sys.exit("\n".join(found) or 0)
+
+
+if __name__ == "__main__":
+    main()

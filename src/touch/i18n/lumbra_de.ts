@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
-    <name>AlertDialog</name>
+    <name>AlertSheet</name>
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
@@ -25,6 +25,10 @@
     <message>
         <source>%1 band %2, %3</source>
         <translation>%1 Band %2, %3</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
     </message>
 </context>
 <context>
@@ -90,24 +94,9 @@
         <source>Reconnect</source>
         <translation>Neu verbinden</translation>
     </message>
-</context>
-<context>
-    <name>ItemList</name>
     <message>
-        <source>Off</source>
-        <translation>Aus</translation>
-    </message>
-    <message>
-        <source>Muted</source>
-        <translation>Stumm</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <translation>%1, %2, %3</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3, %4</source>
-        <translation>%1, %2, %3, %4</translation>
+        <source>Unit and address</source>
+        <translation>Einheit und Adresse</translation>
     </message>
 </context>
 <context>
@@ -266,6 +255,10 @@
     <message>
         <source>off</source>
         <translation>aus</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
     </message>
 </context>
 <context>
@@ -463,10 +456,6 @@
         <translation>Das ist weder eine Adresse, wie 192.168.1.50, noch ein Rechnername.</translation>
     </message>
     <message>
-        <source>Not connected, trying again</source>
-        <translation>Nicht verbunden, neuer Versuch folgt</translation>
-    </message>
-    <message>
         <source>Connecting</source>
         <translation>Verbindet</translation>
     </message>
@@ -505,6 +494,49 @@
     <message>
         <source>Source %1</source>
         <translation>Quelle %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
+        <translation>%1, verlangt: %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <extracomment>With the space before the sign that the language has: a narrow no-break space (U+202F)</extracomment>
+        <translation>%1&#x202f;%</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Maximum %1</source>
+        <extracomment>%1 is a volume: the unit allows no more</extracomment>
+        <translation>Maximal %1</translation>
+    </message>
+    <message>
+        <source>Reconnecting…</source>
+        <translation>Verbinde neu …</translation>
     </message>
 </context>
 <context>

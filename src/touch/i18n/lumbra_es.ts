@@ -2,7 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
-    <name>AlertDialog</name>
+    <name>AlertSheet</name>
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
@@ -25,6 +25,10 @@
     <message>
         <source>%1 band %2, %3</source>
         <translation>%1 banda %2, %3</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
     </message>
 </context>
 <context>
@@ -90,24 +94,9 @@
         <source>Reconnect</source>
         <translation>Reconectar</translation>
     </message>
-</context>
-<context>
-    <name>ItemList</name>
     <message>
-        <source>Off</source>
-        <translation>Apagado</translation>
-    </message>
-    <message>
-        <source>Muted</source>
-        <translation>Silenciado</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <translation>%1, %2, %3</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3, %4</source>
-        <translation>%1, %2, %3, %4</translation>
+        <source>Unit and address</source>
+        <translation>Unidad y dirección</translation>
     </message>
 </context>
 <context>
@@ -266,6 +255,10 @@
     <message>
         <source>off</source>
         <translation>apagado</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
     </message>
 </context>
 <context>
@@ -463,10 +456,6 @@
         <translation>No es ni una dirección, como 192.168.1.50, ni el nombre de un equipo.</translation>
     </message>
     <message>
-        <source>Not connected, trying again</source>
-        <translation>Sin conexión, se reintentará</translation>
-    </message>
-    <message>
         <source>Connecting</source>
         <translation>Conectando</translation>
     </message>
@@ -505,6 +494,49 @@
     <message>
         <source>Source %1</source>
         <translation>Fuente %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>desconocido</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Apagado</translation>
+    </message>
+    <message>
+        <source>Muted</source>
+        <translation>Silenciado</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <extracomment>%1 is what the unit has reported, %2 what it has been asked for since</extracomment>
+        <translation>%1, se ha pedido %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <extracomment>With the space before the sign that the language has: a narrow no-break space (U+202F)</extracomment>
+        <translation>%1&#x202f;%</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Maximum %1</source>
+        <extracomment>%1 is a volume: the unit allows no more</extracomment>
+        <translation>Máximo %1</translation>
+    </message>
+    <message>
+        <source>Reconnecting…</source>
+        <translation>Reconectando …</translation>
     </message>
 </context>
 <context>

@@ -10,7 +10,7 @@ T.Button {
     readonly property FittedText caption: FittedText {
         text: root.text
         font: root.font
-        color: !root.enabled ? Theme.outline : root.prominent ? Theme.accentText : Theme.text
+        color: !root.enabled ? Theme.staleText : root.prominent ? Theme.accentText : Theme.text
         horizontalAlignment: Text.AlignHCenter
     }
     readonly property HoldToRead reading: HoldToRead {

@@ -48,7 +48,7 @@ Card {
             width: parent.width
             name: root.type.spokenName(root.where)
             choices: root.type.segments
-            selected: root.type.selected
+            selected: root.type.known ? root.type.selected : -1
             // A narrow segment keeps a margin around its name.
             textSize: width < 2.6 * root.typeWidth ? Math.round(Theme.smallText * 0.92) : Theme.smallText
             // Of two arrangements that fit, the one with more rows if names would be small in the other.

@@ -97,7 +97,7 @@ Item {
     }
 
     Accessible.role: Accessible.Slider
-    Accessible.name: Speech.format(qsTr("%1 band %2, %3"), [where, band + 1, hollow ? type.segments[type.selected] : BandText.spoken(frequency.value, gain.value, gain.enabled)])
+    Accessible.name: Speech.format(qsTr("%1 band %2, %3"), [where, band + 1, !type.known ? qsTr("unknown") : hollow ? type.segments[type.selected] : BandText.spoken(frequency.value, gain.value, gain.enabled)])
     Accessible.onIncreaseAction: step(gain, 1)
     Accessible.onDecreaseAction: step(gain, -1)
     Accessible.focusable: true
@@ -110,8 +110,8 @@ Item {
         width: 2 * root.plot.handleRadius
         height: width
         radius: width / 2
-        color: root.hollow ? Theme.surface : root.edited ? Theme.accent : Theme.raised
-        border.color: root.activeFocus ? Theme.text : root.hollow && !root.edited ? Theme.outline : Theme.accent
+        color: root.hollow ? Theme.surface : root.edited ? Theme.live : Theme.raised
+        border.color: root.activeFocus ? Theme.text : root.hollow && !root.edited ? Theme.outline : Theme.live
         border.width: root.activeFocus ? 3 : 2
 
         Text {
@@ -120,7 +120,7 @@ Item {
             textFormat: Text.PlainText
             font.pixelSize: 14
             font.bold: true
-            color: root.hollow ? Theme.dimText : root.edited ? Theme.accentText : Theme.text
+            color: root.hollow ? Theme.dimText : root.edited ? Theme.accentText : Theme.value
             Accessible.ignored: true
         }
     }

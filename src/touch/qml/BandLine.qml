@@ -43,6 +43,7 @@ Item {
             anchors.right: parent.right
             width: Math.min(implicitWidth, Math.max(parent.width - caption.implicitWidth - 4, parent.width * 0.46))
             text: line.label.text
+            color: Theme.value
             font.pixelSize: Theme.smallText
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: Theme.tinyText

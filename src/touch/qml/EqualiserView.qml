@@ -51,8 +51,8 @@ Card {
         screen: root.screen
         edited: root.edited
         handleRadius: 14
-        sumColor: Theme.text
-        editedColor: Theme.accent
+        sumColor: Theme.value
+        editedColor: Theme.live
         gridColor: Theme.raised
         textColor: Theme.dimText
         backColor: root.color

@@ -23,6 +23,9 @@ Rectangle {
             return Theme.bad;
         }
     }
+    readonly property bool silent: app.link.state === LinkAdapter.Silent
+    /// What the state leaves for a button: it is never cut.
+    readonly property real buttonRoom: width - Theme.gap - 4 - 3 * Theme.smallGap - gear.width - Math.ceil(words.implicitWidth) - 1
     readonly property bool narrow: width < 480 * Theme.textScale
 
     // Not that of the texts, which depends on what they say.
@@ -59,6 +62,8 @@ Rectangle {
                 Accessible.name: Speech.format(qsTr("Unit at %1, %2"), [root.app.link.address, root.app.link.text])
 
                 FittedText {
+                    id: words
+
                     objectName: "linkState"
                     // A layout rounds widths down, which would elide the last letters.
                     Layout.preferredWidth: Math.ceil(implicitWidth) + 1
@@ -94,21 +99,26 @@ Rectangle {
             objectName: "busy"
             Layout.preferredWidth: 28
             Layout.preferredHeight: 28
-            // A query that was never answered is not awaited once the link is closed.
-            visible: !root.closed
+            // A query that was never answered is not awaited once the link is closed, or for ever.
+            visible: !root.closed && !root.silent
             running: root.activity ? root.activity.animating : false
         }
-        ActionButton {
+        HeaderButton {
             objectName: "reconnectButton"
             visible: root.closed
             prominent: true
-            text: qsTr("Reconnect")
+            words: qsTr("Reconnect")
+            iconSource: "../icons/reconnect.svg"
+            room: root.buttonRoom
             onClicked: root.app.link.reconnect()
-            // A button that is gone must not keep the keyboard focus.
-            onVisibleChanged: {
-                if (!visible && activeFocus)
-                    nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
-            }
+        }
+        HeaderButton {
+            objectName: "checkUnitButton"
+            visible: root.silent
+            words: qsTr("Unit and address")
+            iconSource: "../icons/unit.svg"
+            room: root.buttonRoom
+            onClicked: root.app.settings.open()
         }
         T.AbstractButton {
             id: gear

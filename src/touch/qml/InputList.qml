@@ -16,7 +16,7 @@ PickList {
         width: root.cellWidth
         height: root.rowHeight
         text: display
-        selected: index === root.picker.selected
+        selected: index === root.picker.selected && root.picker.known
         marked: GridView.isCurrentItem && root.keyed
         onPicked: text => root.pick(index, text)
 
@@ -26,6 +26,7 @@ PickList {
             rightPadding: 8
             text: row.display
             font.bold: row.selected
+            color: root.picker.enabled ? Theme.value : Theme.staleText
             Accessible.ignored: true
         }
     }

@@ -2,7 +2,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lumbra.Touch
 
-/// All items of the screen with their input, level and mute.
+/// All items of the screen with their input, level and mute, as the unit has reported them, and what it has been asked
+/// for since.
 PickList {
     id: root
 
@@ -16,15 +17,15 @@ PickList {
         required property int index
         required property string name
         required property string input
+        required property string askedInput
         required property string level
-        required property bool mute
-        required property bool power
-        readonly property string condition: !power ? qsTr("Off") : mute ? qsTr("Muted") : ""
+        required property string askedLevel
+        required property string condition
+        required spoken
 
         width: root.cellWidth
         height: root.rowHeight
         text: name
-        spoken: condition === "" ? Speech.format(qsTr("%1, %2, %3"), [name, input, level]) : Speech.format(qsTr("%1, %2, %3, %4"), [name, input, level, condition])
         selected: index === root.picker.selected
         marked: GridView.isCurrentItem && root.keyed
         onPicked: text => root.pick(index, text)
@@ -40,12 +41,13 @@ PickList {
                 width: parent.width
                 text: row.name
                 font.bold: row.selected
+                color: Theme.value
                 Accessible.ignored: true
             }
             FittedText {
                 width: parent.width
-                text: row.input
-                color: Theme.dimText
+                text: row.askedInput === "" ? row.input : row.input + " \u2192 " + row.askedInput
+                color: Theme.current ? Theme.dimText : Theme.staleText
                 font.pixelSize: Theme.smallText
                 Accessible.ignored: true
             }
@@ -60,17 +62,28 @@ PickList {
             FittedText {
                 anchors.right: parent.right
                 text: row.level
-                opacity: row.condition === "" ? 1 : 0.6
+                color: row.condition === "" ? Theme.value : Theme.staleText
                 font.pixelSize: Theme.titleText
                 Accessible.ignored: true
             }
-            FittedText {
+            Row {
                 anchors.right: parent.right
-                visible: text !== ""
-                text: row.condition
-                color: Theme.waiting
-                font.pixelSize: Theme.smallText
-                Accessible.ignored: true
+                spacing: Theme.smallGap
+
+                FittedText {
+                    visible: row.askedLevel !== ""
+                    text: "\u2192 " + row.askedLevel
+                    color: Theme.dimText
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
+                FittedText {
+                    visible: text !== ""
+                    text: row.condition
+                    color: Theme.silence
+                    font.pixelSize: Theme.smallText
+                    Accessible.ignored: true
+                }
             }
         }
     }

@@ -15,7 +15,6 @@ ScreenPage {
     /// everything that can wait, so that volume and mute are in reach of the thumb.
     default property alias controls: column.data
 
-    current: screen.current
 
     GridLayout {
         width: parent.width
@@ -49,6 +48,7 @@ ScreenPage {
                 Layout.fillWidth: true
                 visible: pickers.listed
                 text: page.where
+                color: Theme.value
                 font.pixelSize: Theme.itemText
                 font.bold: true
                 Accessible.role: Accessible.Heading

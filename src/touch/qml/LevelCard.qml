@@ -38,6 +38,7 @@ Card {
                 anchors.right: parent.right
                 width: Math.min(implicitWidth, parent.width / 2)
                 text: root.label.text
+                color: Theme.value
                 Accessible.ignored: true
             }
         }

@@ -17,7 +17,9 @@ Item {
     /// Home and End move to the ends.
     property bool endKeys: true
     property int thickness: 6
-    property color color: Theme.accent
+    /// What it moves is heard.
+    property bool heard: true
+    readonly property color color: enabled && heard ? Theme.live : Theme.stale
     /// The position from which the track is filled. It is marked, unless it is the beginning.
     property real fillFrom: 0
     /// While it is held, the value that the user has set is shown over the thumb.
@@ -26,12 +28,14 @@ Item {
     // The property names from which assistive technology reads a slider.
     readonly property real value: slider.value
     readonly property real minimumValue: slider.minimum
-    readonly property real maximumValue: slider.maximum
+    readonly property real maximumValue: slider.limit
 
     property bool lostFocus: false
     /// A press, not the keyboard, has moved the focus here.
     property bool byHand: false
     readonly property bool visualFocus: activeFocus && !byHand
+    /// There is a value to show.
+    readonly property bool valued: slider.known || slider.held
 
     function step(key: int): bool {
         switch (key) {
@@ -91,7 +95,6 @@ Item {
         anchors.fill: parent
         anchors.leftMargin: thumb.width / 2
         anchors.rightMargin: thumb.width / 2
-        opacity: root.enabled ? 1 : 0.4
 
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
@@ -103,7 +106,18 @@ Item {
             border.width: 1
         }
         Rectangle {
+            objectName: "limit"
             anchors.verticalCenter: parent.verticalCenter
+            visible: root.slider.limitPosition < 1
+            x: root.slider.limitPosition * parent.width - width / 2
+            width: 3
+            height: root.thickness + 16
+            radius: 1
+            color: Theme.silence
+        }
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.valued
             x: Math.min(root.fillFrom, root.slider.position) * parent.width
             width: Math.abs(root.slider.position - root.fillFrom) * parent.width
             height: root.thickness
@@ -122,13 +136,14 @@ Item {
             id: thumb
 
             objectName: "thumb"
+            visible: root.valued
             x: root.slider.position * parent.width - width / 2
             anchors.verticalCenter: parent.verticalCenter
             width: Math.max(24, root.thickness * 1.6)
             height: width
             radius: width / 2
-            color: root.slider.held ? root.color : Theme.text
-            border.color: root.color
+            color: !root.enabled ? Theme.surface : root.slider.held ? root.color : Theme.value
+            border.color: root.enabled && !Theme.current ? Theme.surface : root.color
             border.width: 3
         }
     }

@@ -3,7 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// The window: the header, the current screen and the tabs, and over them the settings and the alert.
+/// The window: the header, the current screen and the tabs, and over them the alert and the settings.
 T.ApplicationWindow {
     id: window
 
@@ -23,11 +23,17 @@ T.ApplicationWindow {
     title: qsTr("Lumbra Remote")
     color: Theme.background
 
+    Binding {
+        target: Theme
+        property: "current"
+        value: window.app.settings.shown || !window.app.screen || window.app.screen.current
+    }
     Item {
         id: frame
 
         anchors.fill: parent
         visible: !window.app.settings.shown
+        Keys.onEscapePressed: window.app.alert.dismiss()
 
         Header {
             id: header
@@ -64,6 +70,33 @@ T.ApplicationWindow {
                 }
             }
         }
+        Loader {
+            readonly property bool shown: window.app.alert.shown
+
+            anchors.horizontalCenter: header.horizontalCenter
+            y: (window.rail ? frame.height : navigation.y) - height - Theme.gap
+            width: Math.min(header.width - 2 * Theme.gap, 560 * Theme.textScale)
+            onShownChanged: load()
+            Component.onCompleted: load()
+
+            function load() {
+                if (shown)
+                    setSource("AlertSheet.qml", {
+                        app: window.app
+                    });
+                else
+                    unload();
+            }
+            // What is gone must not keep the keyboard focus.
+            function unload() {
+                let focused = window.activeFocusItem;
+                while (focused && focused !== item)
+                    focused = focused.parent;
+                if (focused)
+                    header.nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
+                setSource("");
+            }
+        }
         Navigation {
             id: navigation
 
@@ -97,20 +130,5 @@ T.ApplicationWindow {
     }
     TextTips {
         anchors.fill: parent
-    }
-    Loader {
-        readonly property bool shown: window.app.alert.shown
-
-        onShownChanged: load()
-        Component.onCompleted: load()
-
-        function load() {
-            if (shown)
-                setSource("AlertDialog.qml", {
-                    app: window.app
-                });
-            else
-                setSource("");
-        }
     }
 }

@@ -8,7 +8,6 @@ ScreenPage {
     id: page
 
     required property ScreenAdapter screen
-    current: screen.current
     readonly property string where: screen.picker("outputPicker").selectedText
     /// The band that is shown if the bands are paged, and whose curve is thin in the plot.
     property int band: 0

@@ -8,7 +8,6 @@ ScreenPage {
     id: page
 
     required property ScreenAdapter screen
-    current: screen.current
 
     GridLayout {
         width: parent.width

@@ -30,9 +30,8 @@ FocusScope {
 
     implicitWidth: 200
     implicitHeight: caption.height + Theme.smallGap + 3 * rowHeight
-    opacity: picker.enabled ? 1 : 0.6
     Accessible.role: Accessible.List
-    Accessible.name: Speech.format(qsTr("%1, %2"), [picker.spokenName(where), picker.selectedText])
+    Accessible.name: Speech.format(qsTr("%1, %2"), [picker.spokenName(where), picker.shownText])
 
     FittedText {
         id: caption

@@ -32,7 +32,7 @@ Rectangle {
         height: parent.height - 16
         anchors.verticalCenter: parent.verticalCenter
         radius: 2
-        color: Theme.accent
+        color: Theme.live
     }
     HoverHandler {
         id: hover

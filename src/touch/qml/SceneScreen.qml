@@ -7,7 +7,6 @@ ScreenPage {
     id: page
 
     required property ScreenAdapter screen
-    current: screen.current
     readonly property PickerAdapter picker: screen.picker("scenePicker")
     /// A wheel that a finger has turned does not show the scene that would be used.
     readonly property bool sure: wide || !wheel.loose

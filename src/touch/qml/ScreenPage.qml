@@ -7,8 +7,6 @@ Flickable {
 
     default property alias content: holder.data
     property int maximumWidth: 1760
-    /// The values shown are what the unit has reported.
-    property bool current: true
     /// The parts are side by side.
     readonly property bool wide: width >= Theme.columnsWidth
 
@@ -48,7 +46,6 @@ Flickable {
         y: Theme.gap
         width: Math.min(root.width - 2 * Theme.gap, root.maximumWidth)
         height: childrenRect.height
-        opacity: root.current ? 1 : Theme.stale
     }
     // While the page scrolls, the mouse wheel keeps scrolling it and does not turn controls that pass under
     // the pointer.

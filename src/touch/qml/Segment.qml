@@ -18,7 +18,7 @@ T.RadioButton {
         font.bold: root.selected
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: Theme.tinyText
-        color: !root.enabled ? Theme.outline : root.selected ? Theme.accentText : Theme.text
+        color: !root.enabled ? Theme.staleText : root.selected ? Theme.accentText : Theme.value
         Accessible.ignored: true
     }
     readonly property HoldToRead reading: HoldToRead {
@@ -44,9 +44,11 @@ T.RadioButton {
 
     contentItem: caption
     background: Rectangle {
-        readonly property color base: root.selected ? Theme.accent : Theme.raised
+        readonly property color base: root.selected && root.enabled ? Theme.live : Theme.raised
 
         radius: 6
+        border.color: Theme.outline
+        border.width: root.selected && !root.enabled ? 2 : 0
         color: root.hovered ? Qt.lighter(base, 1.2) : base
         opacity: root.down ? 0.7 : 1
 

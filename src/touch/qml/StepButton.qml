@@ -32,7 +32,7 @@ T.AbstractButton {
     contentItem: Text {
         text: root.text
         textFormat: Text.PlainText
-        color: root.enabled ? Theme.text : Theme.outline
+        color: root.enabled ? Theme.value : Theme.staleText
         font.pixelSize: 30
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
@@ -42,6 +42,8 @@ T.AbstractButton {
         radius: Theme.radius
         color: root.hovered ? Qt.lighter(Theme.raised, 1.2) : Theme.raised
         opacity: root.down ? 0.7 : 1
+        border.color: Theme.outline
+        border.width: 1
     }
 
     SliderGrab {

@@ -2,17 +2,21 @@ import QtQuick
 import QtQuick.Templates as T
 import Lumbra.Touch
 
-/// The look and behaviour of every switch: shows `on` and requests a change with `flipped`.
+/// The look and behaviour of every switch: shows `on`, if that is known, and requests a change with `flipped`.
 T.Switch {
     id: root
 
     required property bool on
+    property bool known: true
+    /// Of the switch where it is on.
+    property color color: Theme.live
+    readonly property color shade: enabled ? color : Theme.stale
     property string spokenName: text
 
     readonly property FittedText caption: FittedText {
         text: root.text
         font: root.font
-        color: root.enabled ? Theme.text : Theme.outline
+        color: root.enabled ? Theme.value : Theme.staleText
         rightPadding: root.indicator.width + Theme.smallGap
         Accessible.ignored: true
     }
@@ -26,20 +30,20 @@ T.Switch {
     rightPadding: 14
     font.pixelSize: Theme.bodyText
     hoverEnabled: true
-    checked: on
+    checked: known && on
     onToggled: {
-        const wanted = checked;
-        checked = Qt.binding(() => root.on);
-        flipped(wanted);
+        checked = Qt.binding(() => root.known && root.on);
+        flipped(!on);
     }
     Keys.onReturnPressed: flipped(!on)
     Keys.onEnterPressed: flipped(!on)
 
     Accessible.role: Accessible.CheckBox
-    Accessible.name: Speech.format(qsTr("%1, %2"), [spokenName, on ? qsTr("on") : qsTr("off")])
+    Accessible.name: Speech.format(qsTr("%1, %2"), [spokenName, !known ? qsTr("unknown") : on ? qsTr("on") : qsTr("off")])
     Accessible.checkable: true
     Accessible.readOnly: !enabled
-    Accessible.checked: on
+    Accessible.checked: checked
+    Accessible.checkStateMixed: !known
     Accessible.onPressAction: flipped(!on)
     Accessible.onToggleAction: flipped(!on)
 
@@ -55,18 +59,17 @@ T.Switch {
         width: 52
         height: 30
         radius: height / 2
-        color: root.on ? Theme.accent : Theme.raised
-        border.color: root.on ? Theme.accent : Theme.outline
+        color: root.checked ? root.shade : Theme.raised
+        border.color: root.checked ? root.shade : Theme.outline
         border.width: 2
-        opacity: root.enabled ? 1 : 0.4
 
         Rectangle {
-            x: root.on ? parent.width - width - 4 : 4
+            x: !root.known ? (parent.width - width) / 2 : root.checked ? parent.width - width - 4 : 4
             anchors.verticalCenter: parent.verticalCenter
-            width: 22
-            height: 22
-            radius: 11
-            color: root.on ? Theme.accentText : Theme.dimText
+            width: root.known ? 22 : 14
+            height: root.known ? 22 : 3
+            radius: height / 2
+            color: root.checked ? Theme.accentText : Theme.dimText
         }
     }
     background: Card {

@@ -24,6 +24,7 @@ GridLayout {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         adapter: root.screen.onOff(root.first)
+        color: root.first === "muteSwitch" ? Theme.silence : Theme.live
         where: root.where
     }
     SwitchRow {

@@ -12,6 +12,7 @@ SwitchBase {
     text: adapter.caption
     enabled: adapter.enabled
     on: adapter.on
+    known: adapter.known
     spokenName: adapter.spokenName(where)
     onFlipped: on => adapter.flip(on)
 }

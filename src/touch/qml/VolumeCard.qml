@@ -9,7 +9,8 @@ Card {
     required property string where
 
     readonly property SliderAdapter slider: screen.slider("volumeSlider")
-    readonly property LabelAdapter level: screen.label("volumeLabel")
+    readonly property ItemListAdapter items: screen.items
+    readonly property bool silent: items.condition !== ""
 
     implicitHeight: column.implicitHeight + 14
     implicitWidth: 240
@@ -50,8 +51,8 @@ Card {
                 anchors.bottom: number.top
                 anchors.bottomMargin: -parent.slack
                 horizontalAlignment: Text.AlignHCenter
-                text: root.slider.caption
-                color: Theme.dimText
+                text: root.silent && !word.beside ? root.items.condition : root.slider.caption
+                color: root.silent && !word.beside ? Theme.silence : Theme.dimText
                 font.pixelSize: Theme.smallText
                 Accessible.ignored: true
             }
@@ -59,15 +60,37 @@ Card {
                 id: number
 
                 objectName: "volumeText"
-                anchors.left: caption.left
-                anchors.right: caption.right
+                x: caption.x + (caption.width - width - word.space) / 2
+                width: Math.min(Math.ceil(implicitWidth) + 1, caption.width - word.space)
                 anchors.bottom: parent.bottom
                 horizontalAlignment: Text.AlignHCenter
-                text: root.level.text
+                text: root.items.level
+                color: root.silent ? Theme.staleText : Theme.value
                 font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.hugeText : Theme.levelText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.titleText
                 font.bold: true
+                Accessible.ignored: true
+            }
+            FittedText {
+                id: word
+
+                /// Else it stands in place of the caption.
+                readonly property bool beside: caption.width >= 160 * Theme.textScale
+                readonly property real space: visible ? width + Theme.gap : 0
+
+                objectName: "condition"
+                visible: root.silent && beside
+                anchors.left: number.right
+                anchors.leftMargin: Theme.gap
+                anchors.verticalCenter: number.verticalCenter
+                width: Math.min(Math.ceil(implicitWidth) + 1, caption.width * 0.5)
+                text: root.items.condition
+                color: Theme.silence
+                font.pixelSize: root.Window.width < Theme.largeWidth ? Theme.bodyText : Theme.titleText
+                font.bold: true
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.tinyText
                 Accessible.ignored: true
             }
             StepButton {
@@ -86,8 +109,9 @@ Card {
             objectName: "volumeSlider"
             width: parent.width
             slider: root.slider
+            heard: !root.silent
             label: root.slider.spokenName(root.where)
-            spokenValue: root.level.spoken
+            spokenValue: root.items.spokenLevel
         }
     }
 }

@@ -126,7 +126,7 @@ Item {
     }
 
     Accessible.role: Accessible.SpinBox
-    Accessible.name: Speech.format(qsTr("%1, %2"), [picker.spokenName(where), picker.selectedText])
+    Accessible.name: Speech.format(qsTr("%1, %2"), [picker.spokenName(where), picker.shownText])
     Accessible.focusable: true
     Accessible.onIncreaseAction: turnBy(1)
     Accessible.onDecreaseAction: turnBy(-1)
@@ -170,7 +170,7 @@ Item {
             y: list.preferredHighlightBegin
             width: parent.width
             height: root.rowHeight
-            color: root.resting ? Theme.raised : "transparent"
+            color: root.resting && root.picker.known ? Theme.raised : "transparent"
             border.color: root.resting ? Theme.raised : Theme.accent
             border.width: 1
             radius: Theme.radius
@@ -235,9 +235,8 @@ Item {
             delegate: WheelRow {
                 width: ListView.view.width
                 height: root.rowHeight
-                inMiddle: ListView.isCurrentItem
+                inMiddle: ListView.isCurrentItem && (root.picker.known || !root.resting)
                 large: root.large
-                color: Theme.pickerText
                 moving: list.moving
                 onPicked: (row, text) => {
                     root.takeFocus();

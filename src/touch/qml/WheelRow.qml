@@ -21,7 +21,7 @@ FittedText {
     font.bold: inMiddle
     fontSizeMode: Text.HorizontalFit
     minimumPixelSize: Theme.smallText
-    opacity: inMiddle || hover.hovered ? 1 : 0.75
+    color: !Theme.current ? Theme.staleText : inMiddle || hover.hovered ? Theme.text : Theme.dimText
     Accessible.ignored: true
 
     HoverHandler {

@@ -33,12 +33,7 @@ public:
         stop();
         remote_ = std::make_unique<Remote>();
         remote_->play(settings.toStdString());
-        const auto tell = [&application = remote_->application](void (Application::*told)()) {
-            return [&application, told] { (application.*told)(); };
-        };
-        life_ = std::make_unique<WindowLife>(
-            WindowLife::Events{tell(&Application::resignActive), tell(&Application::enterBackground),
-                               tell(&Application::enterForeground), tell(&Application::becomeActive)});
+        life_ = std::make_unique<WindowLife>(remote_->application);
         app_ = std::make_unique<AppAdapter>(remote_->application, *life_);
         remote_->launch();
         pass(20);

@@ -163,10 +163,10 @@ TestCase {
         compare(harness.sent(), "[U1Z1I3]");
         play("> U1Z2N\"Attic\"\n> U1O1Z2\n> U1Z2V-12");
         tryVerify(() => find("zonePicker").picker.count === 1 && isInMiddle("zonePicker"));
-        compare(find("volumeText").text, "50%");
+        compare(find("volumeSlider").value, -40);
         tapRow("zonePicker", 0);
         harness.pass(20);
-        compare(find("volumeText").text, "85%", "a lone row can be picked");
+        compare([find("volumeSlider").value, find("volumeText").text], [-12, "85%"], "a lone row can be picked");
     }
     // The unit's first answer takes rows away, here under a wheel that stands at its end, or moves.
     function test_rows_that_go_leave_the_selected_one_in_the_middle() {
@@ -280,6 +280,26 @@ TestCase {
             compare(store.text, "Store", "nothing was sent for this one");
         }
     }
+    function test_a_hand_stops_at_the_limit() {
+        open();
+        play("> U1Z1V-30\n> U1Z1MV-25");
+        const slider = find("volumeSlider");
+        mousePress(find("more"));
+        for (const [value, says] of [[-30, "62%"], [-10, "Maximum 68%"], [-27, "66%"], [0, "Maximum 68%"]]) {
+            slider.slider.moveToValue(value);
+            compare([slider.value, find("bubble").text], [Math.min(value, -25), says]);
+        }
+        mouseRelease(find("more"));
+        const end = items(slider, item => item.objectName === "thumb" || item.objectName === "limit").map(item => item.x + item.width / 2);
+        compare(end[0], end[1], "the mark is where the thumb stops");
+        compare(sentLater(), "[U1Z1V-25]");
+        // A limit that has come down below what plays: nothing jumps.
+        play("wait 2\n> U1Z1V-25\n> U1Z1MV-40");
+        mouseClick(find("more"));
+        compare([slider.value, sentLater()], [-25, ""]);
+        mouseClick(find("less"));
+        compare(sentLater(), "[U1Z1V-26]");
+    }
     function test_two_buttons_move_the_volume() {
         open();
         const slider = find("volumeSlider");
@@ -302,24 +322,35 @@ TestCase {
         play("> U1APPQ0");
         compare(find("busy").item, null, "nothing turns while idle");
         verify(!seen("reconnectButton"));
-        for (const dismiss of [() => mouseClick(find("alertButton")), () => keyClick(Qt.Key_Return), () => keyClick(Qt.Key_Escape)]) {
+        for (const dismiss of [() => mouseClick(find("alertButton")), () => keyClick(Qt.Key_Escape)]) {
             play("error");
             compare(find("linkState").text, "Not connected");
             const message = find("alertMessage").text;
             compare([message, find("alertButton").text].join(), "Failed to connect to IP address 192.168.1.50.,OK");
             verify(harness.accessible(window).includes("AlertMessage; Error, " + message));
-            mouseClick(find("reconnectButton"));
-            play("link closed");
-            verify(harness.app.alert.shown, "an alert lets nothing else be reached");
+            const press = (name, then) => {
+                mouseClick(find(name));
+                harness.pass(20);
+                play(then);
+            };
+            press("tab-group", "error");
+            press("tab-zone", "error");
+            verify(seen("alertButton"), "an alert holds nothing back");
             dismiss();
-            tryVerify(() => !seen("alertButton"));
-            mouseClick(find("reconnectButton"));
-            harness.pass(20);
-            play("link opening\nconnect\nsent [U1SERIAL0] [U1APPQ0]");
+            for (const tab of ["tab-group", "tab-zone"])
+                press(tab, "error");
+            tryVerify(() => !seen("alertButton"), 5000, "each screen that appears fails again: that is one failure");
+            press("reconnectButton", "link opening\nerror");
+            press("retryButton", "link opening\nerror");
+            verify(seen("alertButton"), "the user has tried again");
+            harness.sent();
+            press("reconnectButton", "link opening\nconnect\nsent [U1SERIAL0] [U1APPQ0]");
+            tryVerify(() => !seen("alertButton"), 5000, "it is over");
             compare(find("linkState").text, "Waiting for the unit");
             verify(find("busy").item);
         }
         const mute = find("muteSwitch");
+        play("> U1Z1M0");
         mute.forceActiveFocus();
         for (const flip of [() => mouseClick(mute), () => keyClick(Qt.Key_Space), () => keyClick(Qt.Key_Return)]) {
             flip();
@@ -352,7 +383,7 @@ TestCase {
                 play(script);
                 harness.pass(20);
                 compare(find("linkState").text, says);
-                compare(find("values").opacity === 1, certain, says);
+                compare(Qt.colorEqual(find("volumeText").color, Theme.text), certain, says);
                 compare(slider.mapToItem(window.contentItem, 0, 0).y, place, says + ": nothing moves under a finger");
                 const before = harness.leftBehind();
                 if (says !== "Connecting" && says !== "Not connected" && !certain)
@@ -360,23 +391,59 @@ TestCase {
                 mouseClick(find("muteSwitch"));
                 slider.forceActiveFocus();
                 keyClick(Qt.Key_Up);
-                harness.actOn(window, "Zone 1 mute, off", "Toggle");
+                verify(harness.actOn(window, "Zone 1 mute, unknown", "Toggle"));
                 compare(harness.leftBehind() !== before, moves, says);
             }
             const zones = harness.app.screen.picker("zonePicker");
             verify(zones.pick(4, "Zone 5") && zones.selected === 4, "browsing sends nothing");
         }
     }
+    function test_the_header_is_never_cut() {
+        for (const language of ["en", "de", "fr", "es"])
+            for (const scale of [1, 1.5]) {
+                Theme.textScale = scale;
+                harness.speak(language);
+                open(360, 640);
+                for (const [script, button] of [["wait 0.1", ""], ["wait 6", "checkUnitButton"], ["end", "reconnectButton"], ["away ; back", ""]]) {
+                    play(script);
+                    const header = [find("linkState"), find("screenTitle")];
+                    waitForRendering(header[0], 50);
+                    verify(header.every(text => !text.truncated && text.contentWidth <= text.width), [language, scale, header[0].text].join(" "));
+                    verify(!button || seen(button));
+                    verify(button !== "checkUnitButton" || seen(button).text === "", "an icon");
+                }
+            }
+        Theme.textScale = 1;
+        open(800, 480);
+        play("wait 6");
+        compare(find("checkUnitButton").text + !!seen("busy").item, "Unit and addressfalse");
+        mouseClick(find("checkUnitButton"));
+        verify(find("unitChoice"));
+    }
+    // What is reported, what was asked for, and what nobody has said.
     function test_all_items_are_seen_at_once() {
+        harness.speak("de");
         open(1280, 800);
         play("> U1O1Z1\n> U1O2Z3\n> U1Z3N\"Attic\"\n> U1Z3V-20\n> U1Z3M1\n> U1Z3I2\n> U1I2N\"Tuner\"");
         const row = find("zonePicker", "list").itemAtIndex(1);
         const shows = text => compare([row.name, row.input, row.level, row.condition, row.selected].join(), text);
-        shows("Attic,Tuner,75%,Muted,false");
+        shows("Attic,Tuner,75\u202f%,Stumm,false");
+        verify(!seen("thumb") && find("volumeText").text === "–" && harness.accessible(window).includes("ListItem; Zone 1, unbekannt, unbekannt; on"));
         mouseClick(row);
+        harness.pass(20);
+        compare([find("condition").text, Qt.colorEqual(find("volumeSlider").color, Theme.stale)].join(), "Stumm,true");
         play("> U1Z3V-40");
-        shows("Attic,Tuner,50%,,true");
+        shows("Attic,Tuner,50\u202f%,,true");
         compare(find("itemName").text, "Attic");
+        verify(seen("thumb"));
+        mouseClick(find("more"));
+        mouseClick(find("sourcePicker", "list").itemAtIndex(2));
+        play("wait 0.8\npick zonePicker 0\npick zonePicker 1");
+        shows("Attic,Tuner,50\u202f%,,true");
+        compare([row.askedInput, row.askedLevel, find("volumeText").text].join(), "Quelle 3,51\u202f%,50\u202f%");
+        play("> U1Z3V-39\n> U1Z3I3");
+        shows("Attic,Quelle 3,51\u202f%,,true");
+        compare(row.askedInput + row.askedLevel, "");
     }
     function test_settings_are_leaving_and_returning() {
         open(800, 1000);
@@ -675,23 +742,23 @@ TestCase {
     function test_what_assistive_technology_finds_data() {
         return [
             { tag: "zone", finds: ["Heading; Zones", "StaticText; Unit at 192.168.1.50, Connected; read only", "Button; Settings",
-                    "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50%; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
-                    "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, 0 percent; 0 of -15 to 15",
+                    "List; Zone, %1 %2", "ListItem; %1 %2, Source 1, 50 percent; on", "List; %1 %2 input, Source 1", "ListItem; Source 2",
+                    "Slider; %1 %2 volume, 50 percent; -40 of -80 to 0", "Slider; %1 %2 bass, unknown; 0 of -15 to 15",
                     "Button; %1 %2 volume, louder", "CheckBox; %1 %2 mute, off; off", "PageTab; Zones; on", "PageTab; Scenes"] },
-            { tag: "override", finds: ["CheckBox; Override 10, off; off", "PageTab; Overrides; on"] },
+            { tag: "override", finds: ["CheckBox; Override 10, unknown; off", "PageTab; Overrides; on"] },
             { tag: "scene", finds: ["RadioButton; Scene, Scene 1; on", "RadioButton; Scene, Scene 10; off", "Button; Recall Scene 1", "Button; Store Scene 1"] },
             { tag: "settings", finds: ["Pane; Settings", "EditableText; IP address", "RadioButton; Unit number, 1; on",
                     "RadioButton; Unit number, 4; off", "CheckBox; State queries, on; on", "Button; Done"] },
             { tag: "output", finds: ["List; Output, Output 1", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
-                    "CheckBox; Output 1 power, on; on", "RadioButton; Output 1 type 7, Bypass; on",
+                    "CheckBox; Output 1 power, unknown; off", "RadioButton; Output 1 type 7, Bypass; off",
                     "RadioButton; Output 1 type 1, Parametric; on", "Slider; Output 1 gain 1, 3 decibels; 3 of -15 to 15",
-                    "Slider; Output 1 gain 7, 0 decibels; 0 of -15 to 15; read only",
+                    "Slider; Output 1 gain 7, unknown; 0 of -15 to 15; read only", "Slider; Output 1 band 7, unknown; 0 of -15 to 15; read only",
                     "Slider; Output 1 band 1, 1 kilohertz, 3 decibels; 3 of -15 to 15"] }
         ];
     }
     function test_what_assistive_technology_finds(data) {
         open(1280, 900, data.tag === "output" ? advanced : "");
-        play("> U1Z1N\"%1 %2\"\n> U1O1Z1\n> U1APPQ0\n> U1O1B1P3F1000");
+        play("> U1Z1N\"%1 %2\"\n> U1O1Z1\n> U1Z1V-40\n> U1Z1I1\n> U1APPQ0\n> U1O1V-40\n> U1O1B1P3F1000");
         show(data.tag);
         const found = harness.accessible(window);
         for (const line of data.finds)
@@ -701,8 +768,9 @@ TestCase {
     }
     function test_assistive_technology_and_two_fingers_act() {
         open(1280, 800);
-        for (const [name, action, command] of [["Zone 1 mute, off", "Toggle", "[U1Z1M1]"], ["Zone 1 loudness, off", "Press", "[U1Z1LD1]"],
-            ["Zone 1 volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Zone 1 bass, 0 percent", "Decrease", "[U1Z1BASS-1]"],
+        play("> U1Z1V-40");
+        for (const [name, action, command] of [["Zone 1 mute, off", "Toggle", "[U1Z1M1]"], ["Zone 1 loudness, unknown", "Press", "[U1Z1LD1]"],
+            ["Zone 1 volume, 50 percent", "Increase", "[U1Z1V-39]"], ["Zone 1 bass, unknown", "Decrease", "[U1Z1BASS-1]"],
             ["Source 2", "Press", "[U1Z1I2]"]]) {
             verify(harness.actOn(window, name, action), name);
             compare(sentLater(), command);
@@ -728,13 +796,22 @@ TestCase {
         return (light + 0.05) / (dark + 0.05);
     }
     function test_texts_can_be_read() {
-        verify(contrast(Theme.accentText, Theme.accent) >= 4.5, "on the accent");
-        for (const text of ["text", "dimText", "pickerText", "accent", "good", "waiting", "bad"])
-            for (const surface of ["background", "surface", "raised"])
-                verify(contrast(Theme[text], Theme[surface]) >= 4.5, text + " on " + surface);
-        // A wheel's rows beside the middle are drawn at three quarters.
-        const faint = Qt.tint(Theme.surface, Qt.alpha(Theme.text, 0.75));
-        verify(contrast(faint, Theme.surface) >= 4.5, "rows of a wheel");
+        // Certain, and then not: whatever is locked or silent has the colours of what is not certain.
+        const surfaces = ["background", "surface", "raised"];
+        for (const current of [true, false]) {
+            Theme.current = current;
+            for (const [least, colors, grounds] of [
+                [4.5, ["text", "dimText", "accent", "good", "waiting", "bad", "value", "silence", "staleText"], surfaces],
+                [4.5, ["accentText"], ["accent", "live", "silence", "stale", "waiting"]], [3, ["outline", "live", "stale", "silence"], surfaces]])
+                for (const color of colors)
+                    for (const ground of grounds)
+                        verify(contrast(Theme[color], Theme[ground]) >= least, [color, "on", ground, current].join(" "));
+        }
+        // Nothing else makes them fainter.
+        open();
+        play("> U1Z1V-40\n> U1Z1M1\n> U1APPQ0\nend");
+        compare(items(window.contentItem, item => item.text && item.opacity < 1 || item.objectName === "thumb" && item.color.a < 1).join(), "");
+        verify(Qt.colorEqual(find("volumeText").color, Theme.staleText) && seen("thumb"));
     }
 
     // The equaliser is on two pages the second.

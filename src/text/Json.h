@@ -1,16 +1,17 @@
 #pragma once
 
-#include "script/Numbers.h"
-#include "script/Utf8.h"
+#include "text/Decimal.h"
+#include "text/Utf8.h"
 
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace lumbra::script {
+namespace lumbra {
 
 /// Writes the members of one JSON object. Any thread.
 class Json {
@@ -18,9 +19,12 @@ public:
     /// One line with one object, whose members `write` adds, and the line's end. Nothing in it moves a terminal.
     template <class Write>
     static std::string line(Write write) {
-        rapidjson::StringBuffer buffer;
-        Json(buffer).element(write);
-        return escapedInJson({buffer.GetString(), buffer.GetSize()}) + '\n';
+        return written(write, isObeyedByTerminals);
+    }
+    /// The same in ASCII.
+    template <class Write>
+    static std::string asciiLine(Write write) {
+        return written(write, [](unsigned) { return true; });
     }
 
     template <class Value>
@@ -64,18 +68,26 @@ public:
 private:
     explicit Json(rapidjson::StringBuffer& buffer) : writer_(buffer) {}
 
+    template <class Write>
+    static std::string written(Write write, bool (*isEscaped)(unsigned codePoint)) {
+        rapidjson::StringBuffer buffer;
+        Json(buffer).element(write);
+        return escapedInJson({buffer.GetString(), buffer.GetSize()}, isEscaped) + '\n';
+    }
+
     void put(std::string_view value) { text(value); }
     void put(const std::string& value) { text(value); }
     void put(const char* value) { text(value); }
     void put(bool value) { writer_.Bool(value); }
     void put(int value) { writer_.Int(value); }
     void put(std::int64_t value) { writer_.Int64(value); }
-    void put(float value) {
-        const auto number = decimalOf(value);
-        writer_.RawValue(number.data(), number.size(), rapidjson::kNumberType);
+    void put(float value) { number(decimalOf(value)); }
+    void put(std::chrono::microseconds value) { number(secondsOf(value)); }
+    void number(const std::string& decimal) {
+        writer_.RawValue(decimal.data(), decimal.size(), rapidjson::kNumberType);
     }
 
     rapidjson::Writer<rapidjson::StringBuffer> writer_;
 };
 
-} // namespace lumbra::script
+} // namespace lumbra

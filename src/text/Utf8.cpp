@@ -1,4 +1,4 @@
-#include "script/Utf8.h"
+#include "text/Utf8.h"
 
 #include <rapidjson/encodings.h>
 #include <rapidjson/memorystream.h>
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 
-namespace lumbra::script {
+namespace lumbra {
 
 namespace {
 
@@ -27,12 +27,6 @@ void decode(std::string_view text, Character character, Broken broken) {
             broken();
         text.remove_prefix(length);
     }
-}
-
-bool isObeyedByTerminals(unsigned codePoint) {
-    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F) || codePoint == 0x061C ||
-           (codePoint >= 0x200B && codePoint <= 0x200F) || (codePoint >= 0x2028 && codePoint <= 0x202E) ||
-           (codePoint >= 0x2060 && codePoint <= 0x2069) || codePoint == 0xFEFF;
 }
 
 void appendEscape(std::string& text, const char* format, unsigned codePoint) {
@@ -60,6 +54,12 @@ std::string escaped(std::string_view text, std::string_view alsoEscaped) {
 
 } // namespace
 
+bool isObeyedByTerminals(unsigned codePoint) {
+    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F) || codePoint == 0x061C ||
+           (codePoint >= 0x200B && codePoint <= 0x200F) || (codePoint >= 0x2028 && codePoint <= 0x202E) ||
+           (codePoint >= 0x2060 && codePoint <= 0x2069) || codePoint == 0xFEFF;
+}
+
 bool isUtf8(std::string_view text) {
     bool valid = true;
     decode(
@@ -71,20 +71,22 @@ std::string escapedForTerminal(std::string_view text) {
     return escaped(text, {});
 }
 
-std::string escapedInJson(std::string_view json) {
+std::string escapedInJson(std::string_view json, bool (*isEscaped)(unsigned codePoint)) {
     // Outside strings JSON is ASCII.
     if (std::all_of(json.begin(), json.end(), [](char c) { return static_cast<unsigned char>(c) < 0x7F; }))
         return std::string(json);
     std::string result;
-    decode(
-        json,
-        [&](unsigned codePoint, std::string_view bytes) {
-            if (codePoint >= 0x7F && isObeyedByTerminals(codePoint))
-                appendEscape(result, "\\u%04x", codePoint);
-            else
-                result += bytes;
-        },
-        [&] { result += REPLACEMENT; });
+    const auto add = [&](unsigned codePoint, std::string_view bytes) {
+        if (codePoint < 0x7F || !isEscaped(codePoint)) {
+            result += bytes;
+        } else if (codePoint < 0x10000) {
+            appendEscape(result, "\\u%04x", codePoint);
+        } else { // a pair of UTF-16 surrogates
+            appendEscape(result, "\\u%04x", 0xD7C0 + (codePoint >> 10));
+            appendEscape(result, "\\u%04x", 0xDC00 + (codePoint & 0x3FF));
+        }
+    };
+    decode(json, add, [&] { add(0xFFFD, REPLACEMENT); });
     return result;
 }
 
@@ -92,4 +94,4 @@ std::string quotedForTerminal(std::string_view text) {
     return '"' + escaped(text, "\"\\") + '"';
 }
 
-} // namespace lumbra::script
+} // namespace lumbra
