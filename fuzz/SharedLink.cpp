@@ -395,7 +395,7 @@ private:
             user.heard.feed(std::span(reinterpret_cast<const std::uint8_t*>(&byte), 1),
                             [&](std::string_view text) { checkHeard(user, text); });
         check(tap.events.find("inside") == std::string::npos, "an event inside a call");
-        check(!user.isThere() || tap.events == "" || tap.isOpen() || !user.hears, "events in no order",
+        check(!user.isThere() || tap.events.empty() || tap.isOpen() || !user.hears, "events in no order",
               tap.events);
         if (!user.isThere() && !tap.events.ends_with("end ") && !tap.events.ends_with("error "))
             user = User(); // it has left by itself

@@ -21,8 +21,8 @@ bool asksToPair(const WebOptions& options) {
 }
 
 bool isEvery(const QHostAddress& address) {
-    return address == QHostAddress::Any || address == QHostAddress::AnyIPv4 ||
-           address == QHostAddress::AnyIPv6;
+    const auto every = {QHostAddress::Any, QHostAddress::AnyIPv4, QHostAddress::AnyIPv6};
+    return std::any_of(every.begin(), every.end(), [&](auto any) { return address == any; });
 }
 
 std::string urlOf(const QHostAddress& address, std::uint16_t port) {

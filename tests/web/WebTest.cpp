@@ -84,7 +84,7 @@ private:
             browser->send(requestOf(verb == "asks" ? rest : "GET /remote {OK}{WS}|"));
             if (verb == "asks")
                 return pump([turns = 0]() mutable { return ++turns > 4; }) ? "" : "it hangs";
-            const auto problem = hear(name, "101 Switching");
+            auto problem = hear(name, "101 Switching");
             if (verb == "opens" || !problem.empty())
                 return problem;
             browser->send(frame('\x81', "hello \"\" 0 false"));
@@ -130,7 +130,7 @@ private:
     std::string world(const std::string& verb, const std::string& rest) {
         if (verb == "printed") {
             const auto at = printed.find(rest, heard[verb]);
-            const auto found = at == std::string::npos ? printed.substr(heard[verb]) : "";
+            auto found = at == std::string::npos ? printed.substr(heard[verb]) : "";
             heard[verb] = at == std::string::npos ? heard[verb] : at + 1;
             return found;
         }
