@@ -90,7 +90,7 @@ struct Connection {
     std::map<StateQuery, Queries> queries;
 };
 
-class House {
+class LinkUsers {
 public:
     void play(Input& input) {
         while (!input.empty()) {
@@ -508,5 +508,5 @@ private:
 } // namespace
 
 FUZZ_TARGET(link)(Input input) {
-    House().play(input);
+    LinkUsers().play(input);
 }
