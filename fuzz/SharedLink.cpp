@@ -413,12 +413,10 @@ private:
     }
 
     static void checkHeard(User& user, std::string_view text) {
-        const auto query = readEndOfState(text);
-        while (!user.told.empty() && user.told.front().ends && user.told.front().text != text)
+        while (!user.told.empty() && user.told.front().ends &&
+               (user.told.front().text != text ||
+                (user.told.front().isCertain && !isFor(user, user.told.front()))))
             passEnd(user);
-        while (query && !user.told.empty() && user.told.front().ends && user.told.front().isCertain &&
-               !isFor(user, user.told.front()))
-            user.told.pop_front();
         check(!user.told.empty() && user.told.front().text == text, "heard what was not told", text);
         const auto told = user.told.front();
         user.told.pop_front();
