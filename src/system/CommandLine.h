@@ -32,7 +32,6 @@ struct CommandLineOption {
 struct GivenOption {
     const char* name;
     QString value{};       ///< empty: it has none
-    bool repeats = false;  ///< it may be given more than once
     bool isPublic = false; ///< a trace may tell of it
 };
 
