@@ -52,7 +52,7 @@ CommandLine commandLine(Options& options) {
              .help = "Play the trace without its pauses: send as soon as the remote has sent what it sent in "
                      "the trace.",
              .store = storesFlag(options.fast),
-             .needs = "replay"},
+             .needs = {"replay"}},
             {.name = "verbose",
              .help = "Print every client, command and report on standard output.",
              .store = storesFlag(options.verbose)},

@@ -24,7 +24,7 @@ void Tap::opened(std::uint64_t begun) {
 }
 
 void Tap::hear(std::uint64_t begun, std::string_view bytes) {
-    if (begun <= missed_ || isClosed(Direction::Input) || hasEnded())
+    if (state() != State::Connected || begun <= missed_ || isClosed(Direction::Input) || hasEnded())
         return;
     if (unread() + bytes.size() > UNREAD_LIMIT) {
         end(StreamEvent::EndEncountered);

@@ -80,7 +80,7 @@ bool ApplicationHost::knowsTheUnit() const {
     return options_.demo || options_.connectTo || settings_->value(IP_ADDRESS_PREFERENCE);
 }
 
-bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
+bool ApplicationHost::prepare(const std::optional<UnitPlace>& unit) {
     if (!error_.isEmpty())
         return false;
     if (unit)
@@ -105,9 +105,22 @@ bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
     }
     if (!reachability_)
         reachability_ = std::make_unique<NetworkReachability>();
-    application_ = std::make_unique<Application>(
-        Platform{queue_, worker_, redirection_ ? *redirection_ : network, *reachability_, *settings_},
-        options_.keepConnected ? Reconnection::Automatic : Reconnection::ByUser);
+    return true;
+}
+
+Platform ApplicationHost::platform() {
+    return {queue_, worker_,
+            redirection_ ? *redirection_
+            : tracing_   ? *tracing_
+                         : *sockets_,
+            *reachability_, *settings_};
+}
+
+bool ApplicationHost::build(const std::optional<UnitPlace>& unit) {
+    if (!prepare(unit))
+        return false;
+    application_ = std::make_unique<Application>(platform(), options_.keepConnected ? Reconnection::Automatic
+                                                                                    : Reconnection::ByUser);
     return true;
 }
 

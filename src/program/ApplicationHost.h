@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace lumbra {
 
@@ -19,11 +20,11 @@ namespace sim {
 class UnitServer;
 }
 
-/// The application on its platform, set up as the command line asks. It is the same for every front end.
+/// The application on its platform, or the platform for more than one, set up as the command line asks. It is the same for every front end.
 /// Needs the Qt application object. Main thread only.
 class ApplicationHost {
 public:
-    /// Opens the settings and the trace. Nothing is stored or connected before `build`.
+    /// Opens the settings and the trace. Nothing is stored or connected before `prepare`.
     explicit ApplicationHost(Options options);
     ~ApplicationHost();
     ApplicationHost(const ApplicationHost&) = delete;
@@ -32,12 +33,22 @@ public:
     /// False if the user must be asked where the unit is: the program would connect to its address, and none
     /// has been stored.
     bool knowsTheUnit() const;
-    /// Builds the application, once. Stores `unit` before, if there is one. False with an `error`.
+    /// Makes the platform, once. Stores `unit` before, if there is one. False with an `error`.
+    bool prepare(const std::optional<UnitPlace>& unit = {});
+    /// The same, and the application on it.
     bool build(const std::optional<UnitPlace>& unit = {});
-    /// Why the application can't be built, as a sentence; empty if it can.
+    /// Why there is no platform, as a sentence; empty if there is one.
     const QString& error() const { return error_; }
+    /// For any number of applications, which end before the host, and after `stop`. Only after `prepare`.
+    Platform platform();
     /// Only after `build`.
     Application& application() { return *application_; }
+    /// Where every connection goes, as HOST:PORT; empty: to the unit's address.
+    std::string place() const {
+        return options_.connectTo ? formatHostPort(*options_.connectTo) : std::string();
+    }
+    /// Stops the worker: what it uses may end from now on.
+    void stop() { worker_.stop(); }
 
 private:
     const Options options_;

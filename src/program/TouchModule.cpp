@@ -1,6 +1,5 @@
-#include "program/TouchModule.h"
-
 #include "program/ApplicationHost.h"
+#include "program/FrontEndModule.h"
 #include "system/QtDescriptorWatcher.h"
 #include "system/SignalPipe.h"
 #include "touch/DisplayGuard.h"
@@ -91,6 +90,6 @@ int run(int& argc, char** argv, const Options& options) {
 
 } // namespace
 
-extern "C" Q_DECL_EXPORT int runTouch(int& argc, char** argv, const Options& options) {
+extern "C" Q_DECL_EXPORT int runFrontEnd(int& argc, char** argv, const Options& options) {
     return run(argc, argv, options);
 }

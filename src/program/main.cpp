@@ -1,8 +1,8 @@
 #include "console/ConsoleFrontEnd.h"
 #include "program/ApplicationHost.h"
+#include "program/FrontEndModule.h"
+#include "program/ModulePath.h"
 #include "program/Options.h"
-#include "program/TouchModule.h"
-#include "program/TouchModulePath.h"
 #include "system/QtDescriptorWatcher.h"
 #include "system/SignalPipe.h"
 
@@ -64,6 +64,7 @@ void openStandardDescriptors() {
 
 // The minimum that a start needs. With less, the toolkit aborts, crashes or waits for ever.
 constexpr std::size_t CONSOLE_DESCRIPTORS = 16;
+constexpr std::size_t WEB_DESCRIPTORS = 128; // the browsers have 64
 constexpr std::size_t WINDOW_DESCRIPTORS = 48;
 constexpr std::size_t WINDOW_THREADS = 8;
 constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
@@ -143,12 +144,23 @@ int runConsole(int& argc, char** argv, const Options& options) {
     const SignalPipe windowSignals({SIGWINCH, SIGCONT}, SignalPipe::Takes::Every);
     ConsoleFrontEnd console(host.application(), watcher,
                             {.json = options.json,
-                             .place = options.connectTo ? formatHostPort(*options.connectTo) : std::string(),
+                             .place = host.place(),
                              .endSignals = endSignals.descriptor(),
                              .windowSignals = windowSignals.descriptor()},
                             &QCoreApplication::exit);
     console.start();
     return QCoreApplication::exec();
+}
+
+/// Runs the front end in a module; `complaint` is for the case that it can't be loaded.
+int runModule(const char* name, const QString& complaint, int& argc, char** argv, const Options& options) {
+    QLibrary module(modulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe")), name));
+    const auto run = reinterpret_cast<RunFrontEnd>(module.resolve("runFrontEnd"));
+    if (!run) {
+        complain(complaint.arg(module.errorString()));
+        return FAILURE;
+    }
+    return run(argc, argv, options);
 }
 
 int runTouchModule(int& argc, char** argv, const Options& options) {
@@ -161,14 +173,21 @@ int runTouchModule(int& argc, char** argv, const Options& options) {
                            "threads, for a window; see \"ulimit -a\". --console needs less."));
         return FAILURE;
     }
-    QLibrary module(touchModulePath(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))));
-    const auto run = reinterpret_cast<RunTouch>(module.resolve("runTouch"));
-    if (!run) {
-        complain(QStringLiteral("The touch screens can't be loaded; --console runs without them. (%1)")
-                     .arg(module.errorString()));
+    return runModule("lumbra-touch.so",
+                     QStringLiteral("The touch screens can't be loaded; --console runs without them. (%1)"),
+                     argc, argv, options);
+}
+
+int runWebModule(int& argc, char** argv, const Options& options) {
+    if (!canOpen(WEB_DESCRIPTORS)) {
+        complain(QStringLiteral("The system gives this program too few file descriptors for browsers; see "
+                                "\"ulimit -n\"."));
         return FAILURE;
     }
-    return run(argc, argv, options);
+    return runModule("lumbra-web.so",
+                     QStringLiteral("The web front end can't be loaded; it has a package of its own, "
+                                    "lumbra-remote-web. (%1)"),
+                     argc, argv, options);
 }
 
 } // namespace
@@ -197,7 +216,8 @@ int main(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(parsed);
     try {
-        return options.console ? runConsole(argc, argv, options) : runTouchModule(argc, argv, options);
+        const auto run = options.console ? runConsole : options.web ? runWebModule : runTouchModule;
+        return run(argc, argv, options);
     } catch (...) { // unwinding has restored the terminal
         endOnException();
     }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "script/Json.h"
 #include "script/Output.h"
 #include "script/Printer.h"
+#include "text/Json.h"
 
 namespace lumbra::script {
 

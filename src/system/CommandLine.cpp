@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <system_error>
@@ -83,17 +84,24 @@ CommandLine::parse(const QStringList& arguments) const {
     for (const auto& option : options) {
         if (!isGiven(option.name))
             continue;
-        if (option.needs && !isGiven(option.needs))
-            return UsageError{QStringLiteral("--%1 needs --%2.").arg(text(option.name), text(option.needs))};
+        if (!option.needs.empty() && std::none_of(option.needs.begin(), option.needs.end(), isGiven)) {
+            QStringList needed;
+            for (const auto* other : option.needs)
+                needed += QStringLiteral("--") + text(other);
+            return UsageError{
+                QStringLiteral("--%1 needs %2.").arg(text(option.name), needed.join(QStringLiteral(" or ")))};
+        }
         for (const auto* other : option.excludes)
             if (isGiven(other))
                 return UsageError{
                     QStringLiteral("--%1 and --%2 exclude each other.").arg(text(option.name), text(other))};
-        const auto value = option.value ? parser.value(text(option.name)) : QString();
-        if (!option.store(value))
-            return UsageError{
-                QStringLiteral("--%1 takes %2, not \"%3\".").arg(text(option.name), option.takes, value)};
-        given.push_back({option.name, value, option.isPublic || !option.value});
+        const auto all = option.value ? parser.values(text(option.name)) : QStringList(QString());
+        for (const auto& value : option.repeats ? all : all.last(1)) {
+            if (!option.store(value))
+                return UsageError{
+                    QStringLiteral("--%1 takes %2, not \"%3\".").arg(text(option.name), option.takes, value)};
+            given.push_back({option.name, value, option.isPublic || !option.value});
+        }
     }
     if (isGiven("help")) {
         // Without an application object the parser does not know the program's name; with one it takes the path.

@@ -16,12 +16,14 @@ struct CommandLineOption {
     const char* value =
         nullptr;      ///< what stands for its value in the help; null: it has none. FILE is completed
     const char* help; ///< sentences
-    /// Stores the value; false: it is wrong. Called once, only if the option is given.
+    /// Stores the value; false: it is wrong. Called only if the option is given; once, or for each of its values if
+    /// it repeats.
     std::function<bool(const QString& value)> store{};
-    QString takes{};             ///< the right values, as the end of "--name takes"; unused without a value
-    const char* choices = "";    ///< the values to offer, between blanks
-    const char* needs = nullptr; ///< the option that must be given with it
+    QString takes{};          ///< the right values, as the end of "--name takes"; unused without a value
+    const char* choices = ""; ///< the values to offer, between blanks
+    std::vector<const char*> needs{};    ///< options of which one must be given with it
     std::vector<const char*> excludes{}; ///< the options that must not be given with it
+    bool repeats = false;                ///< it may be given more than once
     bool isPublic = false; ///< a trace may tell its value; without a value an option is always public
     char letter = 0;       ///< another name, of one letter
 };

@@ -1,7 +1,7 @@
 #include "program/Options.h"
 
 #include "program/ApplicationHost.h"
-#include "program/TouchModulePath.h"
+#include "program/ModulePath.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -89,12 +89,12 @@ TEST(ApplicationHost, TracesToNoFileOfTheSettings) {
 }
 
 // Whoever starts the program in a folder of somebody else's must not load what lies there.
-TEST(TouchModulePath, IsNeverInTheWorkingFolder) {
+TEST(ModulePath, IsNeverInTheWorkingFolder) {
     const QTemporaryDir folder;
     QDir::setCurrent(folder.path());
     EXPECT_TRUE(QFile(QStringLiteral("lumbra-touch.so")).open(QIODevice::WriteOnly));
     for (const auto* program : {"", "lumbra-remote", "./lumbra-remote", "/nowhere/lumbra-remote"}) {
-        const auto path = touchModulePath(QString::fromLatin1(program));
+        const auto path = modulePath(QString::fromLatin1(program), "lumbra-touch.so");
         EXPECT_TRUE(path.startsWith(QLatin1Char('/')) &&
                     path.endsWith(QStringLiteral("/lumbra-remote/lumbra-touch.so")))
             << program << ": " << path.toStdString();

@@ -1,5 +1,7 @@
 #include "FormOracle.h"
+#include "protocol/Command.h"
 #include "protocol/OutputMessages.h"
+#include "protocol/StateQuery.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +16,21 @@ TEST(OutputMessages, ABandCarriesWhatItsTypeHas) {
     for (auto type = 0; type <= FILTER_PARAMETRIC; ++type)
         all += outputs::setBand(15, 6, static_cast<FilterType>(type), -6, 8000) + " ";
     EXPECT_EQ(all, "O16B7BYPASS O16B7HPF8000 O16B7HS-6F8000 O16B7LPF8000 O16B7LS-6F8000 O16B7P-6F8000 ");
+}
+
+// What a shared link recognises is what the screens send and wait for.
+TEST(StateQuery, IsReadFromItsCommandAndItsEnd) {
+    for (int number = 0; number < StateQuery::COUNT; ++number) {
+        const StateQuery query{3, number};
+        const auto end = "U3" + queryState(number);
+        EXPECT_EQ(readQuery(frameCommand(3, queryState(number))), query);
+        EXPECT_EQ(readEndOfState(end + "7"), query);
+    }
+    for (const auto* none :
+         {"[U1APPQ5]", "[U1APPQ00]", "[U12APPQ0]", "[U-1APPQ0]", "[UAPPQ0]", "[U1APPQ0", "[U1SERIAL0]"})
+        EXPECT_FALSE(readQuery(none)) << none;
+    for (const auto* none : {"U1APPQ5", "U1APPQ", "U12APPQ0", "APPQ0", "", "U1Z1V-3"})
+        EXPECT_FALSE(readEndOfState(none)) << none;
 }
 
 TEST(ReportBuffer, CutsTheStreamIntoTexts) {

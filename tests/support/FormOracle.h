@@ -24,11 +24,16 @@ inline constexpr const char* FORMS[] = {"U#Z##V-##",
                                         R"(U#SP##N"*")",
                                         "U#A-#########B##"};
 
+template <std::size_t... ROW>
+consteval auto parsed(std::index_sequence<ROW...>) {
+    return std::array<Form, sizeof...(ROW)>{{{FORMS[ROW]}...}};
+}
+inline constexpr auto PARSED = parsed(std::make_index_sequence<std::size(FORMS)>());
+
 template <std::size_t ROW>
 std::string words(const Captures& captures) {
-    constexpr Form form(FORMS[ROW]);
     auto all = std::to_string(ROW);
-    for (const auto& part : form.parts)
+    for (const auto& part : PARSED[ROW].parts)
         if (part.kind == FormPart::Kind::Number)
             all += " " + std::to_string(captures.number(part.numberIndex));
         else if (part.kind == FormPart::Kind::Name)
@@ -38,7 +43,7 @@ std::string words(const Captures& captures) {
 
 template <std::size_t... ROW>
 consteval auto rowsOf(std::index_sequence<ROW...>) {
-    return std::array<ReportRow<std::string>, sizeof...(ROW)>{{{Form(FORMS[ROW]), words<ROW>}...}};
+    return std::array<ReportRow<std::string>, sizeof...(ROW)>{{{PARSED[ROW], words<ROW>}...}};
 }
 inline constexpr auto ROWS = rowsOf(std::make_index_sequence<std::size(FORMS)>());
 

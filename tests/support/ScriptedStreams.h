@@ -25,6 +25,8 @@ public:
     std::vector<std::string> writes;
     /// What the next writes return: at most that many bytes are taken, -1 is an error. All bytes are taken without.
     std::deque<std::ptrdiff_t> writeResults;
+    /// All bytes that the writes took.
+    std::string taken;
 
     /// Reports `event` on a direction; false, and nothing happens, where that direction is not open, not scheduled or
     /// has no delegate.
@@ -100,7 +102,10 @@ private:
         std::ptrdiff_t write(std::span<const std::uint8_t> bytes) override {
             pair_->writes.emplace_back(bytes.begin(), bytes.end());
             const auto all = static_cast<std::ptrdiff_t>(bytes.size());
-            return std::min(all, next(pair_->writeResults, all));
+            const auto count = std::min(all, next(pair_->writeResults, all));
+            pair_->taken.append(pair_->writes.back(), 0,
+                                static_cast<std::size_t>(std::max(count, std::ptrdiff_t{0})));
+            return count;
         }
     };
 

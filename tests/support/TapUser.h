@@ -2,8 +2,9 @@
 
 #include "platform/Streams.h"
 
-#include <array>
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace lumbra {
 
@@ -13,6 +14,8 @@ struct TapUser final : StreamDelegate {
     StreamPair pair;
     std::string events; ///< the names of all but those of bytes and space, with blanks
     std::string bytes;
+    std::size_t piece = 256; ///< so many bytes a read; fewer than 256: one read an event
+    std::function<void()> atBytes = [] {};
     bool inCall = false;
 
     TapUser(StreamFactory& streams, const std::string& host) : pair(streams.createPair(host, 23)) {
@@ -28,14 +31,18 @@ struct TapUser final : StreamDelegate {
                                   std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
     }
     void read() {
-        for (std::array<std::uint8_t, 256> buffer; pair.input && pair.input->hasBytesAvailable();)
+        std::vector<std::uint8_t> buffer(piece);
+        do
             bytes.append(buffer.begin(), buffer.begin() + pair.input->read(buffer));
+        while (piece >= 256 && pair.input->hasBytesAvailable());
     }
     void handleEvent(Stream&, StreamEvent event) override {
         if (inCall)
             events += "inside ";
-        if (event == StreamEvent::HasBytesAvailable)
+        if (event == StreamEvent::HasBytesAvailable) {
             read();
+            atBytes();
+        }
         if (event == StreamEvent::OpenCompleted)
             events += "open ";
         if (event == StreamEvent::ErrorOccurred || event == StreamEvent::EndEncountered) {

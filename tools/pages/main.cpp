@@ -42,15 +42,15 @@ QStringList spellings(const CommandLineOption& option) {
     return names;
 }
 
-/// The options after which `option` makes no sense: itself, and what excludes it.
+/// The options after which `option` makes no sense: itself, unless it repeats, and what excludes it.
 std::vector<CommandLineOption> rivals(const CommandLineOption& option, const CommandLine& line) {
     const auto excludes = [](const CommandLineOption& one, std::string_view name) {
         return std::find(one.excludes.begin(), one.excludes.end(), name) != one.excludes.end();
     };
     std::vector<CommandLineOption> found;
     for (const auto& other : line.allOptions())
-        if (std::string_view(other.name) == option.name || excludes(other, option.name) ||
-            excludes(option, other.name))
+        if ((std::string_view(other.name) == option.name && !option.repeats) ||
+            excludes(other, option.name) || excludes(option, other.name))
             found.push_back(other);
     return found;
 }
@@ -89,7 +89,8 @@ QString manualOptions(const CommandLine& line) {
         auto body = roff(text(option.help));
         if (option.value) {
             heading += QLatin1Char(' ') + italic(text(option.value));
-            body.replace(QRegularExpression(QStringLiteral("\\b%1\\b").arg(text(option.value))),
+            body.replace(QRegularExpression(
+                             QStringLiteral("\\b%1\\b").arg(QRegularExpression::escape(text(option.value)))),
                          italic(text(option.value)));
         }
         page += entry(heading, body);
@@ -132,8 +133,11 @@ QString bash(const CommandLine& line) {
     QString values;
     QString offers;
     for (const auto& option : line.allOptions()) {
-        offers += QStringLiteral("    [[ $given =~ ' '(%1)' ' ]] || offered+=(%2)\n")
-                      .arg(rivalSpellings(option, line).join(QLatin1Char('|')), dashed(option.name));
+        const auto others = rivalSpellings(option, line);
+        offers += QStringLiteral("    ");
+        if (!others.isEmpty())
+            offers += QStringLiteral("[[ $given =~ ' '(%1)' ' ]] || ").arg(others.join(QLatin1Char('|')));
+        offers += QStringLiteral("offered+=(%1)\n").arg(dashed(option.name));
         if (option.value)
             values += QStringLiteral("    %1) %2 return ;;\n")
                           .arg(dashed(option.name),
@@ -171,8 +175,10 @@ QString zsh(const CommandLine& line) {
     QString specs;
     for (const auto& option : line.allOptions()) {
         for (const auto& name : spellings(option)) {
+            const auto others = rivalSpellings(option, line);
             auto spec =
-                QStringLiteral("(%1)%2").arg(rivalSpellings(option, line).join(QLatin1Char(' ')), name);
+                others.isEmpty() ? QString() : QStringLiteral("(%1)").arg(others.join(QLatin1Char(' ')));
+            spec += (option.repeats ? QStringLiteral("*") : QString()) + name;
             if (option.value)
                 spec += QLatin1Char('=');
             spec += QStringLiteral("[%1]").arg(escaped(brief(option)));

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "text/Json.h"
-
-namespace lumbra::script {
-
-using lumbra::Json;
-
-} // namespace lumbra::script
