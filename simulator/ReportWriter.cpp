@@ -122,30 +122,16 @@ void ReportWriter::name(std::string_view family, int number, const std::string& 
 }
 
 void ReportWriter::band(int output, int number, const Band& band) {
+    static constexpr const char* WORDS[] = {"BYPASS", "HPF", "HS", "LPF", "LS", "P"}; // by filter
+    const std::string text = "O" + std::to_string(output) + "B" + std::to_string(number) +
+                             WORDS[static_cast<std::size_t>(band.filter)];
     const std::string frequency = std::to_string(band.frequency);
-    const std::string gainAndFrequency = std::to_string(band.gain) + "F" + frequency;
-    std::string text = "O" + std::to_string(output) + "B" + std::to_string(number);
-    switch (band.filter) {
-    case HIGH_PASS:
-        text += "HPF" + frequency;
-        break;
-    case HIGH_SHELF:
-        text += "HS" + gainAndFrequency;
-        break;
-    case LOW_PASS:
-        text += "LPF" + frequency;
-        break;
-    case LOW_SHELF:
-        text += "LS" + gainAndFrequency;
-        break;
-    case PARAMETRIC:
-        text += "P" + gainAndFrequency;
-        break;
-    default:
-        text += "BYPASS";
-        break;
-    }
-    add(text);
+    if (band.filter == BYPASS)
+        add(text);
+    else if (band.filter == HIGH_PASS || band.filter == LOW_PASS)
+        add(text + frequency);
+    else
+        add(text + std::to_string(band.gain) + "F" + frequency);
 }
 
 void ReportWriter::add(std::string_view text) {

@@ -28,14 +28,17 @@ struct SettingEntry {
     std::string_view key;
     Type type;
     std::string_view caption;
+    std::string_view explanation = {}; ///< a sentence; empty where the caption says it all
 };
 
 /// The settings screen's entries, from top to bottom.
 inline constexpr std::array<SettingEntry, 6> SETTINGS{{
     {IP_ADDRESS_PREFERENCE, SettingEntry::Type::Text, LUMBRA_TEXT("System", "IP address")},
     {UNIT_NUMBER_PREFERENCE, SettingEntry::Type::Integer, LUMBRA_TEXT("System", "Unit number")},
-    {POLLING_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "State queries")},
-    {SERIAL_PORT_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "Serial port")},
+    {POLLING_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "State queries"),
+     LUMBRA_TEXT("System", "Each screen asks the unit for its state when it appears.")},
+    {SERIAL_PORT_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "Serial port"),
+     LUMBRA_TEXT("System", "The unit is told after each connect that its serial port is in use.")},
     {START_TAB_PREFERENCE, SettingEntry::Type::Integer, LUMBRA_TEXT("System", "Start tab")},
     {ADVANCED_MODE_PREFERENCE, SettingEntry::Type::Flag, LUMBRA_TEXT("System", "Advanced mode")},
 }};

@@ -56,9 +56,9 @@ void ScreenViewController::serverConnected() {
 void ScreenViewController::poll() {
     if (!serverConn_->polling)
         return;
-    spinner().startAnimating();
+    spinner_->startAnimating();
     if (send(queryState(queryNumber_)) == -1) {
-        spinner().stopAnimating();
+        spinner_->stopAnimating();
         displayConnectionError();
     }
 }
@@ -75,6 +75,10 @@ void ScreenViewController::displayConnectionError() {
              .message = {LUMBRA_TEXT("System", "Failed to connect to IP address %1."), {address}},
              .button = {LUMBRA_TEXT("System", "OK")}});
     }));
+}
+
+void ScreenViewController::handle(const reports::EndOfState&) {
+    spinner_->stopAnimating();
 }
 
 std::int64_t ScreenViewController::send(std::string_view body) {

@@ -17,6 +17,10 @@
 
 namespace lumbra {
 
+namespace reports {
+struct EndOfState;
+}
+
 /// What the link cycle needs from the owner of the connection. Main thread.
 class LinkOwner {
 public:
@@ -72,6 +76,9 @@ protected:
             std::visit(handle, parsed->report);
     }
 
+    /// The answer to the state query is complete.
+    void handle(const reports::EndOfState&);
+
     /// Frames `body` for the unit and sends it. Returns what `sendData` returned; the commands of controls
     /// ignore it.
     std::int64_t send(std::string_view body);
@@ -84,7 +91,6 @@ protected:
     }
     /// Valid from `viewDidLoad` on.
     ServerConnection& link() { return *serverConn_; }
-    ActivityIndicator& spinner() { return *spinner_.operator->(); }
 
 private:
     ScreenContext context_;

@@ -36,13 +36,8 @@ void ServerConnection::adopt(std::uint64_t attempt, StreamPair pair) {
     if (attempt <= settledAttempts_)
         return;
     settledAttempts_ = attempt;
-    pair_ = {std::move(pair.input), std::move(pair.output)};
-    for (Stream* stream :
-         {static_cast<Stream*>(pair_.input.get()), static_cast<Stream*>(pair_.output.get())}) {
-        stream->setDelegate(this);
-        stream->open();
-        stream->scheduleOnMainQueue();
-    }
+    pair_ = {std::move(pair)};
+    pair_.open(*this);
     announceLinkState();
 }
 
@@ -62,15 +57,8 @@ std::int64_t ServerConnection::sendData(std::span<const std::uint8_t> bytes) {
 
 void ServerConnection::closeConnection() {
     settledAttempts_ = createdAttempts_;
-    const auto release = [](auto stream) {
-        stream->removeFromMainQueue();
-        stream->close();
-        stream->setDelegate(nullptr);
-    };
-    if (auto pair = std::exchange(pair_, {}); pair.input) {
-        release(std::move(pair.output));
-        release(std::move(pair.input));
-    }
+    if (const auto pair = std::exchange(pair_, {}); pair.input)
+        pair.close();
     announceLinkState();
 }
 

@@ -39,15 +39,8 @@ enum class LinkState : std::uint8_t { Closed, Opening, Open };
 
 /// Its name in the console and in tests.
 constexpr std::string_view nameOf(LinkState link) {
-    switch (link) {
-    case LinkState::Closed:
-        return "closed";
-    case LinkState::Opening:
-        return "opening";
-    case LinkState::Open:
-        return "open";
-    }
-    return {};
+    constexpr std::string_view NAMES[] = {"closed", "opening", "open"};
+    return NAMES[static_cast<std::size_t>(link)];
 }
 
 /// The application's only link to the unit: a pair of TCP streams to port 23 of `ip_address`, driven by the
@@ -119,9 +112,7 @@ public:
     }
 
 private:
-    struct Pair {
-        std::unique_ptr<InputStream> input;
-        std::unique_ptr<OutputStream> output;
+    struct Pair : StreamPair {
         bool inputIsOpen = false;
         bool outputIsOpen = false;
         bool sendFailed = false;

@@ -23,11 +23,7 @@ SharedConnection::Session::Session(SharedConnection& connection, StreamPair stre
       }) {}
 
 SharedConnection::Session::~Session() {
-    for (Stream* stream : {static_cast<Stream*>(pair.output.get()), static_cast<Stream*>(pair.input.get())}) {
-        stream->removeFromMainQueue();
-        stream->close();
-        stream->setDelegate(nullptr);
-    }
+    pair.close();
 }
 
 SharedConnection::~SharedConnection() {
@@ -83,12 +79,7 @@ void SharedConnection::connect() {
         return;
     }
     session_ = std::make_unique<Session>(*this, std::move(pair));
-    for (Stream* stream : {static_cast<Stream*>(session_->pair.input.get()),
-                           static_cast<Stream*>(session_->pair.output.get())}) {
-        stream->setDelegate(this);
-        stream->open();
-        stream->scheduleOnMainQueue();
-    }
+    session_->pair.open(*this);
 }
 
 void SharedConnection::handleEvent(Stream& stream, StreamEvent event) {

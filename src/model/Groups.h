@@ -2,8 +2,6 @@
 
 #include "model/Items.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 
 namespace lumbra {
@@ -14,9 +12,7 @@ public:
     static constexpr std::int64_t size = 10;
     static constexpr std::int64_t max_volume = max_possible_volume; ///< dB, of every group
 
-    std::array<bool, static_cast<std::size_t>(size)> power;
-
-    Groups() : Items(size, "Group") { power.fill(true); }
+    Groups() : Items(size, "Group") { power.assign(name.size(), true); }
 
     std::int64_t maxVolume(std::int64_t) const override { return max_volume; }
 };

@@ -18,6 +18,7 @@ public:
     static constexpr std::int64_t FIRST_VOLUME = -40;      ///< dB, before the unit has reported any
 
     std::vector<bool> mute;
+    std::vector<bool> power;          ///< empty for items that can't be turned off
     std::vector<std::int64_t> source; ///< 0-based input
     std::vector<std::int64_t> volume; ///< dB
     std::int64_t current = 0;         ///< the current item

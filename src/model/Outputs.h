@@ -34,14 +34,13 @@ public:
     PerOutput<std::int64_t> max_to_volume{}; ///< highest volume when turned on, dB
     PerOutput<std::int64_t> max_volume{};    ///< highest volume, dB
     PerOutput<std::int64_t> min_to_volume;   ///< lowest volume when turned on, dB
-    PerOutput<bool> power;
     PerOutput<bool> stereo{};
 
     Outputs() : Items(size, "Output") {
         for (auto& frequencies : filter_freq)
             frequencies.fill(FIRST_FREQ);
         min_to_volume.fill(min_volume);
-        power.fill(true);
+        power.assign(name.size(), true);
     }
 
     std::int64_t maxVolume(std::int64_t output) const override { return ofItem(max_volume, output); }

@@ -74,6 +74,23 @@ public:
 struct StreamPair {
     std::unique_ptr<InputStream> input;
     std::unique_ptr<OutputStream> output;
+
+    /// Opens both for `delegate`. Main thread.
+    void open(StreamDelegate& delegate) const {
+        for (Stream* stream : {static_cast<Stream*>(input.get()), static_cast<Stream*>(output.get())}) {
+            stream->setDelegate(&delegate);
+            stream->open();
+            stream->scheduleOnMainQueue();
+        }
+    }
+    /// Closes both; nothing more is reported. Main thread.
+    void close() const {
+        for (Stream* stream : {static_cast<Stream*>(output.get()), static_cast<Stream*>(input.get())}) {
+            stream->removeFromMainQueue();
+            stream->close();
+            stream->setDelegate(nullptr);
+        }
+    }
 };
 
 /// Creates unopened stream pairs.

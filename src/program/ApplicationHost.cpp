@@ -49,7 +49,7 @@ int demoUnitNumber(const SettingsStore& settings) {
 /// What a reader of a trace must know of this run. No names of files, and no address but the one connected to.
 TraceStart traceStart(const Options& options, const SettingsStore& settings) {
     TraceStart start{.options = publicOptions(options.given)};
-    for (const auto& [key, type, caption] : SETTINGS)
+    for (const auto& [key, type, caption, explanation] : SETTINGS)
         if (type != SettingEntry::Type::Text && settings.value(key))
             start.settings.emplace(key, type == SettingEntry::Type::Flag ? SettingValue(settings.flag(key))
                                                                          : settings.integer(key));

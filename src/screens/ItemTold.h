@@ -20,11 +20,12 @@ struct Told {
 /// What the unit has reported of an item, and what it was asked for since. This stands beside the model, which
 /// begins with first values and takes a number as soon as it is sent.
 struct ItemTold {
-    /// Which values of a band are known.
+    /// Which values of a band are known, and what it was before it was bypassed.
     struct Band {
         bool type = false;
         bool frequency = false;
         bool gain = false;
+        FilterType last = FILTER_BYPASS; ///< bypass if it has never been another
     };
 
     Told volume; ///< dB

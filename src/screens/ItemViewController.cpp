@@ -15,6 +15,7 @@ ItemViewController::ItemViewController(const ScreenContext& context, std::shared
       volumeSlider_(this->view().outlet<Slider>("volumeSlider")),
       volumeLabel_(this->view().outlet<Label>("volumeLabel")),
       muteSwitch_(this->view().outlet<Switch>("muteSwitch")),
+      powerSwitch_(std::dynamic_pointer_cast<Switch>(this->view().find("powerSwitch"))),
       items_(std::move(items)),
       steps_(context.queue) {
     const auto reading = [volumeReading](float value) { return volumeReading(truncated(value)); };
@@ -43,6 +44,8 @@ void ItemViewController::viewDidLoad() {
     sourcePicker_->picked.set(self, &ItemViewController::sourcePick);
     volumeSlider_->valueChanged.set(self, &ItemViewController::volumeSliderChange);
     muteSwitch_->valueChanged.set(self, &ItemViewController::muteSwitchChange);
+    if (const auto powerSwitch = powerSwitch_.lock())
+        powerSwitch->valueChanged.set(self, &ItemViewController::powerSwitchChange);
     for (std::size_t index = 0; index < rows_.size(); ++index) {
         const auto item = static_cast<std::int64_t>(index);
         rows_[index].volume->valueChanged.set(
@@ -77,6 +80,10 @@ void ItemViewController::volumeSliderChange(Slider& sender) {
 void ItemViewController::muteSwitchChange(Switch& sender) {
     ofCurrent(rows_).mute->setOn(sender.isOn());
     send(setMute(kind_, items_->current, sender.isOn()));
+}
+
+void ItemViewController::powerSwitchChange(Switch& sender) {
+    send(setPower(kind_, items_->current, sender.isOn()));
 }
 
 void ItemViewController::rowVolumeChange(std::int64_t item) {
@@ -146,6 +153,16 @@ void ItemViewController::handle(const reports::Mute& report) {
     showMute(report.item);
 }
 
+void ItemViewController::handle(const reports::Power& report) {
+    if (!isItem(report.item))
+        return;
+    ofItem(items_->power, report.item) = report.on;
+    told(report.item).power = true;
+    announceItem(report.item);
+    if (isCurrent(report.item))
+        showPower();
+}
+
 void ItemViewController::handle(const reports::ItemName& report) {
     if (!isItem(report.item))
         return;
@@ -169,10 +186,6 @@ void ItemViewController::handle(const reports::InputStereo& report) {
     inputsChanged();
 }
 
-void ItemViewController::handle(const reports::EndOfState&) {
-    spinner().stopAnimating();
-}
-
 // What the screen shows.
 
 void ItemViewController::showItem() {
@@ -180,6 +193,8 @@ void ItemViewController::showItem() {
     showCurrentVolume();
     showLimit(items_->current);
     showCurrentMute();
+    if (!items_->power.empty())
+        showPower();
 }
 
 void ItemViewController::showRow(std::int64_t item) {
@@ -224,6 +239,11 @@ void ItemViewController::showCurrentMute() {
     setKnown(toldOfCurrent().mute, muteSwitch_);
 }
 
+void ItemViewController::showPower() {
+    powerSwitch_->setOn(ofCurrent(items_->power));
+    setKnown(toldOfCurrent().power, powerSwitch_);
+}
+
 void ItemViewController::showSource() {
     sourcePicker_->selectRow(static_cast<int>(source_.hideRowForRef(ofCurrent(items_->source))));
     setKnown(toldOfCurrent().input.known, sourcePicker_);
@@ -258,11 +278,13 @@ ItemRow ItemViewController::row(std::size_t row) const {
                   .volume = told.volume.reported,
                   .level = volumeReading_(told.volume.reported),
                   .mute = ofItem(items_->mute, item),
-                  .power = power(item),
+                  .power = {},
                   .known = told.known(),
                   .askedVolume = told.volume.asked,
                   .askedLevel = {},
                   .askedInput = {}};
+    if (!items_->power.empty())
+        shown.power = ofItem(items_->power, item);
     if (told.volume.asked)
         shown.askedLevel = volumeReading_(*told.volume.asked);
     if (told.input.asked)

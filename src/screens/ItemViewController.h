@@ -34,6 +34,7 @@ public:
     void sourcePick(Picker& sender);
     void volumeSliderChange(Slider& sender);
     void muteSwitchChange(Switch& sender);
+    void powerSwitchChange(Switch& sender);
     // The user moves a row of the list.
     void rowVolumeChange(std::int64_t item);
     void rowMuteChange(std::int64_t item);
@@ -53,9 +54,6 @@ protected:
     virtual void showItem();
     /// Shows an item that is picked or left in its row's controls. A move that is not sent yet stays.
     virtual void showRow(std::int64_t item);
-    /// Nothing for an item that can't be turned off.
-    virtual std::optional<bool> power(std::int64_t) const { return {}; }
-
     Items& items() { return *items_; }
     ItemKind itemKind() const { return kind_; }
     DeferredSteps& steps() { return steps_; }
@@ -72,13 +70,14 @@ protected:
     bool isItem(int item) const { return item >= 0 && item < static_cast<int>(items_->name.size()); }
     bool isCurrent(std::int64_t item) const { return item == items_->current; }
 
+    using ScreenViewController::handle;
     void handle(const reports::Volume& report);
     void handle(const reports::Input& report);
     void handle(const reports::Mute& report);
+    void handle(const reports::Power& report);
     void handle(const reports::ItemName& report);
     void handle(const reports::InputName& report);
     void handle(const reports::InputStereo& report);
-    void handle(const reports::EndOfState& report);
 
     // Call after a report has changed the value in the model: it is shown in the item's row and, if the item is
     // current, in the screen's controls.
@@ -109,6 +108,7 @@ private:
 
     void showCurrentVolume();
     void showCurrentMute();
+    void showPower();
     void showSource();
     void inputsChanged();
 
@@ -124,6 +124,7 @@ private:
     Outlet<Slider> volumeSlider_;
     Outlet<Label> volumeLabel_;
     Outlet<Switch> muteSwitch_;
+    Outlet<Switch> powerSwitch_; ///< empty for items that can't be turned off
     std::unique_ptr<Items> items_;
     Sources source_;
     std::vector<Row> rows_; ///< by item

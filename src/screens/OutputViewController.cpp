@@ -26,7 +26,6 @@ OutputViewController::OutputViewController(const ScreenContext& context, std::sh
     : ItemViewController(context, std::move(view), QUERY_NUMBER, ItemKind::Output,
                          std::make_unique<Outputs>(), "outputPicker", decibels),
       output_(static_cast<Outputs&>(items())),
-      powerSwitch_(this->view().outlet<Switch>("powerSwitch")),
       filterType_(outletsOf<SegmentedControl>(this->view(), "filterType")),
       filterFreq_(outletsOf<Slider>(this->view(), "filterFreq")),
       filterGain_(outletsOf<Slider>(this->view(), "filterGain")),
@@ -36,7 +35,6 @@ OutputViewController::OutputViewController(const ScreenContext& context, std::sh
 void OutputViewController::viewDidLoad() {
     ItemViewController::viewDidLoad();
     const std::weak_ptr self = shared(this);
-    powerSwitch_->valueChanged.set(self, &OutputViewController::powerSwitchChange);
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
         filterFreq_[band]->setReading([](float value) { return hertz(sliderToFrequency(value)); });
         filterGain_[band]->setReading([](float value) { return decibels(truncated(value)); });
@@ -49,12 +47,11 @@ void OutputViewController::viewDidLoad() {
     }
 }
 
-void OutputViewController::powerSwitchChange(Switch& sender) {
-    send(setPower(itemKind(), output_.current, sender.isOn()));
-}
-
 void OutputViewController::filterTypeChange(std::size_t band) {
-    ofCurrent(output_.filter_type)[band] = static_cast<FilterType>(filterType_[band]->selected());
+    const auto type = static_cast<FilterType>(filterType_[band]->selected());
+    ofCurrent(output_.filter_type)[band] = type;
+    remember(output_.current, band, type);
+    showFormer(band);
     sendFilterCommand(band);
 }
 
@@ -84,7 +81,6 @@ void OutputViewController::processCommand(std::string_view report) {
 
 void OutputViewController::showItem() {
     ItemViewController::showItem();
-    showPower();
     for (std::size_t band = 0; band < filterType_.size(); ++band) {
         const auto gain = ofCurrent(output_.filter_gain)[band];
         filterGain_[band]->setValue(static_cast<float>(gain));
@@ -104,17 +100,24 @@ void OutputViewController::enableRowMute(std::int64_t item) {
     rowMute(item).setEnabled(ofItem(output_.power, item) && (!isCurrent(item) || muteSwitch().isEnabled()));
 }
 
-void OutputViewController::showPower() {
-    powerSwitch_->setOn(ofCurrent(output_.power));
-    setKnown(toldOfCurrent().power, powerSwitch_);
-}
-
 void OutputViewController::showType(std::size_t band) {
     const auto type = ofCurrent(output_.filter_type)[band];
+    showFormer(band);
     filterType_[band]->setSelected(static_cast<int>(type));
     const auto& has = FILTERS[static_cast<std::size_t>(type)];
     filterFreq_[band]->setEnabled(has.frequency);
     filterGain_[band]->setEnabled(has.gain);
+}
+
+void OutputViewController::remember(std::int64_t output, std::size_t band, FilterType type) {
+    if (type != FILTER_BYPASS)
+        told(output).bands[band].last = type;
+}
+
+void OutputViewController::showFormer(std::size_t band) {
+    const auto last = toldOfCurrent().bands[band].last;
+    const bool isBypassed = ofCurrent(output_.filter_type)[band] == FILTER_BYPASS && last != FILTER_BYPASS;
+    filterType_[band]->setFormer(isBypassed ? std::optional(static_cast<int>(last)) : std::nullopt);
 }
 
 void OutputViewController::showKnown(std::size_t band) {
@@ -127,15 +130,13 @@ void OutputViewController::showKnown(std::size_t band) {
 void OutputViewController::showFrequency(std::size_t band) {
     const auto frequency = ofCurrent(output_.filter_freq)[band];
     filterFreq_[band]->setValue(frequencyToSlider(frequency));
-    filterFreqLabel_[band]->setReading(hertz(frequency));
+    filterFreqLabel_[band]->setReading(hertz(frequency), {frequency, Reading::Unit::Hertz});
 }
 
 void OutputViewController::handle(const reports::Power& report) {
     if (!isItem(report.item))
         return;
     auto& reported = told(report.item);
-    ofItem(output_.power, report.item) = report.on;
-    reported.power = true;
     if (report.on) {
         const auto turnedOn = [&](std::int64_t volume) {
             return std::min(std::max(volume, ofItem(output_.min_to_volume, report.item)),
@@ -149,12 +150,10 @@ void OutputViewController::handle(const reports::Power& report) {
         if (reported.volume.known)
             reported.volume.reported = turnedOn(reported.volume.reported);
     }
-    announceItem(report.item);
-    if (isCurrent(report.item)) {
-        showPower();
-        // Nothing else sets this: a mute that is locked stays so when another output is picked. That is meant.
+    ItemViewController::handle(report);
+    // Nothing else sets this: a mute that is locked stays so when another output is picked. That is meant.
+    if (isCurrent(report.item))
         muteSwitch().setEnabled(report.on);
-    }
     enableRowMute(report.item);
     if (report.on) {
         showMute(report.item);
@@ -173,6 +172,7 @@ void OutputViewController::handle(const outputs::Band& report) {
     auto& known = told(report.item).bands[band];
     ofItem(output_.filter_type, report.item)[band] = report.type;
     known.type = true;
+    remember(report.item, band, report.type);
     if (report.frequency)
         ofItem(output_.filter_freq, report.item)[band] = *report.frequency;
     if (report.gain)

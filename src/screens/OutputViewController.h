@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 namespace lumbra {
 
@@ -20,7 +19,6 @@ public:
     OutputViewController(const ScreenContext& context, std::shared_ptr<View> view);
 
     void viewDidLoad() override;
-    void powerSwitchChange(Switch& sender);
     // The band is 0-based.
     void filterTypeChange(std::size_t band);
     void filterFreqChange(std::size_t band);
@@ -30,7 +28,6 @@ protected:
     void processCommand(std::string_view report) override;
     void showItem() override;
     void showRow(std::int64_t item) override;
-    std::optional<bool> power(std::int64_t item) const override { return ofItem(output_.power, item); }
 
 private:
     using ItemViewController::handle;
@@ -43,11 +40,13 @@ private:
 
     /// True if `item` is an output and `level` (dB) is allowed as one of its limits.
     bool isLimit(int item, int level) const;
-    void showPower();
     /// A row's mute can't be flipped while the output is off, nor, if it is current, while the card's can't.
     void enableRowMute(std::int64_t item);
     /// Shows the type of a band of the current output, and enables the sliders that the type has.
     void showType(std::size_t band);
+    /// What a band is brought back to after a bypass lasts as long as the screen.
+    void remember(std::int64_t output, std::size_t band, FilterType type);
+    void showFormer(std::size_t band);
     void showFrequency(std::size_t band);
     void showKnown(std::size_t band);
     /// Sends the complete setting of a band of the current output.
@@ -57,7 +56,6 @@ private:
     using PerBand = Outputs::PerBand<Outlet<Control>>;
 
     Outputs& output_;
-    Outlet<Switch> powerSwitch_;
     PerBand<SegmentedControl> filterType_;
     PerBand<Slider> filterFreq_;
     PerBand<Slider> filterGain_;

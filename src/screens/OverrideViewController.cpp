@@ -39,8 +39,4 @@ void OverrideViewController::handle(const overrides::State& report) {
     ovrSwitch->setKnown(true);
 }
 
-void OverrideViewController::handle(const reports::EndOfState&) {
-    spinner().stopAnimating();
-}
-
 } // namespace lumbra

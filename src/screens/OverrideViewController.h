@@ -24,8 +24,8 @@ protected:
     void processCommand(std::string_view report) override;
 
 private:
+    using ScreenViewController::handle;
     void handle(const overrides::State& report);
-    void handle(const reports::EndOfState& report);
 
     std::array<Outlet<Switch>, size> ovrSwitch_;
 };

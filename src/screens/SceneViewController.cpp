@@ -47,8 +47,4 @@ void SceneViewController::handle(const reports::ItemName& report) {
     scenePicker_->selectRow(static_cast<int>(current_scene_));
 }
 
-void SceneViewController::handle(const reports::EndOfState&) {
-    spinner().stopAnimating();
-}
-
 } // namespace lumbra

@@ -30,8 +30,8 @@ protected:
     void processCommand(std::string_view report) override;
 
 private:
+    using ScreenViewController::handle;
     void handle(const reports::ItemName& report);
-    void handle(const reports::EndOfState& report);
 
     Outlet<Picker> scenePicker_;
     Outlet<Button> loadSceneButton_;

@@ -12,32 +12,33 @@ ZoneViewController::ZoneViewController(const ScreenContext& context, std::shared
                          "zonePicker", percentOfVolume),
       zone_(static_cast<Zones&>(items())),
       loudnessSwitch_(this->view().outlet<Switch>("loudnessSwitch")),
-      bassSlider_(this->view().outlet<Slider>("bassSlider")),
-      trebleSlider_(this->view().outlet<Slider>("trebleSlider")),
-      bassLabel_(this->view().outlet<Label>("bassLabel")),
-      trebleLabel_(this->view().outlet<Label>("trebleLabel")) {}
+      bass_{this->view().outlet<Slider>("bassSlider"), this->view().outlet<Label>("bassLabel"), zone_.bass,
+            &ItemTold::bass, zones::setBass},
+      treble_{this->view().outlet<Slider>("trebleSlider"), this->view().outlet<Label>("trebleLabel"),
+              zone_.treble, &ItemTold::treble, zones::setTreble} {}
 
 void ZoneViewController::viewDidLoad() {
     ItemViewController::viewDidLoad();
     const std::weak_ptr self = shared(this);
-    for (const auto& slider : {bassSlider_, trebleSlider_})
-        slider->setReading([](float value) { return percentOfTone(truncated(value)); });
-    bassSlider_->valueChanged.set(self, &ZoneViewController::bassSliderChange);
-    trebleSlider_->valueChanged.set(self, &ZoneViewController::trebleSliderChange);
+    for (const auto* tone : {&bass_, &treble_})
+        tone->slider->setReading([](float value) { return percentOfTone(truncated(value)); });
+    bass_.slider->valueChanged.set(self, &ZoneViewController::bassSliderChange);
+    treble_.slider->valueChanged.set(self, &ZoneViewController::trebleSliderChange);
     loudnessSwitch_->valueChanged.set(self, &ZoneViewController::loudnessSwitchChange);
 }
 
 void ZoneViewController::bassSliderChange(Slider&) {
-    steps().schedule(bassSlider_, [this](float value) {
-        if (settle(truncated(value), ofCurrent(zone_.bass)))
-            send(zones::setBass(zone_.current, ofCurrent(zone_.bass)));
-    });
+    toneSliderChange(bass_);
 }
 
 void ZoneViewController::trebleSliderChange(Slider&) {
-    steps().schedule(trebleSlider_, [this](float value) {
-        if (settle(truncated(value), ofCurrent(zone_.treble)))
-            send(zones::setTreble(zone_.current, ofCurrent(zone_.treble)));
+    toneSliderChange(treble_);
+}
+
+void ZoneViewController::toneSliderChange(Tone& tone) {
+    steps().schedule(tone.slider, [this, &tone](float value) {
+        if (settle(truncated(value), ofCurrent(tone.level)))
+            send(tone.command(zone_.current, ofCurrent(tone.level)));
     });
 }
 
@@ -52,8 +53,8 @@ void ZoneViewController::processCommand(std::string_view report) {
 void ZoneViewController::showItem() {
     ItemViewController::showItem();
     showLoudness();
-    showBass();
-    showTreble();
+    showTone(bass_);
+    showTone(treble_);
 }
 
 void ZoneViewController::showLoudness() {
@@ -61,16 +62,10 @@ void ZoneViewController::showLoudness() {
     setKnown(toldOfCurrent().loudness, loudnessSwitch_);
 }
 
-void ZoneViewController::showBass() {
-    bassSlider_->setValue(static_cast<float>(ofCurrent(zone_.bass)));
-    bassLabel_->setReading(percentOfTone(ofCurrent(zone_.bass)));
-    setKnown(toldOfCurrent().bass, bassSlider_, bassLabel_);
-}
-
-void ZoneViewController::showTreble() {
-    trebleSlider_->setValue(static_cast<float>(ofCurrent(zone_.treble)));
-    trebleLabel_->setReading(percentOfTone(ofCurrent(zone_.treble)));
-    setKnown(toldOfCurrent().treble, trebleSlider_, trebleLabel_);
+void ZoneViewController::showTone(Tone& tone) {
+    tone.slider->setValue(static_cast<float>(ofCurrent(tone.level)));
+    tone.label->setReading(percentOfTone(ofCurrent(tone.level)));
+    setKnown(toldOfCurrent().*tone.known, tone.slider, tone.label);
 }
 
 void ZoneViewController::handle(const reports::MaxVolume& report) {
@@ -90,21 +85,21 @@ void ZoneViewController::handle(const zones::Loudness& report) {
 }
 
 void ZoneViewController::handle(const zones::Bass& report) {
-    if (!isItem(report.item) || report.level < Zones::min_bass || report.level > Zones::max_bass)
-        return;
-    ofItem(zone_.bass, report.item) = report.level;
-    told(report.item).bass = true;
-    if (isCurrent(report.item))
-        showBass();
+    toneReported(bass_, report.item, report.level);
 }
 
 void ZoneViewController::handle(const zones::Treble& report) {
-    if (!isItem(report.item) || report.level < Zones::min_treble || report.level > Zones::max_treble)
+    toneReported(treble_, report.item, report.level);
+}
+
+void ZoneViewController::toneReported(Tone& tone, int zone, int level) {
+    const auto shown = static_cast<float>(level);
+    if (!isItem(zone) || shown < tone.slider->minimum() || shown > tone.slider->maximum())
         return;
-    ofItem(zone_.treble, report.item) = report.level;
-    told(report.item).treble = true;
-    if (isCurrent(report.item))
-        showTreble();
+    ofItem(tone.level, zone) = level;
+    told(zone).*tone.known = true;
+    if (isCurrent(zone))
+        showTone(tone);
 }
 
 void ZoneViewController::handle(const zones::OutputAssignment& report) {

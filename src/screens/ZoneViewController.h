@@ -4,6 +4,9 @@
 #include "protocol/ZoneMessages.h"
 #include "screens/ItemViewController.h"
 
+#include <cstdint>
+#include <string>
+
 namespace lumbra {
 
 /// The Zone screen: one of the unit's zones with its input, volume, mute, loudness, bass and treble. Main
@@ -31,16 +34,24 @@ private:
     void handle(const zones::Treble& report);
     void handle(const zones::OutputAssignment& report);
 
+    /// Bass or treble.
+    struct Tone {
+        Outlet<Slider> slider;
+        Outlet<Label> label;
+        Zones::PerZone<std::int64_t>& level;
+        bool ItemTold::*known;
+        std::string (*command)(std::int64_t zone, std::int64_t level);
+    };
+
     void showLoudness();
-    void showBass();
-    void showTreble();
+    void toneSliderChange(Tone& tone);
+    void toneReported(Tone& tone, int zone, int level);
+    void showTone(Tone& tone);
 
     Zones& zone_;
     Outlet<Switch> loudnessSwitch_;
-    Outlet<Slider> bassSlider_;
-    Outlet<Slider> trebleSlider_;
-    Outlet<Label> bassLabel_;
-    Outlet<Label> trebleLabel_;
+    Tone bass_;
+    Tone treble_;
 };
 
 } // namespace lumbra

@@ -17,23 +17,9 @@ namespace lumbra {
 
 /// The name of a kind of control, without an article: "slider".
 constexpr std::string_view nameOf(Control::Kind kind) {
-    switch (kind) {
-    case Control::Kind::Picker:
-        return "picker";
-    case Control::Kind::Slider:
-        return "slider";
-    case Control::Kind::Switch:
-        return "switch";
-    case Control::Kind::Segmented:
-        return "segmented control";
-    case Control::Kind::Label:
-        return "label";
-    case Control::Kind::ActivityIndicator:
-        return "activity indicator";
-    case Control::Kind::Button:
-        return "button";
-    }
-    return {};
+    constexpr std::string_view NAMES[] = {
+        "picker", "slider", "switch", "segmented control", "label", "activity indicator", "button"};
+    return NAMES[static_cast<std::size_t>(kind)];
 }
 
 /// A set of function objects as one overload set.

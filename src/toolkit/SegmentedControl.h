@@ -2,6 +2,7 @@
 
 #include "toolkit/Control.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,6 +36,11 @@ public:
         return true;
     }
 
+    /// The segment that was selected before the present one took its place for a while; nothing if there is none. Set it
+    /// before the selection: it is announced with that.
+    std::optional<int> former() const { return former_; }
+    void setFormer(std::optional<int> segment) { former_ = segment; }
+
     TargetAction<SegmentedControl> valueChanged;
 
 private:
@@ -42,6 +48,7 @@ private:
 
     std::vector<std::string> segments_;
     int selected_;
+    std::optional<int> former_;
 };
 
 } // namespace lumbra

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QtNumeric>
 
 namespace lumbra {
 
@@ -29,11 +30,29 @@ QString BandText::gain(qint64 decibels) {
     return (decibels > 0 ? QStringLiteral("+%1 dB") : QStringLiteral("%1 dB")).arg(shownNumber(decibels));
 }
 
+QString BandText::frequency(qint64 hertz) {
+    return hertz < 1000 ? QStringLiteral("%1 Hz").arg(hertz) : QStringLiteral("%1 kHz").arg(kilo(hertz));
+}
+
+QString BandText::brief(qreal frequency) {
+    const auto hertz = settingOf(frequency, 0).frequency;
+    return hertz < 1000 ? QString::number(hertz) : kilo(hertz) + u'k';
+}
+
+qreal BandText::typedFrequency(const QString& text) {
+    const auto hertz = lumbra::typedFrequency(text.toStdString());
+    return hertz ? static_cast<qreal>(frequencyToSlider(*hertz)) : qQNaN();
+}
+
+qreal BandText::typedGain(const QString& text) {
+    const auto decibels = lumbra::typedGain(text.toStdString());
+    return decibels ? static_cast<qreal>(*decibels) : qQNaN();
+}
+
 QString BandText::shown(qreal frequency, qreal gain, bool hasGain) {
     const auto setting = settingOf(frequency, gain);
-    const auto text = setting.frequency < 1000 ? QStringLiteral("%1 Hz").arg(setting.frequency)
-                                               : QStringLiteral("%1 kHz").arg(kilo(setting.frequency));
-    return withGain(text, hasGain ? BandText::gain(setting.gain) : QString());
+    return withGain(BandText::frequency(setting.frequency),
+                    hasGain ? BandText::gain(setting.gain) : QString());
 }
 
 QString BandText::spoken(qreal frequency, qreal gain, bool hasGain) {

@@ -31,13 +31,13 @@ int FirstRun::maximumUnit() {
     return static_cast<int>(MAX_UNIT_NUMBER);
 }
 
-QString FirstRun::hintFor(const QString& address) {
-    const auto hint = addressHint(address.toStdString());
-    return hint ? translatedText(*hint) : QString();
-}
-
-void FirstRun::connectTo(const QString& address, int unit) {
+QString FirstRun::connectTo(const QString& address, int unit) {
+    const auto hint = address == told_ ? std::nullopt : addressHint(address.toStdString());
+    told_ = address;
+    if (hint)
+        return translatedText(*hint);
     answer(UnitPlace{address.toStdString(), unit});
+    return {};
 }
 
 void FirstRun::tryDemo() {

@@ -35,15 +35,16 @@ public:
 
     static int minimumUnit();
     static int maximumUnit();
-    /// A hint about an unusual address, as a sentence; empty if there is none.
-    Q_INVOKABLE static QString hintFor(const QString& address);
-    Q_INVOKABLE void connectTo(const QString& address, int unit);
+    /// Answers with an address and a unit's number. An address that can't be one is told first, in a sentence, and nothing
+    /// is answered; else the text is empty. Any text is accepted as an address when it is given again.
+    Q_INVOKABLE QString connectTo(const QString& address, int unit);
     Q_INVOKABLE void tryDemo();
 
 private:
     void answer(const std::optional<UnitPlace>& unit);
 
     Answered answered_;
+    QString told_; ///< the address that was not accepted
     std::unique_ptr<QmlWindow> window_;
 };
 

@@ -16,6 +16,7 @@ class SegmentedAdapter final : public lumbra::ControlAdapter {
     QML_UNCREATABLE("a screen gives it")
     Q_PROPERTY(QStringList segments READ segments CONSTANT)
     Q_PROPERTY(int selected READ selected NOTIFY changed)
+    Q_PROPERTY(int former READ former NOTIFY changed)
 
 public:
     SegmentedAdapter(std::shared_ptr<SegmentedControl> control, const std::string& caption,
@@ -27,10 +28,12 @@ public:
 
     QStringList segments() const { return segments_; }
     int selected() const { return control_->selected(); }
+    /// The segment that a tap on the selected one brings back; -1 if there is none.
+    int former() const { return control_->former().value_or(-1); }
     /// The user taps a segment, 0-based, unless the control is disabled.
     Q_INVOKABLE void tap(int segment) {
         if (isEnabled())
-            control_->tapByUser(segment);
+            control_->tapByUser(segment == selected() ? control_->former().value_or(segment) : segment);
     }
 
 private:

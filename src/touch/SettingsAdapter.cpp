@@ -4,6 +4,8 @@
 #include "app/Settings.h"
 #include "touch/Captions.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <limits>
 
@@ -23,9 +25,33 @@ SettingsAdapter::SettingsAdapter(Application& application, WindowLife& life, Ref
     : Adapter(queue, parent), application_(application), life_(life) {}
 
 void SettingsAdapter::open() {
+    draft_ = {};
+    told_.reset();
+    for (const auto& entry : SETTINGS)
+        if (const auto value = application_.settings().value(entry.key))
+            draft_.setValue(entry.key, *value);
     open_ = true;
     life_.setSettingsOpen(true);
     Q_EMIT changed();
+}
+
+bool SettingsAdapter::accept() {
+    auto& stored = application_.settings();
+    const auto given = address().toStdString();
+    if (given != stored.text(IP_ADDRESS_PREFERENCE) && given != told_ && lumbra::addressHint(given)) {
+        told_ = given;
+        Q_EMIT changed();
+        return false;
+    }
+    for (const auto& entry : SETTINGS)
+        if (const auto value = draft_.value(entry.key); value && value != stored.value(entry.key))
+            stored.setValue(entry.key, *value);
+    close();
+    return true;
+}
+
+void SettingsAdapter::cancel() {
+    close();
 }
 
 void SettingsAdapter::close() {
@@ -35,24 +61,25 @@ void SettingsAdapter::close() {
 }
 
 QString SettingsAdapter::address() const {
-    return QString::fromStdString(application_.settings().text(IP_ADDRESS_PREFERENCE).value_or(""));
+    return QString::fromStdString(draft_.text(IP_ADDRESS_PREFERENCE).value_or(""));
 }
 
 void SettingsAdapter::setAddress(const QString& address) {
-    store(IP_ADDRESS_PREFERENCE, address.toStdString());
+    setDraft(IP_ADDRESS_PREFERENCE, address.toStdString());
 }
 
 QString SettingsAdapter::addressHint() const {
-    const auto hint = lumbra::addressHint(address().toStdString());
+    const auto given = address().toStdString();
+    const auto hint = given == told_ ? lumbra::addressHint(given) : std::nullopt;
     return hint ? translatedText(*hint) : QString();
 }
 
 int SettingsAdapter::unit() const {
-    return narrowed(application_.settings().integer(UNIT_NUMBER_PREFERENCE));
+    return narrowed(draft_.integer(UNIT_NUMBER_PREFERENCE));
 }
 
 void SettingsAdapter::setUnit(int unit) {
-    store(UNIT_NUMBER_PREFERENCE, std::int64_t{unit});
+    setDraft(UNIT_NUMBER_PREFERENCE, std::int64_t{unit});
 }
 
 int SettingsAdapter::minimumUnit() {
@@ -64,27 +91,27 @@ int SettingsAdapter::maximumUnit() {
 }
 
 bool SettingsAdapter::polling() const {
-    return application_.settings().flag(POLLING_PREFERENCE);
+    return draft_.flag(POLLING_PREFERENCE);
 }
 
 void SettingsAdapter::setPolling(bool polling) {
-    store(POLLING_PREFERENCE, polling);
+    setDraft(POLLING_PREFERENCE, polling);
 }
 
 bool SettingsAdapter::serialPort() const {
-    return application_.settings().flag(SERIAL_PORT_PREFERENCE);
+    return draft_.flag(SERIAL_PORT_PREFERENCE);
 }
 
 void SettingsAdapter::setSerialPort(bool serial) {
-    store(SERIAL_PORT_PREFERENCE, serial);
+    setDraft(SERIAL_PORT_PREFERENCE, serial);
 }
 
 int SettingsAdapter::startTab() const {
-    return narrowed(application_.settings().integer(START_TAB_PREFERENCE));
+    return narrowed(draft_.integer(START_TAB_PREFERENCE));
 }
 
 void SettingsAdapter::setStartTab(int position) {
-    store(START_TAB_PREFERENCE, std::int64_t{position});
+    setDraft(START_TAB_PREFERENCE, std::int64_t{position});
 }
 
 QStringList SettingsAdapter::tabs() const {
@@ -96,11 +123,26 @@ QStringList SettingsAdapter::tabs() const {
 }
 
 bool SettingsAdapter::advancedMode() const {
-    return application_.settings().flag(ADVANCED_MODE_PREFERENCE);
+    return draft_.flag(ADVANCED_MODE_PREFERENCE);
 }
 
 void SettingsAdapter::setAdvancedMode(bool advanced) {
-    store(ADVANCED_MODE_PREFERENCE, advanced);
+    setDraft(ADVANCED_MODE_PREFERENCE, advanced);
+}
+
+QString SettingsAdapter::version() {
+    return QStringLiteral(LUMBRA_VERSION);
+}
+
+QString SettingsAdapter::licence() {
+    QFile file(QStringLiteral(":/qt/qml/Lumbra/Touch/LICENSE"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString SettingsAdapter::explanation(const QString& key) {
+    const auto wanted = key.toStdString();
+    const auto* const entry = findSetting(wanted);
+    return entry && !entry->explanation.empty() ? translatedText(entry->explanation) : QString();
 }
 
 QString SettingsAdapter::caption(const QString& key) {
@@ -109,8 +151,8 @@ QString SettingsAdapter::caption(const QString& key) {
     return entry ? translatedText(entry->caption) : QString();
 }
 
-void SettingsAdapter::store(std::string_view key, SettingValue value) {
-    application_.settings().setValue(key, std::move(value));
+void SettingsAdapter::setDraft(std::string_view key, SettingValue value) {
+    draft_.setValue(key, std::move(value));
     Q_EMIT changed();
 }
 

@@ -2,17 +2,22 @@
 
 #include "app/Application.h"
 #include "app/WindowLife.h"
+#include "platform/MemorySettingsStore.h"
 #include "touch/Adapter.h"
 
 #include <QString>
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace lumbra {
 
 /// Exposes the six settings to QML. The settings screen counts as outside the application: opening it leaves
-/// the application, closing it returns, and only then are changed settings read. Each change is stored at
-/// once.
+/// the application, closing it returns, and only then are changed settings read. What is changed there is a draft,
+/// which is stored when the user accepts it.
 class SettingsAdapter final : public lumbra::Adapter {
     Q_OBJECT
     QML_ELEMENT
@@ -28,6 +33,7 @@ class SettingsAdapter final : public lumbra::Adapter {
     Q_PROPERTY(int startTab READ startTab WRITE setStartTab NOTIFY changed)
     Q_PROPERTY(QStringList tabs READ tabs NOTIFY changed)
     Q_PROPERTY(bool advancedMode READ advancedMode WRITE setAdvancedMode NOTIFY changed)
+    Q_PROPERTY(QString version READ version CONSTANT)
 
 public:
     /// All outlive the adapter.
@@ -35,11 +41,15 @@ public:
 
     bool isShown() const { return open_; }
     Q_INVOKABLE void open();
-    Q_INVOKABLE void close();
+    /// Stores the draft and closes. An address that can't be one is told first: false, and nothing is done. Any text is
+    /// accepted as an address when it is given again.
+    Q_INVOKABLE bool accept();
+    /// Closes, and forgets the draft.
+    Q_INVOKABLE void cancel();
 
     QString address() const;
     void setAddress(const QString& address);
-    /// A hint about an unusual address, as a sentence; empty if there is none.
+    /// What is wrong with the address that was not accepted, as a sentence; else empty.
     QString addressHint() const;
     int unit() const;
     void setUnit(int unit);
@@ -56,15 +66,25 @@ public:
     bool advancedMode() const;
     void setAdvancedMode(bool advanced);
 
+    /// Of the program.
+    static QString version();
+    /// The program's licence.
+    Q_INVOKABLE static QString licence();
+
     /// The caption of a setting in the user's language, by the setting's key; empty for an unknown key.
     Q_INVOKABLE static QString caption(const QString& key);
+    /// What the setting does, in a sentence; empty where the caption says it all.
+    Q_INVOKABLE static QString explanation(const QString& key);
 
 private:
-    void store(std::string_view key, SettingValue value);
+    void close();
+    void setDraft(std::string_view key, SettingValue value);
 
     Application& application_;
     WindowLife& life_;
     bool open_ = false;
+    MemorySettingsStore draft_;
+    std::optional<std::string> told_; ///< the address that was not accepted
 };
 
 } // namespace lumbra

@@ -20,12 +20,7 @@ struct TapUser final : StreamDelegate {
 
     TapUser(StreamFactory& streams, const std::string& host) : pair(streams.createPair(host, 23)) {
         inCall = true;
-        for (Stream* stream :
-             {static_cast<Stream*>(pair.input.get()), static_cast<Stream*>(pair.output.get())}) {
-            stream->setDelegate(this);
-            stream->open();
-            stream->scheduleOnMainQueue();
-        }
+        pair.open(*this);
         inCall = false;
     }
     bool isOpen() const { return events == "open open "; }

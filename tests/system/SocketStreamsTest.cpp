@@ -30,11 +30,7 @@ class SocketStreams : public ::testing::Test, public StreamDelegate {
 protected:
     void open(SocketStreamFactory& from, const std::string& host, std::uint16_t port) {
         pair = from.createPair(host, port);
-        for (Stream* stream : std::initializer_list<Stream*>{pair.input.get(), pair.output.get()}) {
-            stream->setDelegate(this);
-            stream->open();
-            stream->scheduleOnMainQueue();
-        }
+        pair.open(*this);
         EXPECT_EQ(log, "") << "nothing is reported inside open";
     }
     Peer connect() {

@@ -104,10 +104,10 @@ TEST(Trace, WhatIsNoneIsToldWithItsLine) {
     }
     const auto whole = parse(formatTraceEntry({.kind = TraceEntry::Kind::Attempt,
                                                .link = 2,
-                                               .text = "caf\u00e9",
+                                               .text = "caf\u00e9 \U0001f3b5",
                                                .port = 80,
                                                .time = std::chrono::seconds(1)}));
-    EXPECT_EQ(std::get<Trace>(whole).entries.back().text, "caf\u00e9");
+    EXPECT_EQ(std::get<Trace>(whole).entries.back().text, "caf\u00e9 \U0001f3b5");
     for (const auto* start : {"", "{}\n", "{\"trace\":2}\n"})
         EXPECT_TRUE(std::holds_alternative<std::string>(parseTrace(start))) << start;
 }

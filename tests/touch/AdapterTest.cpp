@@ -1,4 +1,5 @@
 #include "Remote.h"
+#include "app/BandSetting.h"
 #include "app/Settings.h"
 #include "app/WindowLife.h"
 #include "touch/AppAdapter.h"
@@ -123,6 +124,33 @@ TEST(BandText, IsExactInEveryLanguage) {
         EXPECT_EQ(BandText::spoken(slider, gain, hasGain).toStdString(), spoken);
     }
     QLocale::setDefault(QLocale::c());
+}
+
+// What people type, and what a band can't have.
+TEST(BandText, TakesWhatIsTyped) {
+    const std::tuple<const char*, std::optional<int>, std::optional<int>> cases[] = {
+        {"3150", 3150, {}},
+        {"3.15 kHz", 3150, {}},
+        {"3,15k", 3150, {}},
+        {"63 Hz", 63, {}},
+        {"3.15", 3150, 3},
+        {"20", 20, {}},
+        {"20001", {}, {}},
+        {"-3", {}, -3},
+        {"−2,6 dB", {}, -3},
+        {"+15", 15'000, 15},
+        {"15.6", 15'600, {}},
+        {"", {}, {}},
+        {"k", {}, {}},
+        {"1e3", {}, {}},
+        {"3 dB Hz", {}, {}},
+        {"nan", {}, {}},
+        {"999999999999999999999k", {}, {}}};
+    for (const auto& [text, hertz, decibels] : cases) {
+        EXPECT_EQ(typedFrequency(text), hertz) << text;
+        EXPECT_EQ(typedGain(text), decibels) << text;
+    }
+    EXPECT_TRUE(std::isnan(BandText::typedFrequency(QStringLiteral("loud"))));
 }
 
 } // namespace lumbra::test

@@ -21,6 +21,13 @@
     </message>
 </context>
 <context>
+    <name>BandChoice</name>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+</context>
+<context>
     <name>BandHandle</name>
     <message>
         <source>%1 band %2, %3</source>
@@ -81,6 +88,13 @@
     </message>
 </context>
 <context>
+    <name>GroupScreen</name>
+    <message>
+        <source>What was last set for the group. Its zones may play at other levels.</source>
+        <translation>Was zuletzt für die Gruppe eingestellt wurde. Ihre Zonen können anders spielen.</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
     <message>
         <source>Unit at %1, %2</source>
@@ -121,11 +135,18 @@
     </message>
 </context>
 <context>
-    <name>OutputScreen</name>
+    <name>NumberField</name>
     <message>
-        <source>Band</source>
-        <translation>Band</translation>
+        <source>−15 to 15 dB</source>
+        <translation>−15 bis 15 dB</translation>
     </message>
+    <message>
+        <source>20 Hz to 20 kHz</source>
+        <translation>20 Hz bis 20 kHz</translation>
+    </message>
+</context>
+<context>
+    <name>OutputScreen</name>
     <message>
         <source>Part of the screen</source>
         <translation>Teil der Ansicht</translation>
@@ -159,6 +180,13 @@
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>SceneScreen</name>
+    <message>
+        <source>Recall %1</source>
+        <translation>%1 abrufen</translation>
     </message>
 </context>
 <context>
@@ -226,13 +254,21 @@
         <source>Done</source>
         <translation>Fertig</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Lumbra Remote %1</source>
+        <translation>Lumbra Remote %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
 </context>
 <context>
     <name>StoreDialog</name>
-    <message>
-        <source>Replace what is stored as &quot;%1&quot;?</source>
-        <translation>Den Inhalt von „%1“ ersetzen?</translation>
-    </message>
     <message>
         <source>Replace</source>
         <translation>Ersetzen</translation>
@@ -240,6 +276,10 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;? This can&apos;t be undone.</source>
+        <translation>Den Inhalt von „%1“ ersetzen? Das lässt sich nicht rückgängig machen.</translation>
     </message>
 </context>
 <context>
@@ -537,6 +577,14 @@
     <message>
         <source>Reconnecting…</source>
         <translation>Verbinde neu …</translation>
+    </message>
+    <message>
+        <source>Each screen asks the unit for its state when it appears.</source>
+        <translation>Jede Ansicht fragt die Einheit beim Öffnen nach ihrem Zustand.</translation>
+    </message>
+    <message>
+        <source>The unit is told after each connect that its serial port is in use.</source>
+        <translation>Die Einheit erfährt nach jedem Verbinden, dass ihre serielle Schnittstelle benutzt wird.</translation>
     </message>
 </context>
 <context>

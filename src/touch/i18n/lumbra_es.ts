@@ -21,6 +21,13 @@
     </message>
 </context>
 <context>
+    <name>BandChoice</name>
+    <message>
+        <source>Band</source>
+        <translation>Banda</translation>
+    </message>
+</context>
+<context>
     <name>BandHandle</name>
     <message>
         <source>%1 band %2, %3</source>
@@ -81,6 +88,13 @@
     </message>
 </context>
 <context>
+    <name>GroupScreen</name>
+    <message>
+        <source>What was last set for the group. Its zones may play at other levels.</source>
+        <translation>Lo último ajustado para el grupo. Sus zonas pueden sonar a otro nivel.</translation>
+    </message>
+</context>
+<context>
     <name>Header</name>
     <message>
         <source>Unit at %1, %2</source>
@@ -121,11 +135,18 @@
     </message>
 </context>
 <context>
-    <name>OutputScreen</name>
+    <name>NumberField</name>
     <message>
-        <source>Band</source>
-        <translation>Banda</translation>
+        <source>−15 to 15 dB</source>
+        <translation>−15 a 15 dB</translation>
     </message>
+    <message>
+        <source>20 Hz to 20 kHz</source>
+        <translation>20 Hz a 20 kHz</translation>
+    </message>
+</context>
+<context>
+    <name>OutputScreen</name>
     <message>
         <source>Part of the screen</source>
         <translation>Parte de la pantalla</translation>
@@ -159,6 +180,13 @@
     <message>
         <source>%1 %2</source>
         <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>SceneScreen</name>
+    <message>
+        <source>Recall %1</source>
+        <translation>Recuperar %1</translation>
     </message>
 </context>
 <context>
@@ -226,13 +254,21 @@
         <source>Done</source>
         <translation>Hecho</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Lumbra Remote %1</source>
+        <translation>Lumbra Remote %1</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Licencia</translation>
+    </message>
 </context>
 <context>
     <name>StoreDialog</name>
-    <message>
-        <source>Replace what is stored as &quot;%1&quot;?</source>
-        <translation>¿Reemplazar lo guardado en «%1»?</translation>
-    </message>
     <message>
         <source>Replace</source>
         <translation>Reemplazar</translation>
@@ -240,6 +276,10 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Replace what is stored as &quot;%1&quot;? This can&apos;t be undone.</source>
+        <translation>¿Sustituir lo guardado en «%1»? No se puede deshacer.</translation>
     </message>
 </context>
 <context>
@@ -537,6 +577,14 @@
     <message>
         <source>Reconnecting…</source>
         <translation>Reconectando …</translation>
+    </message>
+    <message>
+        <source>Each screen asks the unit for its state when it appears.</source>
+        <translation>Cada pantalla pregunta a la unidad su estado al aparecer.</translation>
+    </message>
+    <message>
+        <source>The unit is told after each connect that its serial port is in use.</source>
+        <translation>Tras cada conexión se indica a la unidad que su puerto serie está en uso.</translation>
     </message>
 </context>
 <context>

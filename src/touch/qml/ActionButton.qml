@@ -6,6 +6,8 @@ T.Button {
     id: root
 
     property bool prominent: false
+    /// What a prominent one is filled with.
+    property color tone: Theme.accent
 
     readonly property FittedText caption: FittedText {
         text: root.text
@@ -33,12 +35,12 @@ T.Button {
     contentItem: caption
     background: Rectangle {
         readonly property bool bright: root.prominent && root.enabled
-        readonly property color base: bright ? Theme.accent : Theme.raised
+        readonly property color base: bright ? root.tone : Theme.raised
 
         radius: Theme.radius
         color: root.hovered ? Qt.lighter(base, 1.2) : base
         opacity: root.down ? 0.7 : 1
-        border.color: bright ? Theme.accent : Theme.outline
+        border.color: bright ? root.tone : Theme.outline
         border.width: 1
 
         FocusFrame {

@@ -49,6 +49,7 @@ Card {
             name: root.type.spokenName(root.where)
             choices: root.type.segments
             selected: root.type.known ? root.type.selected : -1
+            former: root.type.known ? root.type.former : -1
             // A narrow segment keeps a margin around its name.
             textSize: width < 2.6 * root.typeWidth ? Math.round(Theme.smallText * 0.92) : Theme.smallText
             // Of two arrangements that fit, the one with more rows if names would be small in the other.
@@ -87,6 +88,9 @@ Card {
                 where: root.where
                 slider: root.gain
                 fillFrom: slider.zeroPosition
+                isGain: true
+                // High-pass and low-pass have a frequency only.
+                present: root.gain.enabled || !root.frequency.enabled
                 label: root.screen.label("gainLabel" + (root.band + 1))
                 stepSize: 1
                 pageSize: 5

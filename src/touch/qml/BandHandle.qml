@@ -43,7 +43,7 @@ Item {
         const own = distance(root);
         for (let other = 0; other < handles.count; ++other) {
             const item = handles.itemAt(other) as BandHandle;
-            if (other === band || !item)
+            if (other === band || !item || !item.visible)
                 continue;
             const its = distance(item);
             if (its < own || (its === own && item.rank < rank))
@@ -61,6 +61,8 @@ Item {
     x: frequency.position * parent.width - width / 2
     y: plot.yOf(gain.enabled ? gain.value : 0, parent.height) - height / 2
     z: 20 - rank
+    // One that was never set is nowhere.
+    visible: !hollow || frequency.known
     width: Theme.target
     height: Theme.target
     // Where handles overlap, the nearest one takes the touch.

@@ -8,6 +8,8 @@ Item {
 
     required property var choices
     required property int selected
+    /// One that a press brings back, with an outline; -1 if there is none.
+    property int former: -1
     /// The name for screen readers.
     required property string name
     property int columns: Math.max(1, Math.min(choices.length, Math.floor(width / (80 * Theme.textScale))))
@@ -45,6 +47,7 @@ Item {
                 text: modelData
                 textSize: root.textSize
                 selected: index === root.selected
+                recalled: index === root.former
                 onClicked: root.chosen(index)
             }
         }

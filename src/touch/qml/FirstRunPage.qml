@@ -52,7 +52,7 @@ T.ApplicationWindow {
                 Layout.fillWidth: true
                 focus: true
                 name: qsTr("Address")
-                hint: text === "" ? "" : window.first.hintFor(text)
+                onEdited: hint = ""
                 onAccepted: connectButton.clicked()
             }
             SettingCaption {
@@ -79,7 +79,7 @@ T.ApplicationWindow {
                 text: qsTr("Connect")
                 onClicked: {
                     if (enabled)
-                        window.first.connectTo(address.text, unit.selected + unit.minimum);
+                        address.hint = window.first.connectTo(address.text, unit.selected + unit.minimum);
                 }
             }
             ActionButton {

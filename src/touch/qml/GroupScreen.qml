@@ -16,4 +16,14 @@ ItemPage {
         first: "muteSwitch"
         second: "powerSwitch"
     }
+    Text {
+        objectName: "groupNote"
+        Layout.fillWidth: true
+        Layout.row: 4
+        text: qsTr("What was last set for the group. Its zones may play at other levels.")
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: Theme.dimText
+        font.pixelSize: Theme.smallText
+    }
 }

@@ -152,15 +152,13 @@ ScreenPage {
             }
             spacing: Theme.smallGap
 
-            ChoiceRow {
+            BandChoice {
                 objectName: "bandChoice"
                 Layout.fillWidth: true
                 visible: !page.allBands
-                name: qsTr("Band")
-                choices: ["1", "2", "3", "4", "5", "6", "7"]
-                columns: width < 7 * Theme.target ? 4 : 7
+                screen: page.screen
                 selected: page.band
-                onChosen: choice => page.band = choice
+                onChosen: band => page.band = band
             }
             BandEditor {
                 objectName: "band"

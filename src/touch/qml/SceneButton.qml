@@ -8,6 +8,8 @@ ActionButton {
     required property ButtonAdapter adapter
     /// The name of the scene.
     required property string where
+    /// What it says when nothing was sent.
+    property string words: adapter.caption
 
     readonly property Timer sent: Timer {
         interval: 2000
@@ -20,7 +22,7 @@ ActionButton {
         sent.restart();
     }
 
-    text: sent.running ? qsTr("Sent") : adapter.caption
+    text: sent.running ? qsTr("Sent") : words
     enabled: adapter.enabled
     Accessible.name: Speech.format(sent.running ? qsTr("%1 %2, sent") : qsTr("%1 %2"), [adapter.caption, where])
     onWhereChanged: sent.stop()

@@ -47,6 +47,7 @@ ScreenPage {
                 implicitHeight: Math.max(64, Theme.row)
                 prominent: true
                 adapter: page.screen.button("loadSceneButton")
+                words: Speech.format(qsTr("Recall %1"), [where])
                 where: page.picker.selectedText
                 enabled: adapter.enabled && page.sure
                 onClicked: {

@@ -39,6 +39,9 @@ Item {
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 implicitHeight: Math.max(root.tileHeight, Theme.row)
+                leftPadding: 10
+                rightPadding: 10
+                outlined: true
                 name: root.picker.caption
                 text: model.display
                 selected: index === root.picker.selected

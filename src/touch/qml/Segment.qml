@@ -10,6 +10,11 @@ T.RadioButton {
     /// What is chosen, for screen readers.
     required property string name
     property int textSize: Theme.bodyText
+    /// What is selected is only chosen, not on: it has an outline.
+    property bool outlined: false
+    /// What was selected before, and can be brought back.
+    property bool recalled: false
+    readonly property bool filled: selected && enabled && !outlined
 
     readonly property FittedText caption: FittedText {
         text: root.text
@@ -18,7 +23,7 @@ T.RadioButton {
         font.bold: root.selected
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: Theme.tinyText
-        color: !root.enabled ? Theme.staleText : root.selected ? Theme.accentText : Theme.value
+        color: !root.enabled ? Theme.staleText : root.filled ? Theme.accentText : Theme.value
         Accessible.ignored: true
     }
     readonly property HoldToRead reading: HoldToRead {
@@ -44,11 +49,11 @@ T.RadioButton {
 
     contentItem: caption
     background: Rectangle {
-        readonly property color base: root.selected && root.enabled ? Theme.live : Theme.raised
+        readonly property color base: root.filled ? Theme.live : Theme.raised
 
         radius: 6
-        border.color: Theme.outline
-        border.width: root.selected && !root.enabled ? 2 : 0
+        border.color: root.selected && root.enabled ? Theme.live : Theme.outline
+        border.width: root.filled ? 0 : root.selected ? 3 : root.recalled ? 2 : root.outlined ? 1 : 0
         color: root.hovered ? Qt.lighter(base, 1.2) : base
         opacity: root.down ? 0.7 : 1
 

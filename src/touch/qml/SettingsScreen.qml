@@ -3,15 +3,15 @@ import QtQuick
 import QtQuick.Layouts
 import Lumbra.Touch
 
-/// The six settings. The application reads them when the screen is closed.
+/// The six settings. What is changed is stored, and read by the application, with "Done".
 FocusScope {
     id: root
 
     required property SettingsAdapter settings
 
     focus: true
-    Keys.onEscapePressed: settings.close()
-    Keys.onBackPressed: settings.close()
+    Keys.onEscapePressed: settings.cancel()
+    Keys.onBackPressed: settings.cancel()
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Settings")
 
@@ -27,13 +27,26 @@ FocusScope {
 
             anchors.left: parent.left
             anchors.leftMargin: Theme.gap
-            anchors.right: done.left
+            anchors.right: cancel.left
+            anchors.rightMargin: Theme.smallGap
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Settings")
             font.pixelSize: Theme.titleText
             font.bold: true
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Theme.tinyText
             Accessible.role: Accessible.Heading
             Accessible.name: text
+        }
+        ActionButton {
+            id: cancel
+
+            objectName: "cancelSettingsButton"
+            anchors.right: done.left
+            anchors.rightMargin: Theme.smallGap
+            anchors.verticalCenter: parent.verticalCenter
+            text: qsTr("Cancel")
+            onClicked: root.settings.cancel()
         }
         ActionButton {
             id: done
@@ -44,15 +57,22 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             prominent: true
             text: qsTr("Done")
-            onClicked: root.settings.close()
+            onClicked: root.settings.accept()
         }
     }
     ScreenPage {
+        id: page
+
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
         clip: true
         maximumWidth: 560
+        // The licence comes into sight when it is asked for.
+        onContentHeightChanged: {
+            if (licence.visible)
+                contentY = Math.max(0, Math.min(contentHeight - height, licence.y));
+        }
 
         ColumnLayout {
             width: parent.width
@@ -68,7 +88,7 @@ FocusScope {
                 text: root.settings.address
                 hint: root.settings.addressHint
                 onEdited: text => root.settings.address = text
-                onAccepted: root.settings.close()
+                onAccepted: root.settings.accept()
             }
             SettingCaption {
                 text: root.settings.caption("unit_number_preference")
@@ -81,17 +101,19 @@ FocusScope {
                 selected: root.settings.unit - minimum
                 onChosen: choice => root.settings.unit = choice + minimum
             }
-            SwitchBase {
+            SettingSwitch {
                 objectName: "pollingSwitch"
                 Layout.fillWidth: true
                 text: root.settings.caption("polling_preference")
+                explanation: root.settings.explanation("polling_preference")
                 on: root.settings.polling
                 onFlipped: on => root.settings.polling = on
             }
-            SwitchBase {
+            SettingSwitch {
                 objectName: "serialSwitch"
                 Layout.fillWidth: true
                 text: root.settings.caption("serial_port_preference")
+                explanation: root.settings.explanation("serial_port_preference")
                 on: root.settings.serialPort
                 onFlipped: on => root.settings.serialPort = on
             }
@@ -112,6 +134,32 @@ FocusScope {
                 text: root.settings.caption("advanced_mode_preference")
                 on: root.settings.advancedMode
                 onFlipped: on => root.settings.advancedMode = on
+            }
+            RowLayout {
+                spacing: Theme.gap
+
+                FittedText {
+                    Layout.fillWidth: true
+                    text: Speech.format(qsTr("Lumbra Remote %1"), [root.settings.version])
+                    color: Theme.dimText
+                    font.pixelSize: Theme.smallText
+                }
+                ActionButton {
+                    objectName: "licenceButton"
+                    text: qsTr("Licence")
+                    onClicked: licence.text = licence.text === "" ? root.settings.licence() : ""
+                }
+            }
+            Text {
+                id: licence
+
+                objectName: "licence"
+                Layout.fillWidth: true
+                visible: text !== ""
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: Theme.dimText
+                font.pixelSize: Theme.smallText
             }
         }
     }

@@ -14,7 +14,7 @@ Dialog {
     required property SceneButton button
     /// The keyboard asked: it sees where the focus is.
     required property bool byKeyboard
-    readonly property string question: Speech.format(qsTr("Replace what is stored as \"%1\"?"), [button.where])
+    readonly property string question: Speech.format(qsTr("Replace what is stored as \"%1\"? This can't be undone."), [button.where])
 
     anchors.centerIn: T.Overlay.overlay
     width: Math.min(420, T.Overlay.overlay ? T.Overlay.overlay.width - 2 * Theme.gap : 420)
@@ -63,17 +63,6 @@ Dialog {
                 rowSpacing: Theme.gap
 
                 ActionButton {
-                    objectName: "replaceButton"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    prominent: true
-                    text: qsTr("Replace")
-                    onClicked: {
-                        root.button.press();
-                        root.close();
-                    }
-                }
-                ActionButton {
                     objectName: "cancelButton"
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
@@ -84,6 +73,18 @@ Dialog {
                             focusReason = Qt.TabFocusReason;
                     }
                     onClicked: root.close()
+                }
+                ActionButton {
+                    objectName: "replaceButton"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    prominent: true
+                    tone: Theme.bad
+                    text: qsTr("Replace")
+                    onClicked: {
+                        root.button.press();
+                        root.close();
+                    }
                 }
             }
         }

@@ -250,7 +250,8 @@ TestCase {
             const ask = () => {
                 mouseClick(store);
                 const scene = harness.app.screen.picker("scenePicker").selectedText;
-                compare(find("storeQuestion").text, "Replace what is stored as \"" + scene + "\"?");
+                verify(find("storeQuestion").text.startsWith("Replace what is stored as \"" + scene + "\"? "));
+                tryVerify(() => find("cancelButton").x < find("replaceButton").x);
                 verify(find("cancelButton").activeFocus);
             };
             for (const leave of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Return),
@@ -274,7 +275,7 @@ TestCase {
             ask();
             mouseClick(find("replaceButton"));
             compare(harness.sent(), "[U1SP4SAVE]");
-            compare(store.text, "Sent");
+            compare([find("loadSceneButton").text, store.text].join(), "Recall Scene 4,Sent");
             verify(harness.accessible(window).includes("Button; Store Scene 4, sent"));
             play("pick scenePicker 1");
             compare(store.text, "Store", "nothing was sent for this one");
@@ -413,10 +414,10 @@ TestCase {
                     verify(button !== "checkUnitButton" || seen(button).text === "", "an icon");
                 }
             }
-        Theme.textScale = 1;
+        init();
         open(800, 480);
         play("wait 6");
-        compare(find("checkUnitButton").text + !!seen("busy").item, "Unit and addressfalse");
+        compare([find("checkUnitButton").text, seen("busy")].join(), "Unit and address,");
         mouseClick(find("checkUnitButton"));
         verify(find("unitChoice"));
     }
@@ -453,14 +454,31 @@ TestCase {
         find("addressField").selectAll();
         for (const letter of "10.0.0.999")
             keyClick(letter);
-        verify(seen("addressHint"), "a number above 255");
+        const change = () => [["serialSwitch"], ["advancedSwitch"], ["unitChoice", "segment2"]].forEach(names => mouseClick(find(...names)));
+        const below = find("unitChoice").y;
+        change();
+        verify(!seen("addressHint"), "who types is not done");
+        mouseClick(find("doneButton"));
+        verify(seen("addressHint") && find("unitChoice").y === below, "a number above 255");
+        find("addressField").forceActiveFocus();
         keyClick(Qt.Key_Backspace);
         verify(!seen("addressHint"));
-        for (const names of [["serialSwitch"], ["advancedSwitch"], ["unitChoice", "segment2"]])
-            mouseClick(find(...names));
         compare(find("startTabChoice", "segment0").text, "Outputs");
-        play("stored ip_address_preference 10.0.0.99\nlink closed\nscreen zone");
-        keyClick(Qt.Key_Escape);
+        mouseClick(find("licenceButton"));
+        verify(find("licence").text.startsWith("MIT License"));
+        const stored = (address, unit) => play("stored ip_address_preference " + address + "\nstored unit_number_preference " + unit + "\nstored serial_port_preference false");
+        for (const leave of [() => keyClick(Qt.Key_Escape), () => mouseClick(find("cancelSettingsButton"))]) {
+            stored("192.168.1.50", 1);
+            leave();
+            stored("192.168.1.50", 1);
+            play("link opening\nconnect\nscreen zone\nsent [U1SERIAL0] [U1APPQ0]");
+            mouseClick(find("settingsButton"));
+        }
+        find("addressField").text = "10.0.0.99";
+        find("addressField").textEdited();
+        change();
+        play("link closed\nscreen zone");
+        mouseClick(find("doneButton"));
         harness.pass(20);
         play("link opening\nconnect\nscreen output\nsent [U3SERIAL1] [U3APPQ1]");
         compare(harness.app.link.address, "10.0.0.99");
@@ -517,7 +535,7 @@ TestCase {
         const plot = find("plot");
         const grid = plot.grid;
         find("handle2").forceActiveFocus();
-        const discs = [1, 2, 3, 4, 5, 6, 7].map(band => find("handle" + band, "disc"));
+        const discs = [1, 2, 7].map(band => find("handle" + band, "disc"));
         const picture = (item = plot) => {
             waitForRendering(item);
             return grabImage(window.contentItem);
@@ -525,8 +543,8 @@ TestCase {
         let image = picture();
         const isDisc = (disc, ring, inside) => isDrawn(image, disc, 1, 14, ring) && isDrawn(image, disc, 5, 14, inside, 0.03);
         verify(isDisc(discs[0], Theme.accent, Theme.raised), "a handle");
-        verify(isDisc(discs[6], Theme.outline, Theme.surface), "a hollow handle");
-        compare(discs[6].mapToItem(plot, 14, 14).y, grid.y + grid.height / 2);
+        verify(isDisc(discs[2], Theme.outline, Theme.surface), "a hollow handle");
+        compare(discs[2].mapToItem(plot, 14, 14).y, grid.y + grid.height / 2);
         discs.forEach(disc => disc.opacity = 0);
         image = picture();
         const isAt = (color, share, decibels) => isDrawn(image, plot, grid.x + share * grid.width, grid.y + plot.yOf(decibels, grid.height), color);
@@ -613,6 +631,37 @@ TestCase {
         compare(find("band").band, 6);
         compare(sentLater(), "");
     }
+    function test_a_band_is_typed_bypassed_and_brought_back() {
+        openEqualiser(360, 640);
+        play("> U1O1B1P-4F3150\n> U1O1B2HPF80\n> U1O1B3BYPASS");
+        compare([1, 2, 3, 4].map(band => !!seen("handle" + band)).join(), "true,true,false,false", "what was never set is nowhere");
+        const level = name => find("band", name, "level").text;
+        compare([level("frequency"), level("gain")].join(), "3.15 kHz,\u22124 dB");
+        const type = (name, text) => {
+            mouseClick(find("band", name, "level"));
+            for (const letter of text)
+                keyClick(letter);
+            keyClick(Qt.Key_Return);
+        };
+        type("frequency", "63 ");
+        compare(sentLater(), "[U1O1B1P-4F63]");
+        play("> U1O1B1P-4F63");
+        type("gain", "-16");
+        compare(sentLater(), "", "no band has it");
+        keyClick(Qt.Key_Backspace);
+        keyClick("5");
+        keyClick(Qt.Key_Return);
+        compare(sentLater(), "[U1O1B1P-15F63]");
+        play("> U1O1B1P-15F63");
+        for (const command of ["[U1O1B1BYPASS]", "[U1O1B1P-15F63]"]) {
+            mouseClick(find("band", "type", "segment0"));
+            compare(sentLater(), command);
+            play(command.replace("[", "> ").replace("]", ""));
+        }
+        // A pass has a frequency only.
+        mouseClick(find("bandChoice", "segment1"));
+        verify(find("band", "frequency", "level") && !seen("band", "gain", "level"));
+    }
     // Whatever the size and the language, the name of a type is whole, and small windows need not scroll.
     function test_the_equaliser_fits_data() {
         return ["en", "de", "fr", "es"].map(language => ({ tag: language }));
@@ -647,7 +696,7 @@ TestCase {
             { tag: "the rows go", away: () => play("> U1O1Z2") },
             { tag: "another tab", away: () => harness.app.selectTab(1), back: () => harness.app.selectTab(0) },
             { tag: "an alert", away: () => play("error"), back: () => harness.app.alert.dismiss() },
-            { tag: "the settings", away: () => harness.app.settings.open(), back: () => harness.app.settings.close() },
+            { tag: "the settings", away: () => harness.app.settings.open(), back: () => harness.app.settings.cancel() },
             { tag: "the window is hidden", away: () => window.visible = false, back: () => window.visible = true },
             { tag: "the window is turned", away: () => [window.width, window.height] = [640, 360] }
         ];
@@ -752,7 +801,7 @@ TestCase {
             { tag: "output", finds: ["List; Output, Output 1", "Slider; Output 1 volume, -40 decibels; -40 of -80 to 0",
                     "CheckBox; Output 1 power, unknown; off", "RadioButton; Output 1 type 7, Bypass; off",
                     "RadioButton; Output 1 type 1, Parametric; on", "Slider; Output 1 gain 1, 3 decibels; 3 of -15 to 15",
-                    "Slider; Output 1 gain 7, unknown; 0 of -15 to 15; read only", "Slider; Output 1 band 7, unknown; 0 of -15 to 15; read only",
+                    "Slider; Output 1 gain 7, unknown; 0 of -15 to 15; read only",
                     "Slider; Output 1 band 1, 1 kilohertz, 3 decibels; 3 of -15 to 15"] }
         ];
     }
