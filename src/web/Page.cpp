@@ -4,6 +4,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QtGlobal>
 
 #include <array>
 #include <cassert>
@@ -11,6 +12,14 @@
 namespace lumbra::web {
 
 namespace {
+
+/// Words of the page that the window has not; the page takes all its words from the window's catalogues.
+[[maybe_unused]] constexpr const char* WORDS[] = {
+    QT_TRANSLATE_NOOP("Page", "Back"),
+    QT_TRANSLATE_NOOP("Page", "Invite another phone"),
+    QT_TRANSLATE_NOOP(
+        "Page", "Type the code that the program shows where it runs, or on a paired phone under Settings."),
+};
 
 struct Type {
     const char* suffix;

@@ -605,4 +605,19 @@
         <translation>%1, %2</translation>
     </message>
 </context>
+<context>
+    <name>Page</name>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Invite another phone</source>
+        <translation>Invitar a otro teléfono</translation>
+    </message>
+    <message>
+        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
+        <translation>Escriba el código que muestra el programa donde se ejecuta, o un teléfono emparejado en Ajustes.</translation>
+    </message>
+</context>
 </TS>

@@ -186,7 +186,7 @@ set(back, "aria-label", inContext("Page", "Back"));
 set(gear, "aria-label", inContext("Header", "Settings"));
 set(tabs, "aria-label", inContext("Navigation", "Screens"));
 pairing.append(el("h2", {}, "Lumbra Remote"),
-  el("label", {}, inContext("Page", "Type the code that the program shows where it runs, or on a phone that is paired, under Settings."), code), wrong,
+  el("label", {}, inContext("Page", "Type the code that the program shows where it runs, or on a paired phone under Settings."), code), wrong,
   el("button", { class: "prominent" }, inContext("FirstRunPage", "Connect")));
 document.body.append(el("header", {}, back, el("div", {}, title, status), gear), tabs, stage, alert, settings, pairing);
 remote.wire = new Link({
