@@ -28,7 +28,7 @@ int fail(const QString& sentence) {
     return 1;
 }
 
-int run(int& argc, char** argv, const Options& options) {
+int serve(int& argc, char** argv, const Options& options) {
     const SignalPipe signals({SIGTERM, SIGINT, SIGHUP}, SignalPipe::Takes::First);
     const QCoreApplication qt(argc, argv);
     ApplicationHost host(options);
@@ -58,5 +58,5 @@ int run(int& argc, char** argv, const Options& options) {
 } // namespace
 
 extern "C" Q_DECL_EXPORT int runFrontEnd(int& argc, char** argv, const Options& options) {
-    return run(argc, argv, options);
+    return serve(argc, argv, options);
 }

@@ -10,7 +10,7 @@ import sys
 import tempfile
 import xml.etree.ElementTree as xml
 
-OPTIONS = ["-silent", "-locations", "none", "-tr-function-alias", "QT_TRANSLATE_NOOP+=LUMBRA_TEXT"]
+OPTIONS = ["-silent", "-extensions", "cpp,h,qml", "-locations", "none", "-tr-function-alias", "QT_TRANSLATE_NOOP+=LUMBRA_TEXT"]
 
 
 def wrong(catalogue, sources, lupdate):

@@ -161,6 +161,21 @@
     </message>
 </context>
 <context>
+    <name>Page</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Invite another phone</source>
+        <translation>Ein weiteres Telefon einladen</translation>
+    </message>
+    <message>
+        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
+        <translation>Geben Sie den Code ein, den das Programm dort zeigt, wo es läuft, oder ein gekoppeltes Telefon unter Einstellungen.</translation>
+    </message>
+</context>
+<context>
     <name>PickList</name>
     <message>
         <source>%1, %2</source>
@@ -603,21 +618,6 @@
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>Page</name>
-    <message>
-        <source>Back</source>
-        <translation>Zurück</translation>
-    </message>
-    <message>
-        <source>Invite another phone</source>
-        <translation>Ein weiteres Telefon einladen</translation>
-    </message>
-    <message>
-        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
-        <translation>Geben Sie den Code ein, den das Programm dort zeigt, wo es läuft, oder ein gekoppeltes Telefon unter Einstellungen.</translation>
     </message>
 </context>
 </TS>

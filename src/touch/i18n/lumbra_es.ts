@@ -161,6 +161,21 @@
     </message>
 </context>
 <context>
+    <name>Page</name>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Invite another phone</source>
+        <translation>Invitar a otro teléfono</translation>
+    </message>
+    <message>
+        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
+        <translation>Escriba el código que muestra el programa donde se ejecuta, o un teléfono emparejado en Ajustes.</translation>
+    </message>
+</context>
+<context>
     <name>PickList</name>
     <message>
         <source>%1, %2</source>
@@ -603,21 +618,6 @@
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>Page</name>
-    <message>
-        <source>Back</source>
-        <translation>Atrás</translation>
-    </message>
-    <message>
-        <source>Invite another phone</source>
-        <translation>Invitar a otro teléfono</translation>
-    </message>
-    <message>
-        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
-        <translation>Escriba el código que muestra el programa donde se ejecuta, o un teléfono emparejado en Ajustes.</translation>
     </message>
 </context>
 </TS>

@@ -161,6 +161,21 @@
     </message>
 </context>
 <context>
+    <name>Page</name>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Invite another phone</source>
+        <translation>Inviter un autre téléphone</translation>
+    </message>
+    <message>
+        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
+        <translation>Saisissez le code affiché là où le programme s’exécute, ou sur un téléphone associé sous Réglages.</translation>
+    </message>
+</context>
+<context>
     <name>PickList</name>
     <message>
         <source>%1, %2</source>
@@ -603,21 +618,6 @@
     <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>Page</name>
-    <message>
-        <source>Back</source>
-        <translation>Retour</translation>
-    </message>
-    <message>
-        <source>Invite another phone</source>
-        <translation>Inviter un autre téléphone</translation>
-    </message>
-    <message>
-        <source>Type the code that the program shows where it runs, or on a paired phone under Settings.</source>
-        <translation>Saisissez le code affiché là où le programme s’exécute, ou sur un téléphone associé sous Réglages.</translation>
     </message>
 </context>
 </TS>
