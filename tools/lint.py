@@ -63,7 +63,8 @@ def lint(build, joint):
     file = build / "lint" / ("+".join(target.name for target in joint)[:100] + ".cpp")
     file.parent.mkdir(exist_ok=True)
     sources = [source for target in joint for source in target.files]
-    file.write_text("".join(f"#undef main\n#define main main_{number}\n#include \"{source}\"\n"
+    file.write_text("".join(f"#undef main\n#define main main_{number}\n"
+                            f"#undef runFrontEnd\n#define runFrontEnd runFrontEnd_{number}\n#include \"{source}\"\n"
                             for number, source in enumerate(sources)))
     flags = [word for flag in dict.fromkeys(flag for target in joint for flag in target.flags) for word in flag]
     # A joint source includes what is no header.

@@ -12,7 +12,7 @@ ELEMENT = "element-6066-11e4-a52e-4f735466cecf"
 class Browser:
     """A headless Chromium; `with Browser(...) as browser`."""
 
-    def __init__(self, width, height, language="en", touch=True):
+    def __init__(self, width, height, language="en", touch=True, dark=False):
         self.driver = subprocess.Popen(["chromedriver", "--port=0"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         for line in self.driver.stdout:
             if "successfully on port" in line:
@@ -24,6 +24,8 @@ class Browser:
         options = {"args": arguments, "mobileEmulation": {"deviceMetrics": {"width": width, "height": height, "pixelRatio": 1, "touch": touch}}}
         session = self.call("POST", "/session", {"capabilities": {"alwaysMatch": {"browserName": "chrome", "goog:chromeOptions": options}}})
         self.path = "/session/" + session["sessionId"]
+        if dark:
+            self.devtools("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": "dark"}])
 
     def __enter__(self):
         return self

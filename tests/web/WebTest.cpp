@@ -4,7 +4,7 @@
 #include "web/WebFrontEnd.h"
 
 #include <fstream>
-#include <netinet/tcp.h>
+#include <linux/tcp.h>
 #include <set>
 #include <sys/stat.h>
 

@@ -7,7 +7,7 @@ export function set(node, name, value) {
   if (value === null || value === undefined || value === false)
     node.removeAttribute(name);
   else if (node.getAttribute(name) !== String(value))
-    node.setAttribute(name, value === true ? "" : value);
+    node.setAttribute(name, value === true && !name.startsWith("aria-") ? "" : value);
 }
 
 export function say(node, text) {

@@ -8,6 +8,7 @@ export class Remote {
   constructor(changed) {
     this.changed = changed;
     this.wire = null;
+    this.isWhole = false; // are all controls of the screen known?
     Object.assign(this, EMPTY);
   }
 
@@ -20,6 +21,7 @@ export class Remote {
   ask() {
     this.wire.send("state", reply => {
       Object.assign(this, { items: [], alert: null }, reply);
+      this.isWhole = true;
       this.changed();
     });
   }
@@ -33,16 +35,18 @@ export class Remote {
     switch (message.event) {
     case "screen":
       Object.assign(this, { screen: message.screen, tabs: message.tabs, selected: message.selected, controls: {}, items: [] });
+      this.isWhole = false;
       this.ask();
       break;
     case "control":
-      if (message.screen === this.screen)
-        this.controls[message.control] = message.state;
+      if (!this.isWhole || message.screen !== this.screen)
+        break; // the state that was asked for has it
+      this.controls[message.control] = message.state;
       if (message.control === this.itemPicker)
         this.items.length = Math.min(this.items.length, message.state.rows.length);
       break;
     case "item":
-      if (message.screen === this.screen)
+      if (this.isWhole && message.screen === this.screen)
         this.items[message.item.row] = message.item;
       break;
     case "link":
