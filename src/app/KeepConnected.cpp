@@ -12,19 +12,21 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::array<std::chrono::seconds, 4> DELAYS{2s, 5s, 10s, 30s};
+/// A link that has lasted so long is a good one. A unit that accepts and ends each connection never gets there.
+constexpr auto LASTING = 30s;
 
 } // namespace
 
 KeepConnected::KeepConnected(Surroundings surroundings)
     : with_(std::move(surroundings)),
-      links_(with_.link.onLinkChange([this] { schedule(); })),
+      links_(with_.link.onLinkChange([this] {
+          watchLink();
+          schedule();
+      })),
       statuses_(with_.status.onChange([this] {
-          if (with_.status.status() != ScreenStatus::Current)
-              return;
           // The alert of the failure that began it must not stay over a panel that nobody touches.
-          if (attempts_ && std::exchange(*attempts_, 0) > 0)
+          if (with_.status.status() == ScreenStatus::Current && attempts_ && *attempts_ > 0)
               with_.alerts.withdraw();
-          with_.alerts.setMuted(false);
       })) {}
 
 void KeepConnected::setActive(bool active) {
@@ -33,11 +35,22 @@ void KeepConnected::setActive(bool active) {
 }
 
 void KeepConnected::userConnects() {
+    startAgain();
+    due_.reset();
+    schedule();
+}
+
+void KeepConnected::watchLink() {
+    if (with_.link.linkState() != LinkState::Open)
+        lasting_.reset();
+    else if (!lasting_)
+        with_.queue.postAfter(LASTING, lasting_.emplace().guard([this] { startAgain(); }));
+}
+
+void KeepConnected::startAgain() {
     if (attempts_)
         attempts_ = 0;
     with_.alerts.setMuted(false);
-    due_.reset();
-    schedule();
 }
 
 void KeepConnected::schedule() {

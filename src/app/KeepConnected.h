@@ -14,8 +14,8 @@ namespace lumbra {
 
 /// Connects again by itself, for wall panels: while the link is closed and the application is active, runs
 /// the connect step after 2, 5, 10 and then every 30 s. The alerts of these attempts are not presented. Once
-/// a screen is current again, an alert that is still shown is withdrawn. The delays then start again at 2 s, as
-/// they do when the user connects or comes back. Main thread only.
+/// a screen is current again, an alert that is still shown is withdrawn. The delays start again at 2 s, and alerts
+/// are presented again, once the link has lasted 30 s, and when the user connects or comes back. Main thread only.
 class KeepConnected {
 public:
     /// What it needs of the application. All outlive this object.
@@ -34,13 +34,16 @@ public:
     void userConnects();
 
 private:
+    void watchLink();
+    void startAgain();
     void schedule();
     void attempt();
 
     Surroundings with_;
-    /// Since a screen was current; nothing while the application is inactive.
+    /// Since the delays started; nothing while the application is inactive.
     std::optional<std::size_t> attempts_;
-    std::optional<Lifetime> due_; ///< of the next attempt; nothing if none is due
+    std::optional<Lifetime> due_;     ///< of the next attempt; nothing if none is due
+    std::optional<Lifetime> lasting_; ///< of the wait until the link has lasted; nothing while it is not open
     Subscription links_;
     Subscription statuses_;
 };

@@ -19,23 +19,27 @@ void StatusMonitor::screenChanged() {
     spinner_ = std::move(spinner);
     spinnerChange_ = spinner_->onChange([this] {
         queryIsDue_ = false;
+        isOldQuery_ = false;
         update();
     });
     queryIsDue_ = link_.isConnected() && link_.polling;
+    isOldQuery_ = !link_.polling;
     wait_.reset();
     update();
 }
 
 void StatusMonitor::linkChanged() {
     const bool wasOpen = status_ != ScreenStatus::Offline;
-    if (link_.isConnected() != wasOpen) // else only the address has changed
+    if (link_.isConnected() != wasOpen) { // else only the address has changed
         queryIsDue_ = !wasOpen && link_.polling;
+        isOldQuery_ = !link_.polling;
+    }
     update();
 }
 
 bool StatusMonitor::isWaiting() const {
     // A query that could not be sent stops the indicator, too.
-    return queryIsDue_ || spinner_->isAnimating() || link_.hasFailedToSend();
+    return queryIsDue_ || (spinner_->isAnimating() && !isOldQuery_) || link_.hasFailedToSend();
 }
 
 void StatusMonitor::update() {

@@ -57,7 +57,9 @@ private:
     MainQueue& queue_;
     ScreenStatus status_ = ScreenStatus::Offline;
     std::shared_ptr<ActivityIndicator> spinner_;
-    bool queryIsDue_ = false;      ///< the screen is about to send its query
+    bool queryIsDue_ = false; ///< the screen is about to send its query
+    /// The indicator turns for a query that an earlier link took with it, and queries are off now.
+    bool isOldQuery_ = false;
     std::optional<Lifetime> wait_; ///< of the present wait for an answer; nothing outside one
     Signal<> changed_;
     Subscription screens_;

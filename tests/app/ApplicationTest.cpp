@@ -105,11 +105,15 @@ TEST(Life, KeepsConnectedIfAsked) {
             error ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; network off ; error ; wait 10 ; wait 29.9
             network on ; wait 0.1 ; link opening ; error ; wait 30 ; link opening ; alerts 0
             alert Failed to connect to IP address 192.168.1.50. ; connect ; > U1APPQ0 ; alert none
-            error ; alerts 1 ; wait 2 ; link opening)"},
+            wait 29.9 ; error ; alerts 0 ; wait 30 ; link opening ; connect ; wait 30 ; error ; alerts 1
+            wait 2 ; link opening)"},
         {"the alert of the first failure goes when the first attempt succeeds",
          "error ; wait 2 ; connect ; > U1APPQ0 ; alert none"},
         {"a unit that hangs up before it answers is not asked ever faster", R"(
             end ; wait 2 ; connect ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; alerts 0)"},
+        {"nor is one that has nothing to answer", R"(
+            away ; set polling_preference false ; back ; connect ; status current ; end ; wait 2 ; connect
+            status current ; end ; wait 4.9 ; link closed ; wait 0.1 ; link opening ; error ; alerts 0)"},
         {"what the user starts fails with an alert, and the delays start again", R"(
             end ; wait 2 ; error ; wait 5 ; error ; alerts 0 ; network off ; tab group ; alerts 1
             network on ; wait 2 ; link opening ; error ; wait 5 ; error ; away ; back ; error ; alerts 1
